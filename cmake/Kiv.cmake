@@ -1,0 +1,40 @@
+# How the player's targets are made: warnings and Qt definitions in one place, one helper for a library, one for a test.
+
+add_library(kiv_options INTERFACE)
+target_include_directories(kiv_options INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
+target_compile_options(kiv_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Werror)
+target_compile_definitions(kiv_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT QT_NO_FOREACH QT_NO_KEYWORDS
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(KIV_SANITIZE)
+  target_compile_options(kiv_options INTERFACE
+    -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  target_link_options(kiv_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+find_program(KIV_MOLD mold)
+if(KIV_MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+find_program(KIV_CCACHE ccache)
+if(KIV_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
+      ${KIV_CCACHE})
+endif()
+
+# kiv_library(NAME SOURCES file... LIBRARIES library...): the library of one folder of src/.
+function(kiv_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC kiv_options ${arg_LIBRARIES})
+endfunction()
+
+# kiv_test(NAME LIBRARIES library...): tst_NAME.cpp of this folder as one test with a home of its own.
+function(kiv_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES")
+  add_executable(tst_${name} tst_${name}.cpp)
+  target_link_libraries(tst_${name} PRIVATE kiv_options test_support ${arg_LIBRARIES} Qt6::Test)
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-own-home $<TARGET_FILE:tst_${name}>)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,5 @@
+// A breath for the window system inside a long loop.
+#pragma once
+
+/// Lets queued window events run 100 times in a row.
+void PumpEvents();

@@ -1,0 +1,67 @@
+// Windows-1252. The code page equals ISO 8859-1 but for bytes 0x80 to 0x9F; the five of them without a character
+// stand for the control character of the same code, so that no byte is lost.
+#include "platform/ansi_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+constexpr int firstSpecial = 0x80;
+constexpr std::array<char16_t, 32> specials = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                               0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                               0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                               0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
+constexpr int notThere = -1;
+
+int ansiCode(QChar character)
+{
+    const char16_t code = character.unicode();
+    const bool same = code < firstSpecial || (code >= firstSpecial + specials.size() && code <= 0xFF);
+    if (same)
+        return code;
+    const auto found = std::find(specials.begin(), specials.end(), code);
+    return found == specials.end() ? notThere : firstSpecial + static_cast<int>(found - specials.begin());
+}
+} // namespace
+
+QByteArray toAnsi(QStringView text)
+{
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const int code = ansiCode(text[i]);
+        bytes += code == notThere ? '?' : static_cast<char>(code);
+        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            ++i; // One character, one byte.
+    }
+    return bytes;
+}
+
+bool fitsAnsi(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return ansiCode(c) != notThere; });
+}
+
+QString fromAnsi(QByteArrayView bytes)
+{
+    QString text(bytes.size(), Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
+        const auto code = static_cast<unsigned char>(byte);
+        const std::size_t special = code - static_cast<std::size_t>(firstSpecial);
+        return QChar(code >= firstSpecial && special < specials.size() ? specials[special] : char16_t(code));
+    });
+    return text;
+}
+
+QByteArray encodeTextFile(const QString &text)
+{
+    return fitsAnsi(text) ? toAnsi(text) : byteOrderMark + text.toUtf8();
+}
+
+QString decodeTextFile(QByteArrayView bytes)
+{
+    return bytes.startsWith(byteOrderMark) ? QString::fromUtf8(bytes.sliced(sizeof byteOrderMark - 1))
+                                           : fromAnsi(bytes);
+}

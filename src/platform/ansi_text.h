@@ -1,0 +1,20 @@
+// Windows-1252: the one codec for tag bytes and for the player's own text files.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// One byte a character; "?" for what Windows-1252 lacks.
+QByteArray toAnsi(QStringView text);
+
+/// Can every character of text be written in Windows-1252?
+bool fitsAnsi(QStringView text);
+
+/// The text of Windows-1252 bytes; every byte has a character, so that toAnsi() gives the same bytes back.
+QString fromAnsi(QByteArrayView bytes);
+
+/// A whole text file: Windows-1252 where it can hold the text, else UTF-8 with a byte-order mark.
+QByteArray encodeTextFile(const QString &text);
+
+/// The text of such a file, told apart by the mark.
+QString decodeTextFile(QByteArrayView bytes);

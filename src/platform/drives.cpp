@@ -1,0 +1,127 @@
+// Paths of the program and paths of the host.
+#include "platform/drives.h"
+
+#include "platform/file_names.h"
+#include "platform/folders.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+bool hasDrive(const QString &path)
+{
+    return path.size() >= 2 && path[1] == u':' && path[0].isLetter() && path[0] < QChar(0x80);
+}
+
+// The host folder of a drive without its last slash ("" for the root); nothing for an unknown drive.
+std::optional<QString> driveRoot(QChar letter)
+{
+    switch (letter.toLower().unicode()) {
+    case u'c':
+        return dataFolder();
+    case u'z':
+        return QString();
+    default:
+        return std::nullopt;
+    }
+}
+
+QString withSlashes(const QString &rest)
+{
+    QString text = rest;
+    text.replace(u'\\', u'/');
+    while (text.contains(u"//"_s))
+        text.replace(u"//"_s, u"/"_s);
+    return text;
+}
+
+bool isFolderOrFile(const QByteArray &path)
+{
+    return hostEntryExists(path);
+}
+
+// The entry of folder equal to name when case is ignored, the first in byte order when several are; name when none is.
+QByteArray spellingOnDisk(const QByteArray &folder, const QByteArray &name)
+{
+    const QString wanted = nameFromHost(name);
+    QByteArray found;
+    for (const QByteArray &entry : hostEntries(folder)) {
+        const bool same = nameFromHost(entry).compare(wanted, Qt::CaseInsensitive) == 0;
+        if (same && (found.isEmpty() || entry < found))
+            found = entry;
+    }
+    return found.isEmpty() ? name : found;
+}
+} // namespace
+
+QString dataFolder()
+{
+    const QString home = qEnvironmentVariable("KIV_MP3_HOME");
+    if (!home.isEmpty())
+        return QDir::cleanPath(QDir(home).absolutePath());
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/kiv-mp3"_s;
+}
+
+QStringList drives()
+{
+    return {u"c:\\"_s, u"z:\\"_s};
+}
+
+QByteArray hostPath(const QString &path)
+{
+    if (!hasDrive(path))
+        return nameToHost(withSlashes(path));
+    const std::optional<QString> root = driveRoot(path[0]);
+    if (!root)
+        return {};
+    const QString rest = withSlashes(path.mid(2));
+    const QString separator = rest.startsWith(u'/') ? QString() : u"/"_s;
+    return nameToHost(*root + separator + rest);
+}
+
+QByteArray hostPathOnDisk(const QString &path)
+{
+    const QByteArray exact = hostPath(path);
+    if (exact.isEmpty() || isFolderOrFile(exact))
+        return exact;
+    QByteArray found = exact.startsWith('/') ? QByteArray("/") : QByteArray();
+    for (const QByteArray &name : exact.split('/')) {
+        if (name.isEmpty())
+            continue;
+        const QByteArray folder = found.isEmpty() ? QByteArray(".") : found;
+        const QByteArray separator = found.isEmpty() || found.endsWith('/') ? QByteArray() : QByteArray("/");
+        const bool exactName = isFolderOrFile(found + separator + name);
+        found += separator + (exactName ? name : spellingOnDisk(folder, name));
+    }
+    return exact.endsWith('/') ? found + '/' : found;
+}
+
+QString programPath(const QString &anyPath)
+{
+    if (anyPath.isEmpty() || hasDrive(anyPath))
+        return anyPath;
+    if (anyPath.contains(u'\\') && !anyPath.contains(u'/'))
+        return anyPath;
+    const bool folderForm = anyPath.size() > 1 && anyPath.endsWith(u'/');
+    QString absolute = QDir::cleanPath(QDir::current().absoluteFilePath(anyPath));
+    if (folderForm && absolute != u"/"_s)
+        absolute += u'/';
+    absolute.replace(u'\\', QChar(0xF05C));
+    const QString data = dataFolder();
+    if (absolute == data || absolute.startsWith(data + u'/'))
+        absolute = u"c:"_s + (absolute == data ? u"/"_s : absolute.mid(data.size()));
+    else
+        absolute.prepend(u"z:"_s);
+    return absolute.replace(u'/', u'\\');
+}
+
+QString displayPath(const QString &path)
+{
+    QString text = QString::fromUtf8(hostPath(path));
+    while (text.size() > 1 && text.endsWith(u'/'))
+        text.chop(1);
+    return text;
+}

@@ -1,0 +1,12 @@
+// File names between the host's bytes and the program's texts. Every name of the host has a text of its own, and the
+// text leads back to the same bytes: bytes that are no UTF-8 travel as lone surrogates, a backslash as U+F05C.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The text of one name (no path) as the host stores it.
+QString nameFromHost(QByteArrayView hostName);
+
+/// The host's bytes of a name or path in host form.
+QByteArray nameToHost(QStringView name);

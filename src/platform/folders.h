@@ -1,0 +1,36 @@
+// Folders and their entries, and the few questions about files that need no opening. Paths are the program's.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// False for ""; for a path that ends in a backslash: does the folder hold at least one normal file; else: is there a
+/// normal file (not a folder) of that name. Errors count as False.
+bool FileExists(const QString &path);
+
+/// Is there a folder of that name?
+bool folderExists(const QString &path);
+
+/// The length in bytes of a normal file; nothing when there is none.
+std::optional<qint64> fileLength(const QString &path);
+
+/// Names of the normal files in a folder whose extension is one of the given ones, whatever its case ({} takes all);
+/// hidden ones are left out. Unsorted. Empty for a folder that cannot be read.
+QStringList filesIn(const QString &folder, const QStringList &extensions = {});
+
+/// Names of the folders in a folder, hidden ones left out, unsorted. Empty for a folder that cannot be read.
+QStringList foldersIn(const QString &folder);
+
+/// Creates one missing folder level; a folder that exists or cannot be made changes nothing.
+void MakeFolder(const QString &path);
+
+/// Removes a normal file for good (not to the trash). False when it is still there.
+bool removeFile(const QString &path);
+
+// The same on paths in host form, for platform/ itself.
+bool hostEntryExists(const QByteArray &hostPath);
+QList<QByteArray> hostEntries(const QByteArray &hostFolder);

@@ -1,0 +1,137 @@
+// Folders and their entries on Unix hosts. Reads the folder itself, not each file: 100,000 songs are normal.
+#include "platform/drives.h"
+#include "platform/file_names.h"
+#include "platform/folders.h"
+
+#include <algorithm>
+#include <dirent.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+enum class Kind { File, Folder };
+
+using OpenFolder = std::unique_ptr<DIR, int (*)(DIR *)>;
+
+OpenFolder openFolder(const QByteArray &hostFolder)
+{
+    return {::opendir(hostFolder.constData()), ::closedir};
+}
+
+std::optional<struct stat> statusOf(const QByteArray &hostPath)
+{
+    struct stat status = {};
+    if (hostPath.isEmpty() || ::stat(hostPath.constData(), &status) != 0)
+        return std::nullopt;
+    return status;
+}
+
+bool isKind(const QByteArray &hostFolder, const dirent &entry, Kind kind)
+{
+    if (entry.d_type == DT_REG || entry.d_type == DT_DIR)
+        return (entry.d_type == DT_REG) == (kind == Kind::File);
+    const auto status = statusOf(hostFolder + '/' + entry.d_name); // A link, or a file system that does not tell.
+    return status && (kind == Kind::File ? S_ISREG(status->st_mode) : S_ISDIR(status->st_mode));
+}
+
+bool endsWithOneOf(QByteArrayView name, const QList<QByteArray> &endings)
+{
+    return endings.isEmpty() || std::any_of(endings.begin(), endings.end(), [&](const QByteArray &ending) {
+               return name.size() > ending.size() && name.last(ending.size()).compare(ending, Qt::CaseInsensitive) == 0;
+           });
+}
+
+// Calls visit(name) for each entry of the kind until it returns false.
+template<class Visitor>
+void visitEntries(const QByteArray &hostFolder, Kind kind, const QList<QByteArray> &endings, Visitor visit)
+{
+    const OpenFolder folder = openFolder(hostFolder);
+    while (const dirent *entry = folder ? ::readdir(folder.get()) : nullptr) {
+        const QByteArrayView name(entry->d_name);
+        if (name.startsWith('.') || !endsWithOneOf(name, endings) || !isKind(hostFolder, *entry, kind))
+            continue;
+        if (!visit(name))
+            return;
+    }
+}
+
+QStringList namesIn(const QString &folder, Kind kind, const QStringList &extensions)
+{
+    QList<QByteArray> endings;
+    for (const QString &extension : extensions)
+        endings += '.' + nameToHost(extension);
+    QStringList names;
+    visitEntries(hostPathOnDisk(folder), kind, endings, [&](QByteArrayView name) {
+        names += nameFromHost(name);
+        return true;
+    });
+    return names;
+}
+
+bool holdsFile(const QString &folder)
+{
+    bool found = false;
+    visitEntries(hostPathOnDisk(folder), Kind::File, {}, [&](QByteArrayView) {
+        found = true;
+        return false;
+    });
+    return found;
+}
+} // namespace
+
+bool FileExists(const QString &path)
+{
+    if (path.isEmpty())
+        return false;
+    return path.endsWith(u'\\') ? holdsFile(path) : fileLength(path).has_value();
+}
+
+bool folderExists(const QString &path)
+{
+    const auto status = statusOf(hostPathOnDisk(path));
+    return status && S_ISDIR(status->st_mode);
+}
+
+std::optional<qint64> fileLength(const QString &path)
+{
+    const auto status = statusOf(hostPathOnDisk(path));
+    return status && S_ISREG(status->st_mode) ? std::optional<qint64>(status->st_size) : std::nullopt;
+}
+
+QStringList filesIn(const QString &folder, const QStringList &extensions)
+{
+    return namesIn(folder, Kind::File, extensions);
+}
+
+QStringList foldersIn(const QString &folder)
+{
+    return namesIn(folder, Kind::Folder, {});
+}
+
+void MakeFolder(const QString &path)
+{
+    if (!folderExists(path))
+        ::mkdir(hostPathOnDisk(path).constData(), 0777);
+}
+
+bool removeFile(const QString &path)
+{
+    return FileExists(path) && ::unlink(hostPathOnDisk(path).constData()) == 0;
+}
+
+bool hostEntryExists(const QByteArray &hostPath)
+{
+    struct stat status = {};
+    return !hostPath.isEmpty() && ::lstat(hostPath.constData(), &status) == 0;
+}
+
+QList<QByteArray> hostEntries(const QByteArray &hostFolder)
+{
+    QList<QByteArray> entries;
+    const OpenFolder folder = openFolder(hostFolder);
+    while (const dirent *entry = folder ? ::readdir(folder.get()) : nullptr)
+        entries += QByteArray(entry->d_name);
+    return entries;
+}

@@ -1,0 +1,22 @@
+// Small files as a whole.
+#include "platform/saved_file.h"
+
+#include "platform/byte_file.h"
+#include "platform/drives.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+std::optional<QByteArray> loadFile(const QString &path)
+{
+    const auto file = ByteFile::open(path, ByteFile::Access::Read);
+    return file ? std::optional<QByteArray>(file->readAt(0, file->length())) : std::nullopt;
+}
+
+bool saveFile(const QString &path, QByteArrayView bytes)
+{
+    QSaveFile file(QFile::decodeName(hostPathOnDisk(path)));
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.commit();
+}

@@ -1,0 +1,51 @@
+// What plays the songs, as the player sees it: a file, a position, a loudness, two events. All of it happens on the
+// user-interface thread. One engine exists (MpvEngine); tests bring their own.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class MediaEngine : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The song to play, as a program path. Setting it opens the file once the current handler has returned.
+    virtual QString fileName() const = 0;
+    virtual void setFileName(const QString &path) = 0;
+
+    /// Starts the file, or goes on after a pause.
+    virtual void play() = 0;
+
+    /// Holds the sound and keeps the position. Without a song nothing happens.
+    virtual void pause() = 0;
+
+    /// Ends the sound; the file stays chosen and play() starts it from the beginning.
+    virtual void stop() = 0;
+
+    /// Seconds from the start of the song; 0 when there is none. Setting it seeks, held within the song.
+    virtual double currentPosition() const = 0;
+    virtual void setCurrentPosition(double seconds) = 0;
+
+    /// Length of the open song in seconds; 0 when it is not known (yet).
+    virtual double duration() const = 0;
+
+    /// Loudness as attenuation in hundredths of a decibel: 0 is full, -10000 and below is silence.
+    virtual int volume() const = 0;
+    virtual void setVolume(int hundredthsOfDecibel) = 0;
+
+    /// Does the position move on by itself just now?
+    virtual bool isPlaying() const = 0;
+
+Q_SIGNALS:
+    /// The open file has played to its end; the argument says nothing.
+    void endOfStream(int result);
+
+    /// The file could not be played; lastError() says why.
+    void errorOccurred();
+
+    /// Position, length or isPlaying() changed otherwise than by the passing of time.
+    void stateChanged();
+};
