@@ -1,0 +1,22 @@
+// A check box with the states 0 and 1.
+#include "controls/check_box.h"
+
+CheckBox::CheckBox(QWidget *parent, const ControlSetup &setup, const QString &caption) : QCheckBox(caption, parent)
+{
+    setUpControl(*this, setup);
+    connect(this, &QCheckBox::toggled, this, &CheckBox::Click);
+}
+
+void CheckBox::setState(int state)
+{
+    if (state == 0 || state == 1)
+        setChecked(state == 1);
+}
+
+void CheckBox::setBackColour(const QColor &colour)
+{
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, colour);
+    setPalette(colours);
+    setAutoFillBackground(true);
+}

@@ -1,0 +1,78 @@
+// A folder with the folders above it and those in it.
+#include "controls/dir_list_box.h"
+
+#include "base/names.h"
+#include "platform/drives.h"
+#include "platform/folders.h"
+
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct FolderRows {
+    QStringList folders; // Program paths.
+    QStringList texts;   // What the rows show.
+    int openRow = 0;     // The row of the open folder.
+};
+
+QString indented(qsizetype depth, const QString &mark, const QString &name)
+{
+    return QString(depth * 3, u' ') + mark + u' ' + name;
+}
+
+FolderRows rowsFor(const QString &path)
+{
+    FolderRows rows;
+    const QStringList steps = path.split(u'\\', Qt::SkipEmptyParts);
+    QString folder = steps.value(0) + u'\\';
+    rows.folders += folder;
+    rows.texts += indented(0, u"▾"_s, displayPath(folder));
+    for (const QString &step : steps.mid(1)) {
+        folder = tidyPathIn(folder, step);
+        rows.texts += indented(rows.folders.size(), u"▾"_s, step);
+        rows.folders += folder;
+    }
+    rows.openRow = static_cast<int>(rows.folders.size()) - 1;
+    QStringList names = foldersIn(folder);
+    sortNames(names);
+    for (const QString &name : names) {
+        rows.texts += indented(rows.openRow + 1, u"▸"_s, name);
+        rows.folders += tidyPathIn(folder, name);
+    }
+    return rows;
+}
+} // namespace
+
+DirListBox::DirListBox(QWidget *parent, const ControlSetup &setup) : ListBox(parent, setup)
+{
+    connect(this, &ListBox::DblClick, this, [this] { open(ListIndex()); });
+    connect(this, &ListBox::KeyDown, this, [this](QKeyEvent *event) {
+        if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+            return;
+        event->accept();
+        open(ListIndex());
+    });
+}
+
+bool DirListBox::setPath(const QString &path)
+{
+    if (path == m_path)
+        return true;
+    if (!folderExists(path))
+        return false;
+    const FolderRows rows = rowsFor(path);
+    m_path = path;
+    m_folders = rows.folders;
+    setItems(rows.texts);
+    chooseQuietly(rows.openRow);
+    Q_EMIT Change();
+    return true;
+}
+
+void DirListBox::open(int row)
+{
+    if (row >= 0)
+        setPath(folderAt(row));
+}

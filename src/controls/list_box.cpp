@@ -1,0 +1,196 @@
+// A list of texts, one chosen at most.
+#include "controls/list_box.h"
+
+#include "controls/fonts.h"
+
+#include <QAbstractListModel>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+class ListBoxModel : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(m_items.size());
+    }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        return role == Qt::DisplayRole ? QVariant(shown(index.row())) : QVariant();
+    }
+
+    QString shown(int row) const
+    {
+        if (row < 0 || row >= rowCount())
+            return {};
+        return m_shownForm ? m_shownForm(row, m_items[row]) : m_items[row];
+    }
+
+    void replace(const QStringList &items)
+    {
+        beginResetModel();
+        m_items = items;
+        endResetModel();
+    }
+
+    void add(const QString &item)
+    {
+        beginInsertRows({}, rowCount(), rowCount());
+        m_items += item;
+        endInsertRows();
+    }
+
+    void remove(int row)
+    {
+        beginRemoveRows({}, row, row);
+        m_items.removeAt(row);
+        endRemoveRows();
+    }
+
+    QStringList m_items;
+    std::function<QString(int, const QString &)> m_shownForm;
+};
+
+ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : QListView(parent), m_items(new ListBoxModel(this))
+{
+    setUpControl(*this, setup);
+    setModel(m_items);
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setFrameShape(NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideRight);
+    setFont(fonts::font(fonts::Face::Arial, 12));
+    setMouseTracking(true);
+}
+
+void ListBox::AddItem(const QString &text)
+{
+    m_items->add(text);
+}
+
+void ListBox::setItems(const QStringList &items)
+{
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_items->replace(items);
+}
+
+const QStringList &ListBox::items() const
+{
+    return m_items->m_items;
+}
+
+void ListBox::setShownForm(std::function<QString(int, const QString &)> shownForm)
+{
+    m_items->m_shownForm = std::move(shownForm);
+    viewport()->update();
+}
+
+bool ListBox::RemoveItem(int row)
+{
+    if (row < 0 || row >= ListCount())
+        return false;
+    const int chosen = ListIndex();
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_items->remove(row);
+    chooseQuietly(chosen == row ? -1 : chosen > row ? chosen - 1 : chosen);
+    return true;
+}
+
+int ListBox::ListCount() const
+{
+    return m_items->rowCount();
+}
+
+QString ListBox::List(int row) const
+{
+    return m_items->shown(row);
+}
+
+int ListBox::ListIndex() const
+{
+    return currentIndex().row();
+}
+
+void ListBox::setListIndex(int row)
+{
+    setCurrentIndex(m_items->index(row));
+}
+
+void ListBox::chooseQuietly(int row)
+{
+    const QScopedValueRollback quiet(m_quiet, true);
+    setCurrentIndex(m_items->index(row));
+}
+
+int ListBox::rowAt(const QPoint &point) const
+{
+    return indexAt(point).row();
+}
+
+void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QListView::currentChanged(current, previous);
+    if (m_quiet || !current.isValid())
+        return;
+    m_clickSent = true;
+    Q_EMIT Click();
+}
+
+void ListBox::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
+    Q_EMIT KeyDown(event);
+    if (!event->isAccepted())
+        QListView::keyPressEvent(event);
+}
+
+void ListBox::mousePressEvent(QMouseEvent *event)
+{
+    m_menuPosition = event->globalPosition().toPoint();
+    if (event->button() != Qt::LeftButton) {
+        Q_EMIT MouseDown(event->button());
+        return;
+    }
+    Q_EMIT MouseDown(event->button());
+    m_clickSent = false;
+    m_pressedRow = rowAt(event->position().toPoint());
+    QListView::mousePressEvent(event);
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    QListView::mouseReleaseEvent(event);
+    const bool again = event->button() == Qt::LeftButton && !m_clickSent && m_pressedRow >= 0;
+    if (again && rowAt(event->position().toPoint()) == m_pressedRow)
+        Q_EMIT Click();
+    m_pressedRow = -1;
+}
+
+void ListBox::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && rowAt(event->position().toPoint()) >= 0)
+        Q_EMIT DblClick();
+}
+
+void ListBox::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() == Qt::NoButton)
+        Q_EMIT MouseMove(rowAt(event->position().toPoint()), event->buttons());
+    else
+        QListView::mouseMoveEvent(event);
+}
+
+void ListBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() != QContextMenuEvent::Keyboard)
+        return; // The press of the button has told it.
+    const QRect row = visualRect(currentIndex());
+    m_menuPosition = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint(0, 0));
+    Q_EMIT MouseDown(Qt::RightButton);
+}

@@ -1,0 +1,84 @@
+// A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
+// mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
+// nothing. A right click never changes the choice. 100,000 rows are normal: nothing here costs time by the row but
+// filling it.
+#pragma once
+
+#include "controls/control.h"
+
+#include <QListView>
+
+#include <functional>
+
+class ListBoxModel;
+
+class ListBox : public QListView
+{
+    Q_OBJECT
+
+public:
+    ListBox(QWidget *parent, const ControlSetup &setup);
+
+    /// Adds a text at the end.
+    void AddItem(const QString &text);
+
+    /// Replaces all items; nothing is chosen afterwards, quietly.
+    void setItems(const QStringList &items);
+    const QStringList &items() const;
+
+    /// How an item is shown and told by List(), when that is not the item itself (made on demand, row by row).
+    void setShownForm(std::function<QString(int row, const QString &item)> shownForm);
+
+    void Clear() { setItems({}); }
+
+    /// Removes item row; false when there is none. The choice is gone when it was that row, and stays with its text
+    /// otherwise.
+    bool RemoveItem(int row);
+
+    int ListCount() const;
+
+    /// The text of a row as shown; "" past the end.
+    QString List(int row) const;
+
+    /// The chosen row, -1 for none.
+    int ListIndex() const;
+    void setListIndex(int row);
+
+    /// The row under a point of the list, -1 for none.
+    int rowAt(const QPoint &point) const;
+
+    /// Where a menu asked for by the last MouseDown() opens, on the screen: at the mouse, or below the chosen row.
+    QPoint menuPosition() const { return m_menuPosition; }
+
+Q_SIGNALS:
+    void Click();
+    void DblClick();
+
+    /// A key on its way into the list; a handler that accepts the event keeps it.
+    void KeyDown(QKeyEvent *event);
+
+    /// A button went down, before the choice changes. The keyboard's menu key gives the right one.
+    void MouseDown(Qt::MouseButton button);
+
+    /// The mouse moved over a row (-1: beside the rows).
+    void MouseMove(int row, Qt::MouseButtons buttons);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+
+    /// Chooses a row without Click().
+    void chooseQuietly(int row);
+
+private:
+    ListBoxModel *m_items;
+    QPoint m_menuPosition;
+    int m_pressedRow = -1;
+    bool m_quiet = false;
+    bool m_clickSent = false;
+};

@@ -1,0 +1,49 @@
+// A context menu as an array of items: captions and check marks by index, one Click for all. The check marks are state
+// in their own right, whether the menu is up or not; the window for it is made when it opens.
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPoint>
+
+class QMenu;
+
+class MenuItems : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Captions by index; "-" is a separator and takes an index too.
+    MenuItems(QObject *parent, const QString &name, const QStringList &captions);
+
+    bool Checked(int index) const { return m_items.at(index).isChecked; }
+
+    /// Sets a check mark; fires nothing.
+    void setChecked(int index, bool isChecked);
+
+    QString Caption(int index) const { return m_items.at(index).caption; }
+    void setCaption(int index, const QString &caption);
+
+    int count() const { return static_cast<int>(m_items.size()); }
+
+    /// Opens the menu at a point of the screen and returns at once.
+    void popUp(const QPoint &place);
+
+    /// Runs an item as choosing it does. A separator or an index outside does nothing.
+    void choose(int index);
+
+Q_SIGNALS:
+    void Click(int index);
+
+    /// The menu is gone: dismissed, or its command has run.
+    void closed();
+
+private:
+    struct Item {
+        QString caption;
+        bool isChecked = false;
+    };
+    void fill(QMenu &menu);
+
+    QList<Item> m_items;
+};

@@ -1,0 +1,76 @@
+// Message boxes.
+#include "controls/msg_box.h"
+
+#include "base/last_error.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace
+{
+struct Rehearsal {
+    bool isOn = false;
+    QList<MsgBox::Answer> answers;
+    QList<MsgBox::Shown> shown;
+};
+
+Rehearsal &rehearsal()
+{
+    static Rehearsal state;
+    return state;
+}
+
+QMessageBox::Icon qtIcon(MsgBox::Icon icon)
+{
+    switch (icon) {
+    case MsgBox::Icon::Information:
+        return QMessageBox::Information;
+    case MsgBox::Icon::Critical:
+        return QMessageBox::Critical;
+    case MsgBox::Icon::Question:
+        return QMessageBox::Question;
+    case MsgBox::Icon::Plain:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+MsgBox::Answer rehearsedAnswer(MsgBox::Buttons buttons)
+{
+    QList<MsgBox::Answer> &answers = rehearsal().answers;
+    if (!answers.isEmpty())
+        return answers.takeFirst();
+    return buttons == MsgBox::Buttons::Ok ? MsgBox::Answer::Ok : MsgBox::Answer::No;
+}
+} // namespace
+
+MsgBox::Answer MsgBox::show(const QString &text, const QString &title, Icon icon, Buttons buttons)
+{
+    if (rehearsal().isOn) {
+        rehearsal().shown += Shown{text, title, icon};
+        return rehearsedAnswer(buttons);
+    }
+    QMessageBox box(qtIcon(icon), title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setStandardButtons(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes | QMessageBox::No);
+    const int pressed = box.exec();
+    if (buttons == Buttons::Ok)
+        return Answer::Ok;
+    return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+void MsgBox::showError(const ErrorRecord &error)
+{
+    show(errorText(error), errorTitle(error), Icon::Critical);
+}
+
+void MsgBox::answerFromNowOn(const QList<Answer> &answers)
+{
+    rehearsal().isOn = true;
+    rehearsal().answers = answers;
+}
+
+QList<MsgBox::Shown> MsgBox::takeShown()
+{
+    return std::exchange(rehearsal().shown, {});
+}

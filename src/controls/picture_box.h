@@ -1,0 +1,56 @@
+// A picture on the skin; as a button it has a picture for the mouse over it and one for the pressed state. Its outline
+// may be shaped: outside of it clicks go to what lies below.
+#pragma once
+
+#include "controls/control.h"
+#include "controls/pictures.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class PictureBox : public QWidget
+{
+    Q_OBJECT
+
+public:
+    PictureBox(QWidget *parent, const ControlSetup &setup);
+
+    /// Shows one picture, no button. Loaded when first painted.
+    void setPicture(Picture normal);
+
+    /// Makes it a button with three pictures. Without them (missing files) a plain face with the glyph is painted.
+    void setButton(Picture normal, Picture hovered, Picture pressed, const QString &glyph);
+
+    /// The picture at one pixel a logical one; null when there is none.
+    QImage image() const;
+
+    /// Cuts the control to a region of its own logical pixels; an empty one leaves it whole.
+    void setShape(const QRegion &region);
+
+    /// Runs the command as a click does, when the control is enabled.
+    void press();
+
+Q_SIGNALS:
+    void Click();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    enum class Look { Normal, Hovered, Pressed };
+    const QPixmap &pixmap(Look look);
+    Look look() const;
+
+    std::array<Picture, 3> m_pictures = {Picture::Count, Picture::Count, Picture::Count};
+    std::array<std::optional<QPixmap>, 3> m_pixmaps;
+    QString m_glyph;
+    bool m_isButton = false;
+    bool m_hovered = false;
+    bool m_pressed = false;
+};

@@ -1,0 +1,48 @@
+// The pictures of the skins: an identifier each, a table of files, the sharper form on a dense screen.
+#pragma once
+
+#include <QImage>
+#include <QPixmap>
+
+enum class Picture {
+    SplashSkin,
+    Mp3FrmSkin,
+    PlaylistSkin,
+    SongSearchSkin,
+    TagEditSkin,
+    FormatMp3Skin,
+    ToolBarSkin,
+    OptionsSkin,
+    AboutSkin,
+    Play,
+    PlayHover,
+    PlayPressed,
+    Pause,
+    PauseHover,
+    PausePressed,
+    Stop,
+    StopHover,
+    StopPressed,
+    Previous,
+    PreviousHover,
+    PreviousPressed,
+    Next,
+    NextHover,
+    NextPressed,
+    Frame0,
+    Frame1,
+    Frame2,
+    Icon16,
+    Icon22,
+    Icon32,
+    Icon48,
+    Icon128,
+    Count
+};
+
+/// A picture for a screen of that many pixels a logical one. Null when the file is missing or damaged: the caller shows
+/// plain controls then.
+QPixmap picture(Picture which, qreal devicePixelRatio = 1);
+
+/// The picture at one pixel a logical one, to compute with. Null as above.
+QImage pictureImage(Picture which);

@@ -1,0 +1,46 @@
+// The sliders.
+#include "controls/scroll_bars.h"
+
+#include <QScopedValueRollback>
+
+SliderBar::SliderBar(Qt::Orientation orientation, QWidget *parent, const ControlSetup &setup)
+    : QScrollBar(orientation, parent)
+{
+    setUpControl(*this, setup);
+    setFocusPolicy(Qt::TabFocus);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    connect(this, &QAbstractSlider::actionTriggered, this,
+            [this](int action) { m_byGroove = action == SliderPageStepAdd || action == SliderPageStepSub; });
+    connect(this, &QAbstractSlider::valueChanged, this, &SliderBar::tellChange);
+}
+
+void SliderBar::setValue(int value)
+{
+    const QScopedValueRollback byProgram(m_byProgram, true);
+    if (!isSliderDown())
+        QScrollBar::setValue(value);
+}
+
+void SliderBar::tellChange()
+{
+    const bool byGroove = std::exchange(m_byGroove, false);
+    Q_EMIT Change();
+    if (!m_byProgram && !byGroove)
+        Q_EMIT Scroll();
+}
+
+HScrollBar::HScrollBar(QWidget *parent, const ControlSetup &setup) : SliderBar(Qt::Horizontal, parent, setup) {}
+
+void HScrollBar::setMax(int value)
+{
+    if (value != maximum() && !isSliderDown())
+        setMaximum(std::max(value, minimum()));
+}
+
+VScrollBar::VScrollBar(QWidget *parent, const ControlSetup &setup, int top, int bottom)
+    : SliderBar(Qt::Vertical, parent, setup)
+{
+    setRange(bottom, top);
+    setInvertedAppearance(true);
+    setInvertedControls(true);
+}

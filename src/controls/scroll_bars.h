@@ -1,0 +1,55 @@
+// The sliders. The program's own setValue() fires Change() alone and leaves a thumb that the user holds where it is.
+// Scroll() is the user's: the thumb dragged, the arrow keys, the wheel or an assistive tool; a click on the groove
+// moves the thumb by a large change and fires Change() alone.
+#pragma once
+
+#include "controls/control.h"
+
+#include <QScrollBar>
+
+class SliderBar : public QScrollBar
+{
+    Q_OBJECT
+
+public:
+    SliderBar(Qt::Orientation orientation, QWidget *parent, const ControlSetup &setup);
+
+    int Value() const { return value(); }
+    void setValue(int value);
+
+    void setSmallChange(int step) { setSingleStep(step); }
+    void setLargeChange(int step) { setPageStep(step); }
+
+Q_SIGNALS:
+    void Scroll();
+    void Change();
+
+private:
+    void tellChange();
+
+    bool m_byProgram = false;
+    bool m_byGroove = false;
+};
+
+/// A horizontal slider, its smallest value on the left.
+class HScrollBar : public SliderBar
+{
+    Q_OBJECT
+
+public:
+    HScrollBar(QWidget *parent, const ControlSetup &setup);
+
+    void setMin(int value) { setMinimum(value); }
+    void setMax(int value);
+    int Min() const { return minimum(); }
+    int Max() const { return maximum(); }
+};
+
+/// A vertical slider whose top is its largest value (0 dB) and whose bottom is its smallest.
+class VScrollBar : public SliderBar
+{
+    Q_OBJECT
+
+public:
+    VScrollBar(QWidget *parent, const ControlSetup &setup, int top, int bottom);
+};

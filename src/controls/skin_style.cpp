@@ -1,0 +1,236 @@
+// The look of the controls in the colours of the skins.
+#include "controls/skin_style.h"
+
+#include "skins/palette.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleOption>
+#include <QWidget>
+
+namespace
+{
+constexpr int barThickness = 14;
+constexpr int shortestThumb = 28;
+
+QColor colour(QRgb value)
+{
+    return QColor::fromRgb(value);
+}
+
+QColor lit(QRgb value, int percent)
+{
+    return colour(value).lighter(percent);
+}
+
+void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider &option)
+{
+    const bool held = (option.state & QStyle::State_Sunken) && (option.activeSubControls & QStyle::SC_ScrollBarSlider);
+    paintButtonFace(painter, place.adjusted(2, 2, -2, -2), held ? ButtonLook::Hovered : ButtonLook::Normal);
+    painter.setPen(QPen(colour(palette::accent), 2));
+    const QPoint middle = place.center();
+    if (option.orientation == Qt::Horizontal)
+        painter.drawLine(middle.x() + 1, place.top() + 5, middle.x() + 1, place.bottom() - 4);
+    else
+        painter.drawLine(place.left() + 5, middle.y() + 1, place.right() - 4, middle.y() + 1);
+}
+
+void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour(palette::wellBackground));
+    painter.drawRoundedRect(option.rect, 3, 3);
+    if (option.state & QStyle::State_HasFocus)
+        paintFocusRing(painter, option.rect);
+    if (option.maximum > option.minimum || widget->inherits("HScrollBar") || widget->inherits("VScrollBar"))
+        paintThumb(painter, style.subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, widget),
+                   option);
+}
+
+// The thumb's place along the bar: nothing but a groove and a thumb, no arrows.
+QRect thumbPlace(const QStyleOptionSlider &option, bool shortThumb)
+{
+    const bool horizontal = option.orientation == Qt::Horizontal;
+    const int room = horizontal ? option.rect.width() : option.rect.height();
+    const int range = option.maximum - option.minimum;
+    int length = shortThumb || range <= 0
+                     ? shortestThumb
+                     : static_cast<int>(qint64(option.pageStep) * room / (range + option.pageStep));
+    length = std::clamp(length, std::min(shortestThumb, room), room);
+    const int start = QStyle::sliderPositionFromValue(option.minimum, option.maximum, option.sliderPosition,
+                                                      room - length, option.upsideDown);
+    return horizontal ? QRect(option.rect.x() + start, option.rect.y(), length, option.rect.height())
+                      : QRect(option.rect.x(), option.rect.y() + start, option.rect.width(), length);
+}
+
+void paintTick(QPainter &painter, const QRect &box)
+{
+    painter.setPen(QPen(colour(palette::warmWhite), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QRectF r = box;
+    painter.drawPolyline(QPolygonF{
+        {r.left() + 3.5, r.center().y()}, {r.center().x() - 1, r.bottom() - 3.5}, {r.right() - 2.5, r.top() + 3.5}});
+}
+
+void paintCheckBox(QPainter &painter, const QStyleOption &option)
+{
+    const bool checked = option.state & QStyle::State_On;
+    const bool hovered = option.state & QStyle::State_MouseOver;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(lit(palette::graphiteLight, hovered ? 180 : 140));
+    painter.setBrush(checked ? colour(palette::accent) : colour(palette::wellBackground));
+    const QRect box = option.rect.adjusted(0, 0, -1, -1);
+    painter.drawRoundedRect(box, 2, 2);
+    if (checked)
+        paintTick(painter, box);
+}
+} // namespace
+
+void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool pressed = look == ButtonLook::Pressed;
+    QLinearGradient light(place.topLeft(), place.bottomLeft());
+    const int strength = look == ButtonLook::Hovered ? 130 : look == ButtonLook::Disabled ? 85 : 110;
+    light.setColorAt(pressed ? 1 : 0, lit(palette::face, strength));
+    light.setColorAt(pressed ? 0 : 1, colour(palette::face).darker(pressed ? 150 : 115));
+    painter.setBrush(light);
+    painter.setPen(colour(palette::ink));
+    const QRectF face = QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(face, 3, 3);
+    if (!pressed) { // The lit edge.
+        painter.setPen(QColor(255, 255, 255, 46));
+        painter.drawLine(face.topLeft() + QPointF(3, 1), face.topRight() + QPointF(-3, 1));
+    }
+    painter.restore();
+}
+
+void paintFocusRing(QPainter &painter, const QRect &place)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour(palette::focusRing), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    painter.restore();
+}
+
+SkinStyle::SkinStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void SkinStyle::polish(QPalette &colours)
+{
+    colours.setColor(QPalette::Window, colour(palette::graphite));
+    colours.setColor(QPalette::WindowText, colour(palette::caption));
+    colours.setColor(QPalette::Base, colour(palette::listBackground));
+    colours.setColor(QPalette::AlternateBase, colour(palette::listBackground));
+    colours.setColor(QPalette::Text, colour(palette::listText));
+    colours.setColor(QPalette::PlaceholderText, colour(palette::captionDim));
+    colours.setColor(QPalette::Button, colour(palette::face));
+    colours.setColor(QPalette::ButtonText, colour(palette::caption));
+    colours.setColor(QPalette::BrightText, colour(palette::warmWhite));
+    colours.setColor(QPalette::Highlight, colour(palette::selection));
+    colours.setColor(QPalette::HighlightedText, colour(palette::selectionText));
+    colours.setColor(QPalette::ToolTipBase, colour(palette::graphiteDark));
+    colours.setColor(QPalette::ToolTipText, colour(palette::warmWhite));
+    colours.setColor(QPalette::Link, lit(palette::accent, 160));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        colours.setColor(QPalette::Disabled, role, colour(palette::captionDim));
+}
+
+void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                              const QWidget *widget) const
+{
+    switch (element) {
+    case PE_IndicatorCheckBox:
+        paintCheckBox(*painter, *option);
+        return;
+    case PE_FrameFocusRect:
+        paintFocusRing(*painter, option->rect);
+        return;
+    case PE_PanelLineEdit:
+        if (option->state & State_HasFocus)
+            paintFocusRing(*painter, option->rect);
+        return;
+    case PE_PanelButtonCommand:
+        paintButtonFace(*painter, option->rect,
+                        option->state & State_Sunken      ? ButtonLook::Pressed
+                        : option->state & State_MouseOver ? ButtonLook::Hovered
+                                                          : ButtonLook::Normal);
+        return;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void SkinStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                            const QWidget *widget) const
+{
+    if (element == CE_ShapedFrame && widget && widget->hasFocus())
+        paintFocusRing(*painter, option->rect);
+    else
+        QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                                   const QWidget *widget) const
+{
+    const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_ScrollBar && bar && widget)
+        paintScrollBar(*painter, *this, *bar, widget);
+    else
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                                const QWidget *widget) const
+{
+    const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control != CC_ScrollBar || !bar)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    const bool shortThumb = widget && (widget->inherits("HScrollBar") || widget->inherits("VScrollBar"));
+    const QRect thumb = thumbPlace(*bar, shortThumb);
+    const bool horizontal = bar->orientation == Qt::Horizontal;
+    switch (part) {
+    case SC_ScrollBarGroove:
+        return bar->rect;
+    case SC_ScrollBarSlider:
+        return thumb;
+    case SC_ScrollBarSubPage:
+        return horizontal ? QRect(bar->rect.topLeft(), QPoint(thumb.left() - 1, bar->rect.bottom()))
+                          : QRect(bar->rect.topLeft(), QPoint(bar->rect.right(), thumb.top() - 1));
+    case SC_ScrollBarAddPage:
+        return horizontal ? QRect(QPoint(thumb.right() + 1, bar->rect.top()), bar->rect.bottomRight())
+                          : QRect(QPoint(bar->rect.left(), thumb.bottom() + 1), bar->rect.bottomRight());
+    default:
+        return {};
+    }
+}
+
+int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    switch (metric) {
+    case PM_ScrollBarExtent:
+        return barThickness;
+    case PM_ScrollBarSliderMin:
+        return shortestThumb;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+        return 15;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int SkinStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                         QStyleHintReturn *result) const
+{
+    switch (hint) {
+    case SH_ScrollBar_Transient:
+        return 0;
+    case SH_ItemView_ActivateItemOnSingleClick:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+}

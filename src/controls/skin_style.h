@@ -1,0 +1,37 @@
+// The look of the controls that the window system would otherwise draw its own way: one style for lists, fields,
+// sliders, check boxes, menus and tool tips, in the colours of the skins.
+#pragma once
+
+#include <QProxyStyle>
+
+class QPainter;
+
+enum class ButtonLook { Normal, Hovered, Pressed, Disabled };
+
+/// A button's face: graphite with a lit upper edge, lower when pressed.
+void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look);
+
+/// The thin ring that shows where the keyboard is.
+void paintFocusRing(QPainter &painter, const QRect &place);
+
+class SkinStyle : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    SkinStyle();
+
+    void polish(QPalette &colours) override;
+    using QProxyStyle::polish;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                            const QWidget *widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                         const QWidget *widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override;
+};

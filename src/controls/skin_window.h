@@ -1,0 +1,54 @@
+// A borderless window that is a picture. Pressing the mouse on the picture moves the window; a missing or damaged
+// picture leaves a plain panel with all controls in their places.
+#pragma once
+
+#include "controls/pictures.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class SkinWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    SkinWindow(const QString &name, const QString &caption, Picture skin, QSize size);
+
+    /// Can somebody see the window: shown and not minimised?
+    bool isSeen() const { return m_seen; }
+
+    /// The skin's pixel at a place in logical pixels; the plain panel's colour without a skin.
+    QColor skinColourAt(const QPoint &place) const;
+
+    /// Moves the window by a press of the mouse on its skin (or on what lets the press through to it).
+    void DragBySkin(const QMouseEvent &event);
+
+Q_SIGNALS:
+    void seenChanged(bool seen);
+
+    /// The first picture of the window is on the screen.
+    void firstPainted();
+
+    /// The user closes the window by the window manager's means; the window stays as it is until somebody acts on it.
+    void closeRequested();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void noteSeen();
+
+    Picture m_skin;
+    std::optional<QPixmap> m_background; // Loaded at the first paint, for the screen it is painted on.
+    std::optional<QPoint> m_grip;        // Where the mouse holds the window, from its top left corner.
+    bool m_seen = false;
+    bool m_painted = false;
+};

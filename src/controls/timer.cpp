@@ -1,0 +1,78 @@
+// A window's timer.
+#include "controls/timer.h"
+
+#include <utility>
+
+namespace
+{
+constexpr int screenPaceMs = 16;
+constexpr int preciseBelowMs = 50;
+} // namespace
+
+Timer::Timer(QObject *parent, const QString &name, int intervalMs, Kind kind)
+    : QObject(parent), m_intervalMs(intervalMs), m_kind(kind)
+{
+    setObjectName(name);
+    m_clock.setSingleShot(true);
+    connect(&m_clock, &QTimer::timeout, this, &Timer::runDown);
+}
+
+void Timer::setEnabled(bool enabled)
+{
+    if (m_enabled == enabled)
+        return;
+    m_enabled = enabled;
+    wait(pace());
+}
+
+void Timer::setInterval(int intervalMs)
+{
+    m_intervalMs = intervalMs;
+    wait(pace());
+}
+
+void Timer::setResting(bool resting)
+{
+    if (m_kind == Kind::OneShot || m_resting == resting)
+        return;
+    m_resting = resting;
+    wait(0);
+}
+
+void Timer::nothingNewFor(int ms)
+{
+    m_quietMs = ms;
+}
+
+void Timer::tickSoon()
+{
+    wait(0);
+}
+
+void Timer::runDown()
+{
+    if (m_kind == Kind::OneShot)
+        m_enabled = false;
+    m_quietMs = 0;
+    Q_EMIT tick();
+    if (m_kind == Kind::Repeating && !m_clock.isActive())
+        wait(std::max(pace(), std::exchange(m_quietMs, 0)));
+}
+
+// Starts the clock anew, or stops it when the timer is off or rests.
+void Timer::wait(int ms)
+{
+    if (!m_enabled || m_resting) {
+        m_clock.stop();
+        return;
+    }
+    m_clock.setTimerType(ms < preciseBelowMs ? Qt::PreciseTimer : Qt::CoarseTimer);
+    m_clock.start(ms);
+}
+
+int Timer::pace() const
+{
+    if (m_kind == Kind::OneShot)
+        return m_intervalMs > 1 ? m_intervalMs : 0;
+    return std::max(m_intervalMs, screenPaceMs);
+}
