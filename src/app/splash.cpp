@@ -1,0 +1,68 @@
+// The start-up window.
+#include "app/splash.h"
+
+#include "app/version.h"
+#include "base/pump_events.h"
+#include "controls/fonts.h"
+#include "skins/palette.h"
+#include "skins/places.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+namespace place = places::Splash;
+
+SplashStep splashStep(int step, int barWidth)
+{
+    const double fraction = static_cast<double>(step) / splashSteps;
+    const bool firstHalf = fraction * barWidth < barWidth / 2.0;
+    return {fraction, firstHalf ? u"Loading Settings..."_s : u"Loading Orvel..."_s};
+}
+
+ProgressBar::ProgressBar(QWidget *parent, const ControlSetup &setup) : QWidget(parent)
+{
+    setUpControl(*this, setup);
+}
+
+void ProgressBar::setFraction(double fraction)
+{
+    m_fraction = fraction;
+    update();
+}
+
+void ProgressBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(QRectF(0, 0, m_fraction * width(), height()), QColor::fromRgb(palette::accent));
+}
+
+Splash::Splash()
+    : SkinWindow(u"Splash"_s, programTitle(), Picture::SplashSkin, place::window),
+      TheVer(this, {u"TheVer"_s, u"Version"_s, place::TheVer}, u"Version"_s),
+      Label2(this, {u"Label2"_s, u"Status"_s, place::Label2}, u"Loading Orvel..."_s),
+      Label1(this, {u"Label1"_s, u"Title"_s, place::Label1}, programTitle()),
+      ProgBar(this, {u"ProgBar"_s, u"Progress"_s, place::ProgBar})
+{
+    setWindowFlag(Qt::SplashScreen);
+    TheVer.setFont(fonts::font(fonts::Face::ComicSansMs, 13));
+    Label2.setFont(fonts::font(fonts::Face::MatisseItc, 12));
+    Label1.setFont(fonts::font(fonts::Face::MatisseItc, 22, QFont::Bold));
+    TheVer.setCaption(versionText());
+}
+
+void Splash::animate()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    move(screen.center() - rect().center());
+    show();
+    repaint();
+    for (int step = 1; step <= splashSteps; ++step) {
+        const SplashStep shown = splashStep(step, ProgBar.width());
+        Label2.setCaption(shown.status);
+        ProgBar.setFraction(shown.fraction);
+        repaint();
+        PumpEvents();
+    }
+}

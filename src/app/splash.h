@@ -1,0 +1,49 @@
+// The start-up window: name, version and a bar that fills while it is on show. Everything is loaded before it appears.
+#pragma once
+
+#include "controls/label.h"
+#include "controls/skin_window.h"
+
+/// How much of the bar is filled at a step, and the status line that goes with it.
+struct SplashStep {
+    double fraction;
+    QString status;
+};
+
+inline constexpr int splashSteps = 800;
+
+/// Step 1 to splashSteps for a bar of that width: "Loading Settings..." while less than half of it is filled.
+SplashStep splashStep(int step, int barWidth);
+
+/// The bar: deep red from its left edge on.
+class ProgressBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ProgressBar(QWidget *parent, const ControlSetup &setup);
+    void setFraction(double fraction);
+    double fraction() const { return m_fraction; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    double m_fraction = 0;
+};
+
+class Splash : public SkinWindow
+{
+    Q_OBJECT
+
+public:
+    Splash();
+
+    /// Shows the window and runs its animation to the end; handlers of other windows may run in between.
+    void animate();
+
+    Label TheVer;        // Version of the program.
+    Label Label2;        // Status line during the animation.
+    Label Label1;        // Title.
+    ProgressBar ProgBar; // Fills from the left.
+};

@@ -1,0 +1,21 @@
+// The songs of the music folder and their display copy.
+#include "playback/song_list.h"
+
+#include "base/names.h"
+
+SongList::SongList(QObject *parent, FileListBox &file1, ListBox &list1) : QObject(parent), File1(file1), List1(list1)
+{
+    // The copy shares its texts with File1 and cuts the ending off when a row is shown: 100,000 songs are normal.
+    List1.setShownForm([](int, const QString &item) { return withoutExtension(item); });
+}
+
+void SongList::rebuildDisplayCopy()
+{
+    List1.setItems(File1.items());
+}
+
+void SongList::refresh()
+{
+    File1.Refresh();
+    rebuildDisplayCopy();
+}

@@ -1,0 +1,33 @@
+// The songs of the music folder: File1, the list itself, and List1, its display copy without the endings. The copy
+// stays as it was when the folder changes, until somebody rebuilds it. Here is also which song the mouse points at and
+// whether the song menu is up.
+#pragma once
+
+#include "controls/file_list_box.h"
+
+class SongList : public QObject
+{
+    Q_OBJECT
+
+public:
+    SongList(QObject *parent, FileListBox &file1, ListBox &list1);
+
+    FileListBox &File1;
+    ListBox &List1;
+
+    /// Fills List1 from File1 as it stands: item i is File1's item i without its last four characters.
+    void rebuildDisplayCopy();
+
+    /// Reads the folder again, for both lists.
+    void refresh();
+
+    /// The name under the mouse, with its ending; the menu's commands act on it. "" beside the songs.
+    QString pointedSong() const { return m_pointedSong; }
+    void setPointedSong(const QString &name) { m_pointedSong = name; }
+
+    /// True while the song menu is up: the pointed song stays the one it was opened on.
+    bool SongMenuOpen = false;
+
+private:
+    QString m_pointedSong;
+};
