@@ -65,6 +65,11 @@ QString dataFolder()
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/kiv-mp3"_s;
 }
 
+void makeDataFolder()
+{
+    QDir().mkpath(dataFolder());
+}
+
 QStringList drives()
 {
     return {u"c:\\"_s, u"z:\\"_s};

@@ -9,6 +9,9 @@
 /// The player's data folder on the host, the home of "c:\": $KIV_MP3_HOME, else $XDG_DATA_HOME/kiv-mp3.
 QString dataFolder();
 
+/// Makes the data folder where it is missing: "c:\" is to exist on every machine.
+void makeDataFolder();
+
 /// The drives there are, in the form "c:\".
 QStringList drives();
 

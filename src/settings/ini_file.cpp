@@ -1,0 +1,137 @@
+// INI texts, read line by line without copying: a line ends with CR LF, LF or CR alone.
+#include "settings/ini_file.h"
+
+#include <algorithm>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// One line of the text: where it starts, where its text ends, where the next one starts.
+struct Line {
+    qsizetype start = 0;
+    qsizetype end = 0;
+    qsizetype next = 0;
+};
+
+// Where a key is, or where it would go.
+struct Place {
+    std::optional<Line> keyLine;
+    std::optional<qsizetype> sectionEnd; // After the last line of the section that is not blank.
+};
+
+bool endsLine(QChar character)
+{
+    return character == u'\r' || character == u'\n';
+}
+
+// Blanks are everything up to the space, zero bytes of a torn file too, but no character that a name may hold.
+bool isBlank(QChar character)
+{
+    return character <= u' ';
+}
+
+QStringView withoutBlanks(QStringView text)
+{
+    while (!text.isEmpty() && isBlank(text.front()))
+        text = text.sliced(1);
+    while (!text.isEmpty() && isBlank(text.back()))
+        text.chop(1);
+    return text;
+}
+
+QStringView withoutQuotes(QStringView text)
+{
+    const bool quoted = text.size() >= 2 && text.front() == text.back() && (text[0] == u'"' || text[0] == u'\'');
+    return quoted ? text.sliced(1, text.size() - 2) : text;
+}
+
+Line lineAt(QStringView text, qsizetype start)
+{
+    const auto from = text.begin() + start;
+    const qsizetype end = std::find_if(from, text.end(), endsLine) - text.begin();
+    if (end == text.size())
+        return {start, end, end};
+    const bool pair = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
+    return {start, end, end + (pair ? 2 : 1)};
+}
+
+// The name in square brackets; nothing for a line that heads no section.
+std::optional<QStringView> sectionName(QStringView line)
+{
+    const QStringView header = withoutBlanks(line);
+    const qsizetype close = header.indexOf(u']');
+    if (!header.startsWith(u'[') || close < 0)
+        return std::nullopt;
+    return withoutBlanks(header.sliced(1, close - 1));
+}
+
+bool isKey(QStringView line, QStringView key)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    return equals >= 0 && withoutBlanks(line.first(equals)).compare(key, Qt::CaseInsensitive) == 0;
+}
+
+Place findPlace(QStringView text, QStringView section, QStringView key)
+{
+    Place place;
+    for (Line line; line.start < text.size(); line.start = line.next) {
+        line = lineAt(text, line.start);
+        const QStringView content = withoutBlanks(text.sliced(line.start, line.end - line.start));
+        const auto name = sectionName(content);
+        if (name && place.sectionEnd)
+            return place; // A second section of the name is never looked at.
+        if (name && name->compare(section, Qt::CaseInsensitive) == 0)
+            place.sectionEnd = line.next;
+        if (name || !place.sectionEnd || content.isEmpty())
+            continue;
+        place.sectionEnd = line.next;
+        if (!content.startsWith(u';') && isKey(content, key)) {
+            place.keyLine = line;
+            return place;
+        }
+    }
+    return place;
+}
+
+// The line end the text uses, seen at its first line.
+QString lineEndOf(QStringView text)
+{
+    const Line first = lineAt(text, 0);
+    return first.next == first.end ? u"\r\n"_s : text.sliced(first.end, first.next - first.end).toString();
+}
+
+QString onOneLine(QString value)
+{
+    std::replace_if(
+        value.begin(), value.end(), [](QChar c) { return endsLine(c) || c.isNull(); }, u' ');
+    return value;
+}
+} // namespace
+
+QString iniValue(QStringView text, QStringView section, QStringView key)
+{
+    const auto line = findPlace(text, section, key).keyLine;
+    if (!line)
+        return {};
+    const QStringView content = text.sliced(line->start, line->end - line->start);
+    QStringView value = withoutBlanks(content.sliced(content.indexOf(u'=') + 1));
+    if (const qsizetype zero = value.indexOf(QChar()); zero >= 0)
+        value.truncate(zero);
+    return withoutQuotes(value).left(longestIniValue).toString();
+}
+
+QString withIniValue(const QString &text, QStringView section, QStringView key, const QString &value)
+{
+    const QString keyLine = key.toString() + u'=' + onOneLine(value);
+    const Place place = findPlace(text, section, key);
+    QString changed = text;
+    if (place.keyLine)
+        return changed.replace(place.keyLine->start, place.keyLine->end - place.keyLine->start, keyLine);
+    const QString lineEnd = lineEndOf(text);
+    const qsizetype at = place.sectionEnd.value_or(text.size());
+    const QString closing = at > 0 && !endsLine(text[at - 1]) ? lineEnd : QString();
+    const QString header = place.sectionEnd ? QString() : u'[' + section.toString() + u']' + lineEnd;
+    return changed.insert(at, closing + header + keyLine + lineEnd);
+}

@@ -1,0 +1,16 @@
+// One key of one section of an INI text: finding its value and putting another one in its place. Plain texts in and
+// out; files are settings_store's business.
+#pragma once
+
+#include <QString>
+
+/// A value comes back with at most this many characters.
+inline constexpr qsizetype longestIniValue = 749;
+
+/// The value of the first line for key in the first section of that name, both whatever their case; blanks around it
+/// and one pair of quotation marks are taken off. "" when there is none.
+QString iniValue(QStringView text, QStringView section, QStringView key);
+
+/// The text with "key=value" in the place of that line, else at the end of the section, which is added when missing.
+/// Everything else stays as it is, line ends too. Line breaks in value become blanks: a value is one line.
+QString withIniValue(const QString &text, QStringView section, QStringView key, const QString &value);
