@@ -85,10 +85,14 @@ def guitar(freq, seconds):
     period = RATE / freq - 0.5
     size = int(period - 0.1)
     line = [rng.uniform(-1, 1) for _ in range(size)]
-    for _ in range(3):
-        line = [(line[i] + line[i - 1]) / 2 for i in range(size)]
+    for _ in range(3):  # The flesh of the finger takes the top away.
+        level = line[-1]
+        for i in range(size):
+            level += 0.22 * (line[i] - level)
+            line[i] = level
     mean = sum(line) / size
-    line = [1.6 * (sample - mean) for sample in line]
+    power = math.sqrt(sum((sample - mean) ** 2 for sample in line) / size)
+    line = [0.3 * (sample - mean) / power for sample in line]
     fraction = period - size
     tuning = (1 - fraction) / (1 + fraction)
     loss = 0.5 * 0.001 ** (1 / (freq * 3.5))
