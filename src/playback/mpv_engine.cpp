@@ -296,8 +296,10 @@ void MpvEngine::positionTold(quint64 serial, double seconds)
     const bool isSeekFresh = m_seekTarget && (!m_sinceSeek.isValid() || m_sinceSeek.elapsed() < seekPatienceMs);
     if (isSeekFresh && std::abs(seconds - shown) > 1)
         return; // The place before the seek.
+    // A held song has not sounded since its seek, and libmpv counts what lies ready as played.
+    const bool isAtTarget = m_seekTarget && m_isPaused;
     m_seekTarget.reset();
-    setClock(std::max(seconds, 0.0));
+    setClock(isAtTarget ? shown : std::max(seconds, 0.0));
     if (std::abs(clock() - shown) > visibleJumpSeconds)
         Q_EMIT stateChanged();
 }
