@@ -117,7 +117,8 @@ private Q_SLOTS:
         for (const auto &[name, hertz] : songs) {
             QVERIFY(x.playToEnd(x.folder.copySample(name, u"50% #1? \"%2\" "_s + name)));
             const Samples all = x.heard();
-            QVERIFY2(all.size() - from > rate * 0.48 && all.size() - from < rate * 0.65, qPrintable(name));
+            QVERIFY2(all.size() - from > rate * 0.45 && all.size() - from < rate * 0.65,
+                     QByteArray::number(all.size() - from).constData());
             QCOMPARE(toneOf(all.mid(from + rate / 10, rate / 3)), hertz);
             from = all.size();
         }
@@ -162,7 +163,7 @@ private Q_SLOTS:
         QTest::newRow("text") << u"text.mp3"_s << 321;
         QTest::newRow("garbage") << u"garbage.mp3"_s << 321;
         QTest::newRow("play list that names a song") << u"list.mp3"_s << 321;
-        QTest::newRow("stream list that names a song") << u"stream.mp3"_s << 0;
+        QTest::newRow("stream list that names a song") << u"stream.mp3"_s << 321;
         QTest::newRow("picture") << u"picture.mp3"_s << 326;
     }
 
@@ -182,7 +183,7 @@ private Q_SLOTS:
 
         x.start(x.folder.path(song));
         QTRY_COMPARE_WITH_TIMEOUT(x.errors.size(), 1, patienceMs);
-        QVERIFY(number == 0 || lastError().number == number);
+        QCOMPARE(lastError().number, number);
         QCOMPARE(lastError().source, u"MediaPlayer1"_s);
         const QString shown = x.folder.hostPath() + u'/' + song.chopped(song.endsWith(u'\\') ? 1 : 0);
         QVERIFY2(lastError().description.contains(shown), qPrintable(lastError().description));
