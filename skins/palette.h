@@ -6,7 +6,7 @@
 
 namespace palette {
 inline constexpr QRgb graphite = qRgb(44, 46, 49);
-inline constexpr QRgb graphiteLight = qRgb(61, 64, 69);
+inline constexpr QRgb graphiteLight = qRgb(72, 76, 82);
 inline constexpr QRgb graphiteDark = qRgb(32, 34, 36);
 inline constexpr QRgb ink = qRgb(12, 13, 14);
 inline constexpr QRgb accent = qRgb(175, 0, 0);
