@@ -12,6 +12,11 @@ if(KIV_SANITIZE)
     -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
   target_link_options(kiv_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(KIV_FUZZ)
+  target_compile_options(kiv_options INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  target_link_options(kiv_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 find_program(KIV_MOLD mold)
 if(KIV_MOLD)

@@ -1,0 +1,180 @@
+// Decodes by formula rather than table, for every layer alike: only Layer III bit rates are right.
+#include "mp3info/quick_header.h"
+
+#include "base/numbers.h"
+#include "mp3info/file_start.h"
+#include "platform/byte_file.h"
+#include "platform/folders.h"
+
+#include <array>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qsizetype searchedBytes = 4092;
+constexpr qsizetype xingHeaderEnd = 48; // From the frame's first byte.
+
+std::int32_t quickSeconds = 0;
+
+bool InByteRange(int value, int low, int high)
+{
+    return value >= low && value <= high;
+}
+
+int EveryThird(int n)
+{
+    return n % 3 == 0 ? 1 : 0;
+}
+
+// The header's second byte: 1111 for MPEG-1 or 0010 for MPEG-2, two layer bits, the check sum bit.
+bool isMpeg2(int second)
+{
+    return InByteRange(second, 242, 247);
+}
+
+QString layerText(int second)
+{
+    if (InByteRange(second, 250, 251) || InByteRange(second, 242, 243))
+        return u"Layer 3"_s;
+    if (InByteRange(second, 252, 253) || InByteRange(second, 244, 245))
+        return u"Layer 2"_s;
+    return u"Layer 1"_s;
+}
+
+// The third byte: bit rate index, then two bits of sampling rate; the reserved rate reads as the third.
+QString frequencyText(int third, bool mpeg2)
+{
+    constexpr std::array<int, 4> mpeg2Rates = {22050, 24000, 16000, 16000};
+    const int hz = mpeg2Rates[static_cast<std::size_t>(third % 16 / 4)] * (mpeg2 ? 1 : 2);
+    return QString::number(hz) + " Hz"_L1;
+}
+
+int kbitRate(int index, bool mpeg2)
+{
+    if (mpeg2)
+        return index < 8 ? index * 8 : (index - 4) * 16;
+    if (index < 6)
+        return index * 8 + 24;
+    if (index < 10)
+        return index * 16 - 16;
+    return index < 14 ? (index - 5) * 32 : 320;
+}
+
+// The fourth byte: two mode bits, two unused here, copyright, original, two emphasis bits.
+QString channelModeText(int fourth)
+{
+    switch (fourth / 64) {
+    case 0:
+        return u" Stereo"_s;
+    case 1:
+        return u" Joint Stereo"_s;
+    case 2:
+        return u" 2 Channel"_s;
+    default:
+        return u" Mono"_s;
+    }
+}
+
+QString emphasisText(int fourth)
+{
+    switch (fourth % 4) {
+    case 0:
+        return u" None"_s;
+    case 1:
+        return u" 50/15 microsec"_s;
+    case 2:
+        return u" invalid"_s;
+    default:
+        return u" CITT j. 17"_s;
+    }
+}
+
+QString yesOrNo(bool yes)
+{
+    return yes ? u" Yes"_s : u" No"_s;
+}
+
+// Counts the seconds of a number of frames, 38, 38, 39 and so on to a second after a start of 57. False when that gives
+// none; the bit rate then stays. The product of file length and 8 wraps at 32 bits.
+bool VbrLength(QuickHeader &header, qint64 fileLength, int frames)
+{
+    int seconds = 0;
+    for (int remaining = frames - 57; remaining > 0; remaining -= 38 + EveryThird(seconds))
+        ++seconds;
+    header.length = QString::number(seconds) + " seconds"_L1;
+    if (seconds == 0)
+        return false;
+    const double bitCount = wrapToInt32(std::int64_t(wrapToInt32(fileLength)) * 8);
+    const auto kbits = static_cast<std::int32_t>(std::floor(bitCount / (seconds * 1000.0)));
+    header.bitRate = QString::number(kbits) + " Kbit (VBR)"_L1;
+    return true;
+}
+
+// Only the low three bytes of the frame count are taken.
+int xingFrames(QByteArrayView bytes, qsizetype frame)
+{
+    return byteAt(bytes, frame + 45) * 65536 + byteAt(bytes, frame + 46) * 256 + byteAt(bytes, frame + 47);
+}
+
+// Fills bit rate and length; false when the length cannot be told.
+bool readLength(QByteArrayView bytes, qsizetype frame, qint64 fileLength, int kbit, QuickReading &reading)
+{
+    reading.header.bitRate = QString::number(kbit);
+    if (kbit == 0)
+        return false;
+    reading.cbrSeconds = wrapToInt32(fileLength / (kbit / 8) / 1000);
+    const bool xingInReach = frame + xingHeaderEnd <= quickHeaderReach;
+    if (xingInReach && hasXingHeader(bytes, frame))
+        return VbrLength(reading.header, fileLength, xingFrames(bytes, frame));
+    reading.header.bitRate += "Kbit"_L1;
+    reading.header.length = QString::number(*reading.cbrSeconds) + " seconds"_L1;
+    return true;
+}
+} // namespace
+
+QuickReading quickHeader(QByteArrayView firstBytes, qint64 fileLength)
+{
+    QuickReading reading;
+    QuickHeader &header = reading.header;
+    header.size = QString::number(fileLength) + " bytes"_L1;
+    const QByteArrayView bytes = firstBytes.first(std::min(firstBytes.size(), quickHeaderReach));
+    const qsizetype frame = findSync(bytes, searchedBytes, [](int second) { return second >= 250 || isMpeg2(second); });
+    if (frame < 0)
+        return reading;
+
+    const int second = byteAt(bytes, frame + 1);
+    const int third = byteAt(bytes, frame + 2);
+    const int fourth = byteAt(bytes, frame + 3);
+    const bool mpeg2 = isMpeg2(second);
+    header.crc = second % 2 == 0 ? u"Yes"_s : u"No"_s;
+    header.mpegVersion = mpeg2 ? u"MPEG 2.0"_s : u"MPEG 1.0"_s;
+    header.layer = layerText(second);
+    header.frequency = frequencyText(third, mpeg2);
+    if (!readLength(bytes, frame, fileLength, kbitRate(third / 16, mpeg2), reading))
+        return reading;
+    header.copyrighted = yesOrNo(fourth & 8);
+    header.original = yesOrNo(fourth & 4);
+    header.emphasis = emphasisText(fourth);
+    header.channelMode = channelModeText(fourth);
+    return reading;
+}
+
+QuickHeader QuickMp3Header(const QString &path)
+{
+    const std::optional<ByteFile> file = ByteFile::open(path, ByteFile::Access::Read);
+    std::array<char, quickHeaderReach> start;
+    const qint64 got = file ? file->readAt(0, start.data(), quickHeaderReach) : 0;
+    const std::optional<qint64> length = file ? file->length() : fileLength(path);
+    if (!length)
+        return {};
+    QuickReading reading = quickHeader(QByteArrayView(start.data(), got), *length);
+    quickSeconds = reading.cbrSeconds.value_or(quickSeconds);
+    return reading.header;
+}
+
+std::int32_t QuickSeconds()
+{
+    return quickSeconds;
+}
