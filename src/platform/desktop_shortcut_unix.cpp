@@ -1,0 +1,84 @@
+// A desktop entry file, as desktops of the free systems read it.
+#include "platform/desktop_places.h"
+#include "platform/desktop_shortcut.h"
+#include "platform/drives.h"
+#include "platform/saved_file.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QStringDecoder>
+
+#include <string_view>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qsizetype longestAppPath = 127;
+
+bool isUtf8(const QByteArray &bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(bytes);
+    return !text.isNull() && !decoder.hasError();
+}
+
+// The escapes that every value of the file knows.
+QByteArray asValue(const QByteArray &text)
+{
+    QByteArray value = text;
+    return value.replace('\\', "\\\\").replace('\n', "\\n").replace('\r', "\\r").replace('\t', "\\t");
+}
+
+// A command in quotation marks: a backslash before what is special between them, a doubled percent sign.
+QByteArray quoted(const QByteArray &command)
+{
+    constexpr std::string_view special = "\"`$\\";
+    QByteArray text = "\"";
+    for (const char character : command) {
+        if (special.find(character) != std::string_view::npos)
+            text += '\\';
+        text += character;
+        if (character == '%')
+            text += '%';
+    }
+    return text + '"';
+}
+
+QByteArray iconFile()
+{
+    const QString file = skinsFolder() + u"/icon-128.png"_s;
+    return QFile::exists(file) ? QFile::encodeName(file) : QByteArray();
+}
+} // namespace
+
+QString AppFilePath()
+{
+    return QCoreApplication::applicationFilePath().left(longestAppPath);
+}
+
+QString DesktopFolderPath()
+{
+    return programPath(desktopFolder());
+}
+
+QByteArray shortcutText(const QString &name, const QByteArray &target, const QByteArray &icon)
+{
+    if (!isUtf8(target))
+        return {};
+    QByteArray text = "[Desktop Entry]\nType=Application\nName=" + asValue(name.toUtf8()) +
+                      "\nComment=Play the songs of a folder\nExec=" + asValue(quoted(target)) + '\n';
+    if (!icon.isEmpty() && isUtf8(icon))
+        text += "Icon=" + asValue(icon) + '\n';
+    return text + "Terminal=false\nCategories=AudioVideo;Audio;Player;\n";
+}
+
+bool createDesktopShortcut(const QString &folder, const QString &name, const QString &target)
+{
+    const QString file = folder + u'\\' + name + u".desktop"_s;
+    const QByteArray text = shortcutText(name, hostPath(target), iconFile());
+    if (text.isEmpty() || !saveFile(file, text))
+        return false;
+    QFile made(QFile::decodeName(hostPathOnDisk(file)));
+    return made.setPermissions(made.permissions() | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther);
+}

@@ -1,0 +1,13 @@
+// Half transparent windows.
+#include "settings/translucency.h"
+
+#include <QVariant>
+#include <QWidget>
+
+void MakeTranslucent(QWidget &window, qint16 on)
+{
+    constexpr int halfAlpha = 128;
+    constexpr int fullAlpha = 255;
+    window.setProperty("layered", true);
+    window.setWindowOpacity((on == asFlag(true) ? halfAlpha : fullAlpha) / qreal(fullAlpha));
+}

@@ -1,0 +1,133 @@
+// The shape of a picture. Rows are scanned once; their spans become bands of rectangles at once, so that the region is
+// built without uniting a million single ones.
+#include "settings/window_shape.h"
+
+#include "controls/picture_box.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+namespace
+{
+// Columns from left up to, not including, right.
+struct Span {
+    int left;
+    int right;
+    bool operator==(const Span &) const = default;
+};
+
+using Row = std::vector<Span>;
+
+// Tells the key colour from the rest. Pixels that are fully transparent are one colour, whatever lies under it.
+class KeyColour
+{
+public:
+    explicit KeyColour(QRgb pixel) : m_mask(qAlpha(pixel) == 0 ? 0xFF000000 : 0xFFFFFFFF), m_key(pixel & m_mask) {}
+    bool matches(QRgb pixel) const { return (pixel & m_mask) == m_key; }
+
+private:
+    QRgb m_mask;
+    QRgb m_key;
+};
+
+// Sorts the spans and joins those that touch. Only a run carried over from the row above can break their order.
+void tidy(Row &row)
+{
+    const auto touch = [](Span a, Span b) { return a.right >= b.left; };
+    if (std::adjacent_find(row.begin(), row.end(), touch) == row.end())
+        return;
+    std::sort(row.begin(), row.end(), [](Span a, Span b) { return a.left < b.left; });
+    std::size_t last = 0;
+    for (const Span span : row) {
+        if (span.left <= row[last].right)
+            row[last].right = std::max(row[last].right, span.right);
+        else
+            row[++last] = span;
+    }
+    row.resize(last + 1);
+}
+
+// Collects the spans of one row. openRun is the first column of a run that the row before did not close.
+void scanRow(const QRgb *pixels, int width, KeyColour key, std::optional<int> &openRun, Row &row)
+{
+    const auto isKey = [key](QRgb pixel) { return key.matches(pixel); };
+    const QRgb *const end = pixels + width;
+    row.clear();
+    for (const QRgb *at = pixels; at != end;) {
+        if (!openRun) {
+            at = std::find_if_not(at, end, isKey);
+            if (at == end)
+                return;
+            openRun = static_cast<int>(at - pixels);
+        }
+        at = std::find_if(at, end, isKey);
+        if (at == end)
+            return;
+        const int column = static_cast<int>(at - pixels);
+        if (column != *openRun)
+            row.push_back({std::min(*openRun, column), std::max(*openRun, column)});
+        openRun.reset();
+    }
+}
+
+// Rows of equal spans, one below the other, become higher rectangles.
+class Bands
+{
+public:
+    void add(int y, Row &row)
+    {
+        tidy(row);
+        if (row == m_last && !row.empty()) {
+            for (auto rect = m_rects.end() - static_cast<std::ptrdiff_t>(row.size()); rect != m_rects.end(); ++rect)
+                rect->setBottom(y);
+        } else {
+            for (const Span span : row)
+                m_rects.emplace_back(span.left, y, span.right - span.left, 1);
+            m_last.swap(row);
+        }
+    }
+
+    QRegion region() const
+    {
+        QRegion region;
+        region.setRects(m_rects.data(), static_cast<int>(m_rects.size()));
+        return region;
+    }
+
+private:
+    std::vector<QRect> m_rects;
+    Row m_last;
+};
+
+bool isPlain32Bit(const QImage &picture)
+{
+    return picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_ARGB32;
+}
+} // namespace
+
+QRegion shapeRegion(const QImage &picture)
+{
+    if (picture.isNull())
+        return {};
+    const QImage plain = isPlain32Bit(picture) ? picture : picture.convertToFormat(QImage::Format_ARGB32);
+    const KeyColour key(plain.pixel(0, 0));
+    Bands bands;
+    Row row;
+    std::optional<int> openRun;
+    for (int y = 0; y < plain.height(); ++y) {
+        scanRow(reinterpret_cast<const QRgb *>(plain.constScanLine(y)), plain.width(), key, openRun, row);
+        bands.add(y, row);
+    }
+    return bands.region();
+}
+
+bool ShapeFromPicture(PictureBox &box)
+{
+    const QImage picture = box.image();
+    if (!picture.isNull())
+        box.resize(picture.size());
+    const QRegion shape = shapeRegion(picture);
+    box.setShape(shape);
+    return !shape.isEmpty();
+}
