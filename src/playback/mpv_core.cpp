@@ -69,7 +69,7 @@ constexpr Option options[] = {
 };
 
 // How far ahead the sound device is filled. Far ahead is thrifty: at 100 ms a sound server wakes the player 150 times a
-// second, at 500 ms 25 times. But loudness is applied before the device, so it would be heard late. So the first change
+// second, at 500 ms 28 times. But loudness is applied before the device, so it would be heard late. So the first change
 // of loudness in a song opens the device anew, near ahead, and what follows is heard at once.
 constexpr Option farAhead[] = {
     {"pulse-buffer", "500"}, {"alsa-buffer-time", "500000"}, {"pipewire-buffer", "500"}, {"ao-null-buffer", "1"}};
