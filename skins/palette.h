@@ -6,15 +6,15 @@
 
 namespace palette {
 inline constexpr QRgb graphite = qRgb(44, 46, 49);
-inline constexpr QRgb graphiteLight = qRgb(61, 64, 69);
+inline constexpr QRgb graphiteLight = qRgb(72, 76, 82);
 inline constexpr QRgb graphiteDark = qRgb(32, 34, 36);
 inline constexpr QRgb ink = qRgb(12, 13, 14);
 inline constexpr QRgb accent = qRgb(175, 0, 0);
-inline constexpr QRgb accentLight = qRgb(212, 42, 28);
+inline constexpr QRgb accentLight = qRgb(203, 36, 24);
 inline constexpr QRgb accentDark = qRgb(106, 0, 0);
 inline constexpr QRgb warmWhite = qRgb(244, 234, 216);
 inline constexpr QRgb caption = qRgb(244, 234, 216);
-inline constexpr QRgb captionDim = qRgb(191, 180, 159);
+inline constexpr QRgb captionDim = qRgb(203, 192, 171);
 inline constexpr QRgb face = qRgb(65, 69, 74);
 inline constexpr QRgb faceLight = qRgb(84, 89, 95);
 inline constexpr QRgb facePressed = qRgb(42, 44, 47);

@@ -54,21 +54,21 @@ inline constexpr QRect List1{16, 76, 288, 208};
 
 namespace places::TagEdit {
 inline constexpr QSize window{380, 432};
-inline constexpr QRect Caption{36, 6, 316, 20};
+inline constexpr QRect Caption{36, 6, 212, 20};
 inline constexpr QRect frmID3{12, 36, 356, 180};
 inline constexpr QRect frmNoTag{12, 36, 356, 180};
-inline constexpr QRect labTitle{24, 60, 68, 24};
-inline constexpr QRect labArtist{24, 90, 68, 24};
-inline constexpr QRect labAlbum{24, 120, 68, 24};
-inline constexpr QRect labYear{24, 150, 68, 24};
-inline constexpr QRect labGenre{164, 150, 44, 24};
-inline constexpr QRect labComent{24, 180, 68, 24};
-inline constexpr QRect Title{96, 60, 260, 24};
-inline constexpr QRect Artist{96, 90, 260, 24};
-inline constexpr QRect Album{96, 120, 260, 24};
-inline constexpr QRect Year{96, 150, 56, 24};
-inline constexpr QRect Genre{212, 150, 144, 24};
-inline constexpr QRect Comment{96, 180, 260, 24};
+inline constexpr QRect labTitle{24, 60, 68, 22};
+inline constexpr QRect labArtist{24, 90, 68, 22};
+inline constexpr QRect labAlbum{24, 120, 68, 22};
+inline constexpr QRect labYear{24, 150, 68, 22};
+inline constexpr QRect labGenre{164, 150, 44, 22};
+inline constexpr QRect labComent{24, 180, 68, 22};
+inline constexpr QRect Title{96, 60, 260, 22};
+inline constexpr QRect Artist{96, 90, 260, 22};
+inline constexpr QRect Album{96, 120, 260, 22};
+inline constexpr QRect Year{96, 150, 56, 22};
+inline constexpr QRect Genre{212, 150, 144, 22};
+inline constexpr QRect Comment{96, 180, 260, 22};
 inline constexpr QRect labNoTag{24, 88, 332, 24};
 inline constexpr QRect cmdAdd{132, 128, 116, 28};
 inline constexpr QRect frmButtons{12, 224, 356, 44};
@@ -101,13 +101,13 @@ inline constexpr QRect Label2{516, 360, 100, 24};
 namespace places::ToolBar {
 inline constexpr QSize window{420, 360};
 inline constexpr QRect Label2{352, 6, 44, 20};
-inline constexpr QRect Drive1{16, 40, 184, 24};
-inline constexpr QRect Picture1{212, 40, 24, 24};
+inline constexpr QRect Drive1{16, 40, 352, 24};
+inline constexpr QRect Picture1{380, 40, 24, 24};
 inline constexpr QRect Dir1{16, 76, 184, 208};
 inline constexpr QRect File1{212, 76, 192, 208};
 inline constexpr QRect Picture2{20, 300, 48, 48};
 inline constexpr QRect Label1{88, 312, 112, 24};
-inline constexpr QRect Label3{288, 310, 112, 28};
+inline constexpr QRect Label3{292, 310, 112, 28};
 } // namespace places::ToolBar
 
 namespace places::frmOptions {

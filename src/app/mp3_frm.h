@@ -1,13 +1,17 @@
-// The player itself: the songs of the music folder, the transport, the display, the two sliders. What plays and what the
-// display shows is decided in playback/; this window brings its controls together, keeps the music folder and is the
-// one through which the program is left.
+// The player itself: the songs of the music folder, the transport, the display, the two sliders. What plays and what
+// the display shows is decided in playback/; this window brings its controls together, keeps the music folder and is
+// the one through which the program is left.
 #pragma once
 
 #include "controls/file_list_box.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
 #include "mp3info/mp3_info.h"
+#include "mp3info/quick_header.h"
 #include "playback/player_control.h"
+
+/// What a song's tip says: "Name=…", " Time=…", " Size=…"; "" without a song.
+QString songTip(const QString &name, const QuickHeader &header);
 
 class Mp3Frm : public SkinWindow
 {
@@ -16,7 +20,8 @@ class Mp3Frm : public SkinWindow
 public:
     Mp3Frm(MediaEngine &engine, PlayModes &modes);
 
-    /// Reads the settings (writing the first ones at a first start), sets the music folder, fills the lists, sets the volume.
+    /// Reads the settings (writing the first ones at a first start), sets the music folder, fills the lists, sets the
+    /// volume.
     void Load();
 
     /// Shows another music folder in File1; List1 stays as it is. A folder that does not exist changes nothing.
@@ -31,32 +36,32 @@ public:
     PlayerControl &player() { return m_player; }
     SongList &songs() { return m_songs; }
 
-    Label Label9;           // Hide the window to the tray.
-    Label Label6;           // Leave the program, keeping folder, volume and play list.
-    Label Label7;           // Title of the song now playing, four leading blanks; Timer4 rotates it.
-    TextBox Text1;          // Time text: position, a slash, length.
-    HScrollBar HScroll1;    // Position in the song; dragging the thumb seeks.
-    PictureBox bPrev;       // Previous song.
-    PictureBox bPlay;       // Play.
-    PictureBox bPause;      // Pause, or go on.
-    PictureBox bStop;       // Stop.
-    PictureBox bNext;       // Next song.
-    Label Label3;           // Previous song.
-    Label Label1;           // Play.
-    Label Label10;          // Pause, or go on.
-    Label Label2;           // Stop.
-    Label Label4;           // Next song.
-    Label Label8;           // Choose the music folder.
-    Label ListSwitch;       // Shows List1 in the place of File1, and back.
-    FileListBox File1;      // The songs of the music folder; a double click plays.
-    ListBox List1;          // The songs without their ending, as they were when last filled; a click plays.
-    VScrollBar VScroll1;    // Volume: 0 at the top, -2290 at the bottom, hundredths of a decibel.
-    Mp3Info Info;           // Tag and header data of a song, for whoever asks.
-    Timer Timer1;           // Time text, position slider, volume slider; on while a song plays.
-    Timer Timer2;           // Once: first stage of a repeat.
-    Timer Timer3;           // Once: second stage of a repeat.
-    Timer Timer4;           // Title and tray tip; on while a song plays.
-    Timer AutoPlaySong;     // Once: the advance through the folder.
+    Label Label9;        // Hide the window to the tray.
+    Label Label6;        // Leave the program, keeping folder, volume and play list.
+    Label Label7;        // Title of the song now playing, four leading blanks; Timer4 rotates it.
+    TextBox Text1;       // Time text: position, a slash, length.
+    HScrollBar HScroll1; // Position in the song; dragging the thumb seeks.
+    PictureBox bPrev;    // Previous song.
+    PictureBox bPlay;    // Play.
+    PictureBox bPause;   // Pause, or go on.
+    PictureBox bStop;    // Stop.
+    PictureBox bNext;    // Next song.
+    Label Label3;        // Previous song.
+    Label Label1;        // Play.
+    Label Label10;       // Pause, or go on.
+    Label Label2;        // Stop.
+    Label Label4;        // Next song.
+    Label Label8;        // Choose the music folder.
+    Label ListSwitch;    // Shows List1 in the place of File1, and back.
+    FileListBox File1;   // The songs of the music folder; a double click plays.
+    ListBox List1;       // The songs without their ending, as they were when last filled; a click plays.
+    VScrollBar VScroll1; // Volume: 0 at the top, -2290 at the bottom, hundredths of a decibel.
+    Mp3Info Info;        // Tag and header data of a song, for whoever asks.
+    Timer Timer1;        // Time text, position slider, volume slider; on while a song plays.
+    Timer Timer2;        // Once: first stage of a repeat.
+    Timer Timer3;        // Once: second stage of a repeat.
+    Timer Timer4;        // Title and tray tip; on while a song plays.
+    Timer AutoPlaySong;  // Once: the advance through the folder.
 
 Q_SIGNALS:
     /// Space on a song: whoever keeps the play list may add it.
@@ -83,7 +88,6 @@ Q_SIGNALS:
 private:
     void dress();
     void connectHandlers();
-    void shapePictures();
     void firstStart();
     void setVolumeFrom(const QString &stored);
 

@@ -59,6 +59,9 @@ public:
     /// Ends the sound alone; the display stays.
     void stopEngine();
 
+    /// The engine's loudness in hundredths of a decibel.
+    int engineVolume() const { return m_engine.volume(); }
+
     /// The file the engine has, as a program path; "" before the first.
     QString playingPath() const { return m_engine.fileName(); }
 

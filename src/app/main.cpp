@@ -1,0 +1,58 @@
+// The start of the program: options that need no window, the application, the engine, and then the player.
+#include "app/program.h"
+#include "app/version.h"
+#include "controls/accessibility.h"
+#include "controls/skin_style.h"
+#include "platform/command_line.h"
+#include "playback/mpv_engine.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr char usage[] = "Usage: kiv-mp3 [FILE]\n"
+                         "Plays MP3 files. With FILE, plays it at once.\n\n"
+                         "  --help     shows this text\n"
+                         "  --version  shows the version\n";
+
+// Answers an option that needs no window. False when there is none.
+bool answersOption(const char *argument)
+{
+    const QByteArrayView option(argument);
+    if (option == "--help")
+        std::fputs(usage, stdout);
+    else if (option == "--version")
+        std::printf("kiv-mp3 %s\n", qPrintable(versionText()));
+    else
+        return false;
+    return true;
+}
+
+// The player places its own windows, which only X11 allows: it is preferred where both are there.
+void preferX11()
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (argc == 2 && answersOption(argv[1]))
+        return 0;
+    preferX11();
+    QApplication::setStyle(new SkinStyle);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"KiV Mp3"_s);
+    QApplication::setDesktopFileName(u"kiv-mp3"_s);
+    QApplication::setQuitOnLastWindowClosed(false);
+    installAccessibility();
+
+    MpvEngine engine;
+    Program program(engine);
+    return program.start(commandLineText(QApplication::arguments().sliced(1))) ? QApplication::exec() : 0;
+}

@@ -1,0 +1,260 @@
+// The player's main window.
+#include "app/mp3_frm.h"
+
+#include "app/version.h"
+#include "base/names.h"
+#include "base/numbers.h"
+#include "base/play_time.h"
+#include "controls/fonts.h"
+#include "platform/desktop_places.h"
+#include "platform/drives.h"
+#include "platform/folders.h"
+#include "settings/setting_paths.h"
+#include "settings/settings_store.h"
+#include "skins/palette.h"
+#include "skins/places.h"
+
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+namespace place = places::Mp3Frm;
+
+namespace
+{
+const QString songPattern = u"*.mp3;*.wav;*.wma"_s;
+constexpr int tickMs = 1;
+constexpr int marqueeMs = 100;
+constexpr int loudest = 0;
+constexpr int quietest = -2290;
+} // namespace
+
+Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes)
+    : SkinWindow(u"Mp3Frm"_s, programTitle(), Picture::Mp3FrmSkin, place::window),
+      Label9(this, {u"Label9"_s, u"Hide"_s, place::Label9}, u"Hide"_s),
+      Label6(this, {u"Label6"_s, u"Exit"_s, place::Label6}, u"Exit"_s),
+      Label7(this, {u"Label7"_s, u"Song now playing"_s, place::Label7}, u"Welcome"_s),
+      Text1(this, {u"Text1"_s, u"Time"_s, place::Text1}),
+      HScroll1(this, {u"HScroll1"_s, u"Position"_s, place::HScroll1}),
+      bPrev(this, {u"bPrev"_s, u"Previous song button"_s, place::bPrev}),
+      bPlay(this, {u"bPlay"_s, u"Play button"_s, place::bPlay}),
+      bPause(this, {u"bPause"_s, u"Pause button"_s, place::bPause}),
+      bStop(this, {u"bStop"_s, u"Stop button"_s, place::bStop}),
+      bNext(this, {u"bNext"_s, u"Next song button"_s, place::bNext}),
+      Label3(this, {u"Label3"_s, u"Previous song"_s, place::Label3}, u"Previous"_s),
+      Label1(this, {u"Label1"_s, u"Play"_s, place::Label1}, u"Play"_s),
+      Label10(this, {u"Label10"_s, u"Pause"_s, place::Label10}, u"Pause"_s),
+      Label2(this, {u"Label2"_s, u"Stop"_s, place::Label2}, u"Stop"_s),
+      Label4(this, {u"Label4"_s, u"Next song"_s, place::Label4}, u"Next"_s),
+      Label8(this, {u"Label8"_s, u"Choose the music folder"_s, place::Label8}, u"Mp3 Folder"_s),
+      ListSwitch(this, {u"ListSwitch"_s, u"Switch the list"_s, place::ListSwitch}, u"Names"_s),
+      File1(this, {u"File1"_s, u"Songs"_s, place::File1}, songPattern),
+      List1(this, {u"List1"_s, u"Song names"_s, place::List1}),
+      VScroll1(this, {u"VScroll1"_s, u"Volume"_s, place::VScroll1}, loudest, quietest),
+      Timer1(this, u"Timer1"_s, tickMs), Timer2(this, u"Timer2"_s, tickMs, Timer::Kind::OneShot),
+      Timer3(this, u"Timer3"_s, tickMs, Timer::Kind::OneShot), Timer4(this, u"Timer4"_s, marqueeMs),
+      AutoPlaySong(this, u"AutoPlaySong"_s, tickMs, Timer::Kind::OneShot), m_songs(this, File1, List1),
+      m_display(this, engine, {Text1, HScroll1, VScroll1, Label7, Timer1, Timer4}),
+      m_player(
+          this, engine, m_songs, modes, m_display,
+          {Label1, Label2, Label3, Label4, Label10, bPlay, bStop, bPrev, bNext, bPause, AutoPlaySong, Timer2, Timer3})
+{
+    m_display.setSeen(false);
+    dress();
+    connectHandlers();
+}
+
+// The looks and the steps of the controls: design values, nothing read from anywhere.
+void Mp3Frm::dress()
+{
+    for (Label *button : {&Label9, &Label6, &Label3, &Label1, &Label10, &Label2, &Label4, &Label8, &ListSwitch}) {
+        button->setButton(true);
+        button->setFont(fonts::font(fonts::Face::SmallFonts, 11));
+    }
+    Label7.setFont(fonts::font(fonts::Face::Arial, 15));
+    Label7.setColour(QColor::fromRgb(palette::displayText));
+    Text1.setFont(fonts::font(fonts::Face::MatisseItc, 22));
+    Text1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Text1.setDisplayOnly();
+    HScroll1.setRange(0, 0);
+    HScroll1.setSmallChange(5);
+    HScroll1.setLargeChange(10);
+    VScroll1.setSmallChange(5);
+    VScroll1.setLargeChange(20);
+    bPrev.setButton(Picture::Previous, Picture::PreviousHover, Picture::PreviousPressed, u"|<"_s);
+    bPlay.setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
+    bPause.setButton(Picture::Pause, Picture::PauseHover, Picture::PausePressed, u"||"_s);
+    bStop.setButton(Picture::Stop, Picture::StopHover, Picture::StopPressed, u"[]"_s);
+    bNext.setButton(Picture::Next, Picture::NextHover, Picture::NextPressed, u">|"_s);
+    List1.hide();
+    File1.setFocus();
+}
+
+void Mp3Frm::connectHandlers()
+{
+    connect(this, &SkinWindow::seenChanged, &m_display, &PositionDisplay::setSeen);
+    connect(this, &SkinWindow::closeRequested, this, &Mp3Frm::Form_Unload);
+    connect(&m_display, &PositionDisplay::songNameChanged, this, &Mp3Frm::songNameChanged);
+    connect(&Label9, &Label::Click, this, &Mp3Frm::hideWanted);
+    connect(&Label6, &Label::Click, this, &Mp3Frm::Label6_Click);
+    connect(&Label8, &Label::Click, this, &Mp3Frm::folderWanted);
+    connect(&ListSwitch, &Label::Click, this, &Mp3Frm::ListSwitch_Click);
+    connect(&File1, &ListBox::Click, this, &Mp3Frm::File1_Click);
+    connect(&File1, &ListBox::DblClick, this, &Mp3Frm::File1_DblClick);
+    connect(&File1, &ListBox::KeyDown, this, &Mp3Frm::File1_KeyDown);
+    connect(&File1, &ListBox::MouseMove, this, &Mp3Frm::File1_MouseMove);
+    connect(&List1, &ListBox::Click, this, &Mp3Frm::List1_Click);
+    connect(&List1, &ListBox::MouseMove, this, &Mp3Frm::List1_MouseMove);
+    for (ListBox *list : {static_cast<ListBox *>(&File1), &List1})
+        connect(list, &ListBox::MouseDown, this, [this, list](Qt::MouseButton button) {
+            if (button == Qt::RightButton)
+                openSongMenu(*list);
+        });
+}
+
+void Mp3Frm::Load()
+{
+    File1.setPath(firstMusicFolder(File1.extensions()));
+    Label7.setCaption({});
+    if (!FileExists(paths::settingsFile))
+        firstStart();
+    const QString folder = readSetting(Setting::Mp3Path);
+    const QString volume = readSetting(Setting::Volume);
+    if (FileExists(pathIn(folder, {})))
+        setMusicFolder(folder);
+    m_songs.rebuildDisplayCopy();
+    setVolumeFrom(volume);
+}
+
+// The first settings. The volume written is the position slider's value: a stored 0 asks for the engine's own loudness.
+void Mp3Frm::firstStart()
+{
+    writeSetting(Setting::Mp3Path, File1.Path());
+    writeSetting(Setting::Volume, QString::number(HScroll1.Value()));
+    writeSetting(Setting::ShortCut, u"1"_s);
+}
+
+void Mp3Frm::setVolumeFrom(const QString &stored)
+{
+    const std::optional<std::int32_t> volume = wholeNumber(stored);
+    const bool isInRange = volume && *volume <= loudest && *volume >= quietest;
+    if (isInRange && *volume != 0)
+        VScroll1.setValue(*volume);
+    else
+        VScroll1.setValue(m_player.engineVolume());
+}
+
+void Mp3Frm::setMusicFolder(const QString &path)
+{
+    File1.setPath(programPath(path));
+}
+
+void Mp3Frm::setToolTipData(bool on)
+{
+    m_toolTipData = on;
+    File1.setToolTip(on ? u"Click Song To Start Display Data."_s : QString());
+}
+
+void Mp3Frm::bringBack()
+{
+    if (!isVisible() && isMinimized())
+        setWindowState(Qt::WindowMinimized); // Else a window manager that iconified it brings it back iconified.
+    showNormal();
+    raise();
+    activateWindow();
+}
+
+// Exit: the folder and the volume are kept, and the program ends.
+void Mp3Frm::Label6_Click()
+{
+    writeSetting(Setting::Mp3Path, File1.Path());
+    writeSetting(Setting::Volume, QString::number(VScroll1.Value()));
+    Q_EMIT leaving();
+}
+
+// Closed by the window manager: nothing is kept but the traces in the side file, and the program ends.
+void Mp3Frm::Form_Unload()
+{
+    writeSideSetting(Setting::Mp3Path, File1.Path());
+    writeSideSetting(Setting::Volume, QString::number(HScroll1.Value()));
+    Q_EMIT unloaded();
+}
+
+// The other list comes to the front: file names, or names without their ending.
+void Mp3Frm::ListSwitch_Click()
+{
+    const bool toNames = File1.isVisibleTo(this);
+    File1.setVisible(!toNames);
+    List1.setVisible(toNames);
+    ListSwitch.setCaption(toNames ? u"Files"_s : u"Names"_s);
+}
+
+// A song is chosen: the automatic advance starts from it.
+void Mp3Frm::File1_Click()
+{
+    m_player.SongIndex = File1.ListIndex();
+}
+
+// A song is double-clicked: it plays.
+void Mp3Frm::File1_DblClick()
+{
+    m_player.SongIndex = File1.ListIndex();
+    const QString name = File1.List(File1.ListIndex());
+    m_player.playFile(tidyPathIn(File1.Path(), name), withoutExtension(name));
+}
+
+// Enter plays the chosen song, Space offers it to the play list.
+void Mp3Frm::File1_KeyDown(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        m_player.playSelected();
+    else if (key == Qt::Key_Space)
+        Q_EMIT songPicked(File1.List(File1.ListIndex()));
+    else
+        return;
+    event->accept();
+}
+
+// The mouse is over a song: its data become the tip when that is wanted.
+void Mp3Frm::File1_MouseMove(int row)
+{
+    const QString name = File1.List(row);
+    if (m_songs.SongMenuOpen || name == m_songs.pointedSong())
+        return;
+    m_songs.setPointedSong(name);
+    if (!m_toolTipData)
+        return;
+    const QuickHeader header = QuickMp3Header(File1.filePath(row));
+    File1.setToolTip(songTip(name, header));
+}
+
+// A song name is clicked: it plays as an MP3, whatever the file's real ending.
+void Mp3Frm::List1_Click()
+{
+    m_player.open(pathIn(File1.Path(), List1.List(List1.ListIndex()) + u".mp3"_s));
+}
+
+// The mouse is over a song name: the menu would act on its file.
+void Mp3Frm::List1_MouseMove(int row)
+{
+    if (!m_songs.SongMenuOpen)
+        m_songs.setPointedSong(List1.items().value(row));
+}
+
+void Mp3Frm::openSongMenu(const ListBox &list)
+{
+    const bool byKeyboard = list.menuPosition() != QCursor::pos();
+    if (byKeyboard)
+        m_songs.setPointedSong(list.items().value(list.ListIndex()));
+    m_songs.SongMenuOpen = true;
+    Q_EMIT songMenuRequested(list.menuPosition());
+}
+
+QString songTip(const QString &name, const QuickHeader &header)
+{
+    if (name.isEmpty())
+        return {};
+    const int seconds = roundHalfEven(numericValue(header.length));
+    return u"Name="_s + withoutExtension(name) + u" Time="_s + FormatPlayTime(seconds) + u" Size="_s +
+           Mp3Info::FormatFileSize(numericValue(header.size));
+}

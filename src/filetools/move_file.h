@@ -1,0 +1,10 @@
+// Moving a song to another folder: a copy, then the deletion of the source. At no moment is the song only in memory.
+#pragma once
+
+#include "platform/shell_files.h"
+
+#include <QString>
+
+/// Moves a file to a path that may be on another file system. Failed: the user is to be told; the source is where it
+/// was, and no empty file stays at the destination. Declined: both files are as they were, and the user knows.
+ShellOutcome moveFile(const QString &source, const QString &destination, ShellPrompts &prompts);

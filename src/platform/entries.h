@@ -1,0 +1,23 @@
+// Entries of the host's folders, whatever they are: telling them apart, renaming, removing. Paths are the host's.
+#pragma once
+
+#include <QByteArray>
+
+enum class Existing { Keep, Replace };              // What happens to a file that has the name already.
+enum class NameTaken { Done, OtherExists, Failed }; // How taking a name ended.
+
+/// Do both paths lead to one file, through links too?
+bool isSameFile(const QByteArray &first, const QByteArray &second);
+
+/// Are both paths the very same entry or hard links of one file? Symbolic links are not followed.
+bool isSameEntry(const QByteArray &first, const QByteArray &second);
+
+/// Does the path lead to a folder?
+bool isHostFolder(const QByteArray &path);
+
+/// Gives an entry another name in the same file system. With Existing::Keep nothing is ever replaced, not even a file
+/// that appears at the same moment.
+NameTaken renameEntry(const QByteArray &from, const QByteArray &to, Existing existing);
+
+/// Removes an entry for good: a link, not the file it leads to; never a folder.
+bool removeEntry(const QByteArray &path);

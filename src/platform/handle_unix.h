@@ -1,0 +1,24 @@
+// An open file of a Unix host, closed when it goes. For the files behind platform/ alone.
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+constexpr int noHandle = -1;
+
+class Handle
+{
+public:
+    explicit Handle(int handle) : m_handle(handle) {}
+    Handle(const Handle &) = delete;
+    Handle &operator=(const Handle &) = delete;
+    ~Handle() { close(); }
+
+    int get() const { return m_handle; }
+    bool isOpen() const { return m_handle != noHandle; }
+    // Some file systems tell of a failed write only here.
+    bool close() { return m_handle == noHandle || ::close(std::exchange(m_handle, noHandle)) == 0; }
+
+private:
+    int m_handle;
+};

@@ -1,0 +1,295 @@
+// libmpv; the only file that knows its header.
+//
+// libmpv's own threads call wake(), which only queues drain() on the user-interface thread.
+#include "playback/mpv_core.h"
+
+#include <QElapsedTimer>
+
+#include <clocale>
+#include <cmath>
+#include <mpv/client.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr quint64 noSerial = 0;
+constexpr int lastWaitMs = 1500;
+
+struct Option {
+    const char *name;
+    const char *value;
+};
+
+// An option that this release of libmpv does not know is left out: their names change.
+constexpr Option options[] = {
+    // Only the engine: no files of the user's, no scripts, no windows, no keys.
+    {"config", "no"},
+    {"terminal", "no"},
+    {"load-scripts", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"load-auto-profiles", "no"},
+    {"osc", "no"},
+    {"ytdl", "no"},
+    {"input-default-bindings", "no"},
+    {"input-builtin-bindings", "no"},
+    {"audio-client-name", "KiV Mp3"},
+    // Only sound, and only from the file that was named.
+    {"vid", "no"},
+    {"sid", "no"},
+    {"vo", "null"},
+    {"audio-display", "no"},
+    {"autoload-files", "no"},
+    {"sub-auto", "no"},
+    {"audio-file-auto", "no"},
+    {"cover-art-auto", "no"},
+    {"demuxer", "lavf"}, // Else a play list in an .mp3 plays the files it names.
+    {"access-references", "no"},
+    // One song at a time; what comes next is not its business.
+    {"idle", "yes"},
+    {"keep-open", "no"},
+    {"gapless-audio", "no"}, // Else the end is reported 0.4 s early.
+    {"prefetch-playlist", "no"},
+    {"resume-playback", "no"},
+    {"save-position-on-quit", "no"},
+    // Loudness and places are exact.
+    {"replaygain", "no"},
+    {"audio-format", "float"}, // Else quiet volumes of wav songs are wrong.
+    {"volume-max", "100"},
+    {"hr-seek", "yes"},
+    {"hr-seek-demuxer-offset", "0.5"}, // Else each seek in an mp3 begins with silence.
+    // Thrift: no reading thread and no cache.
+    {"cache", "no"},
+    {"demuxer-thread", "no"},
+    {"demuxer-max-bytes", "1MiB"},
+    {"demuxer-max-back-bytes", "0"},
+    {"audio-buffer", "1"},
+};
+
+// The outputs to try in turn; the last one plays to nobody where there is no sound device.
+constexpr char deviceOutputs[] = "pipewire,pulse,alsa,null";
+constexpr Option recordedOutput[] = {
+    {"ao", "pcm"},
+    {"ao-pcm-append", "yes"},
+    {"ao-pcm-waveheader", "no"},
+    {"audio-samplerate", "44100"},
+    {"audio-channels", "stereo"},
+};
+
+// libmpv's linear volume, which it takes to the power of three.
+double mpvVolume(int hundredthsOfDecibel)
+{
+    return hundredthsOfDecibel <= -10000 ? 0 : 100 * std::pow(10, hundredthsOfDecibel / 6000.0);
+}
+
+// The song's entry number in the answer to "loadfile"; 0 when it was refused.
+qint64 entryIn(const mpv_event &answer)
+{
+    const mpv_node &result = static_cast<mpv_event_command *>(answer.data)->result;
+    if (answer.error < 0 || result.format != MPV_FORMAT_NODE_MAP)
+        return 0;
+    for (int i = 0; i < result.u.list->num; ++i)
+        if (qstrcmp(result.u.list->keys[i], "playlist_entry_id") == 0)
+            return result.u.list->values[i].u.int64;
+    return 0;
+}
+} // namespace
+
+struct MpvCore::Functions {
+    decltype(&::mpv_create) create;
+    decltype(&::mpv_initialize) initialize;
+    decltype(&::mpv_terminate_destroy) terminate_destroy;
+    decltype(&::mpv_set_option_string) set_option_string;
+    decltype(&::mpv_set_property_async) set_property_async;
+    decltype(&::mpv_get_property_async) get_property_async;
+    decltype(&::mpv_command_async) command_async;
+    decltype(&::mpv_wait_event) wait_event;
+    decltype(&::mpv_set_wakeup_callback) set_wakeup_callback;
+    decltype(&::mpv_error_string) error_string;
+};
+
+MpvCore::MpvCore(MpvListener &listener) : m_listener(listener), m_library(u"mpv"_s, 2), m_mpv(new Functions{}) {}
+
+// A sound device that has died keeps libmpv waiting for ever. So it is told to stop and given a moment; when it does
+// not come to rest in that time, the program ends without it.
+MpvCore::~MpvCore()
+{
+    if (!m_handle)
+        return;
+    m_mpv->set_wakeup_callback(m_handle, nullptr, nullptr);
+    stop();
+    QElapsedTimer waited;
+    for (waited.start(); !m_isIdle && waited.elapsed() < lastWaitMs;)
+        m_isIdle = m_mpv->wait_event(m_handle, lastWaitMs / 1000.0)->event_id == MPV_EVENT_IDLE;
+    if (m_isIdle)
+        m_mpv->terminate_destroy(m_handle);
+}
+
+bool MpvCore::start(int hundredthsOfDecibel)
+{
+    if (!findFunctions())
+        return false;
+    std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start where numbers are written with a comma.
+    m_handle = m_mpv->create();
+    if (!m_handle)
+        return false;
+    for (const Option &option : options)
+        setOption(option.name, option.value);
+    chooseOutput();
+    setOption("volume", QByteArray::number(mpvVolume(hundredthsOfDecibel), 'g', 17));
+    m_mpv->set_wakeup_callback(m_handle, wake, this);
+    return m_mpv->initialize(m_handle) >= 0;
+}
+
+bool MpvCore::findFunctions()
+{
+    const auto find = [this]<typename Function>(Function &function, const char *name) {
+        function = reinterpret_cast<Function>(m_library.resolve(name));
+        return function != nullptr;
+    };
+    return find(m_mpv->create, "mpv_create") && find(m_mpv->initialize, "mpv_initialize") &&
+           find(m_mpv->terminate_destroy, "mpv_terminate_destroy") &&
+           find(m_mpv->set_option_string, "mpv_set_option_string") &&
+           find(m_mpv->set_property_async, "mpv_set_property_async") &&
+           find(m_mpv->get_property_async, "mpv_get_property_async") &&
+           find(m_mpv->command_async, "mpv_command_async") && find(m_mpv->wait_event, "mpv_wait_event") &&
+           find(m_mpv->set_wakeup_callback, "mpv_set_wakeup_callback") && find(m_mpv->error_string, "mpv_error_string");
+}
+
+void MpvCore::setOption(const char *name, const QByteArray &value)
+{
+    m_mpv->set_option_string(m_handle, name, value.constData());
+}
+
+// KIV_MP3_SOUND is for tests: "null" plays in real time to nobody, "pcm:" and a path records all songs in a row.
+void MpvCore::chooseOutput()
+{
+    const QByteArray wanted = qgetenv("KIV_MP3_SOUND");
+    m_isSilenceExpected = wanted == "null";
+    if (wanted.startsWith("pcm:")) {
+        for (const Option &option : recordedOutput)
+            setOption(option.name, option.value);
+        setOption("ao-pcm-file", wanted.mid(4));
+    } else {
+        setOption("ao", m_isSilenceExpected ? "null" : deviceOutputs);
+    }
+}
+
+void MpvCore::command(const QList<QByteArray> &words, quint64 serial)
+{
+    QList<const char *> pointers;
+    for (const QByteArray &word : words)
+        pointers += word.constData();
+    pointers += nullptr;
+    m_mpv->command_async(m_handle, serial, pointers.data());
+}
+
+void MpvCore::load(const QByteArray &path, quint64 serial)
+{
+    m_isIdle = false;
+    command({"loadfile", path, "replace"}, serial);
+}
+
+void MpvCore::setPause(bool on)
+{
+    int flag = on;
+    m_mpv->set_property_async(m_handle, 0, "pause", MPV_FORMAT_FLAG, &flag);
+}
+
+void MpvCore::setVolume(int hundredthsOfDecibel)
+{
+    double volume = mpvVolume(hundredthsOfDecibel);
+    m_mpv->set_property_async(m_handle, 0, "volume", MPV_FORMAT_DOUBLE, &volume);
+}
+
+void MpvCore::stop()
+{
+    command({"stop"});
+}
+
+void MpvCore::seek(double seconds)
+{
+    command({"seek", QByteArray::number(seconds, 'f', 6), "absolute+exact"});
+}
+
+void MpvCore::askPosition(quint64 serial)
+{
+    m_mpv->get_property_async(m_handle, serial, "audio-pts", MPV_FORMAT_DOUBLE);
+}
+
+void MpvCore::askDuration(quint64 serial)
+{
+    m_mpv->get_property_async(m_handle, serial, "duration", MPV_FORMAT_DOUBLE);
+}
+
+// Called on a thread of libmpv's.
+void MpvCore::wake(void *core)
+{
+    QMetaObject::invokeMethod(static_cast<MpvCore *>(core), &MpvCore::drain, Qt::QueuedConnection);
+}
+
+// A listener may let events run and so come here again; what an event holds is gone then.
+void MpvCore::drain()
+{
+    for (;;) {
+        const mpv_event *event = m_mpv->wait_event(m_handle, 0);
+        if (event->event_id == MPV_EVENT_NONE)
+            return;
+        deliver(*event);
+    }
+}
+
+void MpvCore::deliver(const mpv_event &event)
+{
+    switch (event.event_id) {
+    case MPV_EVENT_COMMAND_REPLY:
+        if (event.reply_userdata != noSerial)
+            m_listener.songAccepted(event.reply_userdata, entryIn(event));
+        break;
+    case MPV_EVENT_START_FILE:
+        m_listener.songStarted(static_cast<mpv_event_start_file *>(event.data)->playlist_entry_id);
+        break;
+    case MPV_EVENT_FILE_LOADED:
+        m_listener.songOpened();
+        break;
+    case MPV_EVENT_PLAYBACK_RESTART:
+        m_mpv->get_property_async(m_handle, noSerial, "current-ao", MPV_FORMAT_STRING);
+        m_listener.soundStarted();
+        break;
+    case MPV_EVENT_END_FILE:
+        deliverEnd(*static_cast<mpv_event_end_file *>(event.data));
+        break;
+    case MPV_EVENT_IDLE:
+        m_isIdle = true;
+        break;
+    case MPV_EVENT_GET_PROPERTY_REPLY:
+        deliverAnswer(event);
+        break;
+    default:
+        break;
+    }
+}
+
+void MpvCore::deliverEnd(const mpv_event_end_file &end)
+{
+    if (end.reason == MPV_END_FILE_REASON_EOF)
+        m_listener.songEnded(end.playlist_entry_id);
+    else if (end.reason == MPV_END_FILE_REASON_ERROR)
+        m_listener.songFailed(end.playlist_entry_id, end.error, QString::fromUtf8(m_mpv->error_string(end.error)));
+}
+
+void MpvCore::deliverAnswer(const mpv_event &event)
+{
+    const auto &property = *static_cast<mpv_event_property *>(event.data);
+    const bool isKnown = event.error >= 0;
+    if (qstrcmp(property.name, "duration") == 0) {
+        m_listener.durationTold(event.reply_userdata, isKnown ? *static_cast<double *>(property.data) : 0);
+    } else if (qstrcmp(property.name, "audio-pts") == 0) {
+        if (isKnown)
+            m_listener.positionTold(event.reply_userdata, *static_cast<double *>(property.data));
+    } else if (isKnown && !m_isSilenceExpected && qstrcmp(*static_cast<char **>(property.data), "null") == 0) {
+        m_isSilenceExpected = true; // One notice is enough.
+        qWarning("There is no sound device that can be opened: songs play silently.");
+    }
+}

@@ -1,0 +1,73 @@
+// libmpv behind a small door: loaded when started, told what to do, never waited for. The only one who knows its
+// header. What it has to say is delivered on the user-interface thread, from the event loop.
+#pragma once
+
+#include <QByteArray>
+#include <QLibrary>
+#include <QList>
+#include <QObject>
+
+#include <memory>
+
+/// Who is told what happens in libmpv. A song's entry is libmpv's number for it; a serial is that of the question.
+class MpvListener
+{
+public:
+    virtual void songAccepted(quint64 serial, qint64 entry) = 0; // Entry 0: refused.
+    virtual void songStarted(qint64 entry) = 0;
+    virtual void songOpened() = 0;   // Its length can be asked now.
+    virtual void soundStarted() = 0; // At the beginning and after each seek.
+    virtual void songEnded(qint64 entry) = 0;
+    virtual void songFailed(qint64 entry, int error, const QString &reason) = 0;
+    virtual void positionTold(quint64 serial, double seconds) = 0;
+    virtual void durationTold(quint64 serial, double seconds) = 0; // 0: not known.
+
+protected:
+    ~MpvListener() = default;
+};
+
+class MpvCore : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The errors of songFailed() that mean something of their own.
+    enum Error { DeviceRefused = -14, LoadingFailed = -13, NothingToPlay = -16, UnknownFormat = -17 };
+
+    explicit MpvCore(MpvListener &listener);
+    ~MpvCore() override;
+
+    /// Loads the library and starts it with this loudness. False when it cannot be used.
+    bool start(int hundredthsOfDecibel);
+
+    /// Opens a song, by the host's bytes, in place of the one before.
+    void load(const QByteArray &hostPath, quint64 serial);
+    void stop();
+    void seek(double seconds);
+    void setPause(bool on);
+    void setVolume(int hundredthsOfDecibel);
+
+    /// Answered by positionTold() (not at all when there is no position) and durationTold().
+    void askPosition(quint64 serial);
+    void askDuration(quint64 serial);
+
+private:
+    struct Functions;
+
+    bool findFunctions();
+    void setOption(const char *name, const QByteArray &value);
+    void chooseOutput();
+    void command(const QList<QByteArray> &words, quint64 serial = 0);
+    void drain();
+    static void wake(void *core);
+    void deliver(const struct mpv_event &event);
+    void deliverEnd(const struct mpv_event_end_file &end);
+    void deliverAnswer(const struct mpv_event &event);
+
+    MpvListener &m_listener;
+    QLibrary m_library;
+    std::unique_ptr<Functions> m_mpv; // libmpv's functions.
+    struct mpv_handle *m_handle = nullptr;
+    bool m_isSilenceExpected = false; // No sound device is wanted, or its lack was told already.
+    bool m_isIdle = true;             // No song, and the sound device is closed.
+};

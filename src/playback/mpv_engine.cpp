@@ -1,0 +1,317 @@
+// The media engine on libmpv: what is asked for, what is going on, and how much of what libmpv says still counts.
+//
+// Order of things: ask() notes what is wanted and starts a zero timer, carryOutRequest() hands it to libmpv. Every
+// answer carries the serial of its question. A song's own news are believed between its start and its end, told by its
+// entry.
+#include "playback/mpv_engine.h"
+
+#include "platform/drives.h"
+#include "playback/play_fault.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace
+{
+constexpr int silentVolume = -10000;
+constexpr int longestHoldMs = 2000;
+constexpr int clockTrustMs = 4000;   // So long the reckoned position is shown unchecked.
+constexpr int seekPatienceMs = 1000; // So long a position far from the seek's target is taken for an old one.
+constexpr double visibleJumpSeconds = 0.2;
+
+PlayFault faultOf(int error)
+{
+    switch (error) {
+    case MpvCore::UnknownFormat:
+        return PlayFault::NotSound;
+    case MpvCore::NothingToPlay:
+        return PlayFault::NoSoundInside;
+    case MpvCore::DeviceRefused:
+        return PlayFault::DeviceRefused;
+    default:
+        return PlayFault::Unknown;
+    }
+}
+} // namespace
+
+MpvEngine::MpvEngine(QObject *parent) : MediaEngine(parent)
+{
+    m_requestTimer.setSingleShot(true);
+    connect(&m_requestTimer, &QTimer::timeout, this, &MpvEngine::carryOutRequest);
+}
+
+MpvEngine::~MpvEngine() = default;
+
+void MpvEngine::holdUntilShown()
+{
+    m_isHeld = true;
+    m_requestTimer.stop();
+    QTimer::singleShot(longestHoldMs, this, &MpvEngine::release);
+}
+
+void MpvEngine::release()
+{
+    m_isHeld = false;
+    if (m_request != Request::None)
+        m_requestTimer.start(0);
+}
+
+void MpvEngine::setFileName(const QString &path)
+{
+    m_fileName = path;
+    if (path.isEmpty())
+        stop();
+    else
+        ask(Request::Open);
+}
+
+void MpvEngine::play()
+{
+    if (m_request != Request::None)
+        m_request = Request::OpenAndPlay;
+    else if (m_song != Song::None)
+        setPaused(false);
+    else if (!m_fileName.isEmpty())
+        ask(Request::OpenAndPlay);
+}
+
+void MpvEngine::pause()
+{
+    if (m_request != Request::None)
+        m_request = Request::Open;
+    else if (m_song != Song::None)
+        setPaused(true);
+}
+
+void MpvEngine::stop()
+{
+    m_requestTimer.stop();
+    m_request = Request::None;
+    forgetSong();
+    Q_EMIT stateChanged();
+}
+
+double MpvEngine::currentPosition() const
+{
+    refreshClock();
+    const double position = m_seekTarget.value_or(clock());
+    return m_duration > 0 ? std::min(position, m_duration) : position;
+}
+
+void MpvEngine::setCurrentPosition(double seconds)
+{
+    if (m_request == Request::None && m_song == Song::None)
+        return;
+    m_seekTarget = std::max(seconds, 0.0);
+    if (m_request == Request::None && m_song >= Song::Open)
+        seek();
+    Q_EMIT stateChanged();
+}
+
+void MpvEngine::setVolume(int hundredthsOfDecibel)
+{
+    m_volume = std::clamp(hundredthsOfDecibel, silentVolume, 0);
+    if (m_core)
+        m_core->setVolume(m_volume);
+}
+
+bool MpvEngine::isPlaying() const
+{
+    return m_request == Request::None && m_song == Song::Sounding && !m_isPaused;
+}
+
+// The song that sounds goes on until the current handler has returned, but is not listened to any more.
+void MpvEngine::ask(Request request)
+{
+    m_request = request;
+    forgetNews();
+    if (!m_isHeld)
+        m_requestTimer.start(0);
+    Q_EMIT stateChanged();
+}
+
+void MpvEngine::carryOutRequest()
+{
+    const bool isPaused = std::exchange(m_request, Request::None) == Request::Open;
+    if (const std::optional<PlayFault> fault = faultBeforePlaying(m_fileName))
+        return fail(*fault);
+    if (!startCore())
+        return fail(PlayFault::LibraryMissing);
+    m_isPaused = isPaused;
+    m_song = Song::Asked;
+    m_songSerial = ++m_serial;
+    m_core->load(hostPathOnDisk(m_fileName), m_songSerial);
+}
+
+bool MpvEngine::startCore()
+{
+    if (m_core)
+        return true;
+    std::unique_ptr<MpvCore> core(new MpvCore(*this)); // Only here the listener is known.
+    if (!core->start(m_volume))
+        return false;
+    m_core = std::move(core);
+    return true;
+}
+
+void MpvEngine::forgetSong()
+{
+    if (std::exchange(m_song, Song::None) != Song::None)
+        m_core->stop();
+    forgetNews();
+}
+
+// From now on nothing that libmpv still has to say about a song counts.
+void MpvEngine::forgetNews()
+{
+    m_entry = 0;
+    m_songSerial = ++m_serial;
+    m_duration = 0;
+    m_seekTarget.reset();
+    m_sinceSeek.invalidate();
+    setClock(0);
+}
+
+// Holds or lets go the sound; the position stays what it is.
+void MpvEngine::setPaused(bool on)
+{
+    if (std::exchange(m_isPaused, on) == on)
+        return;
+    ++m_serial;
+    setClock(clock());
+    m_core->setPause(on);
+    m_core->askPosition(m_serial);
+    Q_EMIT stateChanged();
+}
+
+double MpvEngine::clock() const
+{
+    return m_clockBase + (m_sinceBase.isValid() ? m_sinceBase.elapsed() / 1000.0 : 0);
+}
+
+// Sets the reckoned position; it moves on by itself while the song sounds.
+void MpvEngine::setClock(double seconds)
+{
+    m_clockBase = seconds;
+    if (isPlaying())
+        m_sinceBase.start();
+    else
+        m_sinceBase.invalidate();
+}
+
+// Who looks at the position has it put right from time to time; without a look nothing wakes up.
+void MpvEngine::refreshClock() const
+{
+    if (!isPlaying() || m_sinceAsked.elapsed() < clockTrustMs)
+        return;
+    m_sinceAsked.start();
+    m_core->askPosition(m_serial);
+    m_core->askDuration(m_songSerial);
+}
+
+// Goes to the place that is shown already. A place beyond the end would end the song.
+void MpvEngine::seek()
+{
+    ++m_serial;
+    if (m_duration > 0)
+        m_seekTarget = std::min(*m_seekTarget, m_duration);
+    m_sinceSeek.start();
+    m_core->seek(*m_seekTarget);
+}
+
+void MpvEngine::fail(PlayFault fault, const QString &detail)
+{
+    forgetSong();
+    recordError(playError(fault, m_fileName, detail));
+    Q_EMIT stateChanged();
+    Q_EMIT errorOccurred();
+}
+
+void MpvEngine::songAccepted(quint64 serial, qint64 entry)
+{
+    if (serial != m_songSerial)
+        return;
+    m_entry = entry;
+    if (entry == 0)
+        fail(PlayFault::Unknown);
+}
+
+bool MpvEngine::isCurrent(qint64 entry) const
+{
+    return m_entry != 0 && entry == m_entry;
+}
+
+void MpvEngine::songStarted(qint64 entry)
+{
+    if (!isCurrent(entry))
+        return;
+    m_song = Song::Opening;
+    m_core->setPause(m_isPaused); // The pause of the song before would outlive it.
+}
+
+void MpvEngine::songOpened()
+{
+    if (m_song == Song::Opening)
+        m_core->askDuration(m_songSerial);
+}
+
+// The song began to sound, or sounds again after a seek.
+void MpvEngine::soundStarted()
+{
+    if (m_song < Song::Opening || m_entry == 0)
+        return;
+    m_song = Song::Sounding;
+    setClock(m_seekTarget.value_or(clock()));
+    m_sinceAsked.start();
+    m_core->askPosition(m_serial);
+    Q_EMIT stateChanged();
+}
+
+void MpvEngine::songEnded(qint64 entry)
+{
+    if (!isCurrent(entry))
+        return;
+    m_song = Song::None; // There is nothing to stop.
+    forgetSong();
+    Q_EMIT stateChanged();
+    Q_EMIT endOfStream(0);
+}
+
+void MpvEngine::songFailed(qint64 entry, int error, const QString &reason)
+{
+    if (!isCurrent(entry))
+        return;
+    m_song = Song::None;
+    const PlayFault fault =
+        error == MpvCore::LoadingFailed ? faultBeforePlaying(m_fileName).value_or(PlayFault::Unknown) : faultOf(error);
+    fail(fault, fault == PlayFault::Unknown ? reason : QString());
+}
+
+void MpvEngine::positionTold(quint64 serial, double seconds)
+{
+    if (serial != m_serial)
+        return;
+    const double shown = currentPosition();
+    const bool isSeekFresh = m_seekTarget && (!m_sinceSeek.isValid() || m_sinceSeek.elapsed() < seekPatienceMs);
+    if (isSeekFresh && std::abs(seconds - shown) > 1)
+        return; // The place before the seek.
+    // A held song has not sounded since its seek, and libmpv counts what lies ready as played.
+    const bool isAtTarget = m_seekTarget && m_isPaused;
+    m_seekTarget.reset();
+    setClock(isAtTarget ? shown : std::max(seconds, 0.0));
+    if (std::abs(clock() - shown) > visibleJumpSeconds)
+        Q_EMIT stateChanged();
+}
+
+void MpvEngine::durationTold(quint64 serial, double seconds)
+{
+    if (serial != m_songSerial)
+        return;
+    const bool isNew = std::exchange(m_duration, seconds) != seconds;
+    m_song = std::max(m_song, Song::Open);
+    if (m_seekTarget && !m_sinceSeek.isValid())
+        seek(); // It was asked for while the song opened.
+    if (isNew)
+        Q_EMIT stateChanged();
+}

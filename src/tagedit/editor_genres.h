@@ -1,0 +1,22 @@
+// The tag editor's own genres: in the order of its list, each with the number it writes. Names and numbers differ from
+// the usual genre list here and there (choosing "Jazz" writes 146); songs tagged so far rely on it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+struct EditorGenre {
+    const char *name;
+    std::uint8_t number;
+};
+
+constexpr std::uint8_t noGenreNumber = 255;
+constexpr int noGenrePosition = -1;
+
+extern const std::array<EditorGenre, 149> editorGenres;
+
+/// The position of the first genre with that number; noGenrePosition when there is none.
+int genrePosition(std::uint8_t number);
+
+/// The number of the genre at a position; noGenreNumber for a position outside the list.
+std::uint8_t genreNumber(int position);

@@ -1,0 +1,296 @@
+// The media engine with the real libmpv: what is heard is recorded and listened to, what happens in time is played to a
+// silent output.
+#include "base/last_error.h"
+#include "playback/mpv_engine.h"
+#include "support/test_files.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <cmath>
+#include <cstring>
+#include <numbers>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int rate = 44100;
+constexpr int patienceMs = 20000;
+using Samples = QList<float>; // The left channel.
+
+double rms(const Samples &samples)
+{
+    double sum = 0;
+    for (const float sample : samples)
+        sum += double(sample) * sample;
+    return std::sqrt(sum / double(std::max<qsizetype>(samples.size(), 1)));
+}
+
+// How much of a tone there is in the samples (Goertzel): 1 for the tone alone.
+double share(const Samples &samples, int hertz)
+{
+    const double turn = 2 * std::cos(2 * std::numbers::pi * hertz / rate);
+    double last = 0, before = 0;
+    for (const float sample : samples)
+        before = std::exchange(last, sample + turn * last - before);
+    const double power = last * last + before * before - turn * last * before;
+    const double count = double(samples.size());
+    return 2 * power / (count * count) / std::pow(rms(samples), 2);
+}
+
+int toneOf(const Samples &samples)
+{
+    for (const int hertz : {440, 880, 1320})
+        if (share(samples, hertz) > 0.9)
+            return hertz;
+    return 0;
+}
+
+// A tone of 440 Hz in 16 bits, 3 s on each of two channels.
+QByteArray longWav()
+{
+    constexpr quint32 dataSize = 3 * rate * 4;
+    QByteArray bytes("RIFF");
+    const auto put = [&bytes](auto number) { bytes.append(reinterpret_cast<const char *>(&number), sizeof number); };
+    put(dataSize + 36);
+    bytes += "WAVEfmt ";
+    put(quint32(16)), put(quint16(1)), put(quint16(2)), put(quint32(rate)), put(quint32(rate * 4));
+    put(quint16(4)), put(quint16(16));
+    bytes += "data";
+    put(dataSize);
+    for (int i = 0; i < 3 * rate; ++i)
+        for (int channel = 0; channel < 2; ++channel)
+            put(qint16(16000 * std::sin(2 * std::numbers::pi * 440 * i / rate)));
+    return bytes;
+}
+
+// An engine, what it tells, and what is heard of it.
+struct Listening {
+    enum class Output { Recorded, Silent };
+    explicit Listening(Output output)
+    {
+        const QByteArray file = QFile::encodeName(folder.hostPath() + u"/heard"_s);
+        qputenv("KIV_MP3_SOUND", output == Output::Silent ? "null" : "pcm:" + file);
+    }
+
+    void start(const QString &path)
+    {
+        engine.setFileName(path);
+        engine.play();
+    }
+
+    bool playToEnd(const QString &path)
+    {
+        start(path);
+        return ends.wait(patienceMs);
+    }
+
+    Samples heard() const
+    {
+        const QByteArray bytes =
+            QFile::exists(folder.hostPath() + u"/heard"_s) ? folder.bytesOf(u"heard"_s) : QByteArray();
+        Samples samples(bytes.size() / 8);
+        for (qsizetype i = 0; i < samples.size(); ++i)
+            std::memcpy(&samples[i], bytes.constData() + i * 8, 4);
+        return samples;
+    }
+
+    TestFolder folder;
+    MpvEngine engine;
+    QSignalSpy ends{&engine, &MediaEngine::endOfStream};
+    QSignalSpy errors{&engine, &MediaEngine::errorOccurred};
+};
+} // namespace
+
+class TestMpvEngine : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void songsSoundInTheOrderOfTheirTurns()
+    {
+        Listening x(Listening::Output::Recorded);
+        const QList<std::pair<QString, int>> songs{
+            {u"tone-880.mp3"_s, 880}, {u"tone-440.wav"_s, 440}, {u"tone-1320.mp3"_s, 1320}, {u"tone-880.wma"_s, 880}};
+        qsizetype from = 0;
+        for (const auto &[name, hertz] : songs) {
+            QVERIFY(x.playToEnd(x.folder.copySample(name, u"50% #1? \"%2\" "_s + name)));
+            const Samples all = x.heard();
+            QVERIFY2(all.size() - from > rate * 0.45 && all.size() - from < rate * 0.65,
+                     QByteArray::number(all.size() - from).constData());
+            QCOMPARE(toneOf(all.mid(from + rate / 10, rate / 3)), hertz);
+            from = all.size();
+        }
+        QCOMPARE(x.errors.size(), 0);
+        QVERIFY(!x.engine.isPlaying());
+    }
+
+    void volumeIsExactInDecibels_data()
+    {
+        QTest::addColumn<QString>("song");
+        for (const char *song : {"tone-440.mp3", "tone-440.wav"})
+            QTest::newRow(song) << QString::fromLatin1(song);
+    }
+
+    void volumeIsExactInDecibels()
+    {
+        QFETCH(QString, song);
+        double full = 0;
+        for (const int volume : {0, -600, -2290, -9999, -20000}) {
+            Listening x(Listening::Output::Recorded); // The volume is known before the library is loaded.
+            x.engine.setVolume(volume);
+            QVERIFY(x.playToEnd(x.folder.copySample(song)));
+            const double level = rms(x.heard().mid(rate / 10, rate / 3));
+            if (volume == 0)
+                full = level;
+            if (volume <= -10000)
+                QCOMPARE(level, 0.0);
+            else
+                QVERIFY(std::abs(2000 * std::log10(level / full) - volume) < 5);
+            QCOMPARE(x.engine.volume(), std::max(volume, -10000));
+        }
+    }
+
+    void whatCannotBePlayedIsOneErrorThatNamesTheFile_data()
+    {
+        QTest::addColumn<QString>("song");
+        QTest::addColumn<int>("number");
+        QTest::newRow("missing") << u"missing.mp3"_s << 53;
+        QTest::newRow("empty") << u"empty.mp3"_s << 62;
+        QTest::newRow("folder") << u"folder.mp3"_s << 75;
+        QTest::newRow("folder without a name behind") << u"folder.mp3\\"_s << 75;
+        QTest::newRow("text") << u"text.mp3"_s << 321;
+        QTest::newRow("garbage") << u"garbage.mp3"_s << 321;
+        QTest::newRow("play list that names a song") << u"list.mp3"_s << 321;
+        QTest::newRow("stream list that names a song") << u"stream.mp3"_s << 321;
+        QTest::newRow("picture") << u"picture.mp3"_s << 326;
+    }
+
+    void whatCannotBePlayedIsOneErrorThatNamesTheFile()
+    {
+        QFETCH(QString, song);
+        QFETCH(int, number);
+        Listening x(Listening::Output::Recorded);
+        const QByteArray tone = QFile::encodeName(x.folder.hostPath() + u"/tone-440.mp3"_s);
+        x.folder.copySample(u"tone-440.mp3"_s);
+        for (const QString &sample : {u"empty.mp3"_s, u"text.mp3"_s, u"garbage.mp3"_s, u"picture.mp3"_s})
+            x.folder.copySample(sample);
+        x.folder.makeFolder(u"folder.mp3"_s);
+        x.folder.makeFile(u"list.mp3"_s, "#EXTM3U\n" + tone + "\n");
+        x.folder.makeFile(u"stream.mp3"_s,
+                          "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\n" + tone + "\n#EXT-X-ENDLIST\n");
+
+        x.start(x.folder.path(song));
+        QTRY_COMPARE_WITH_TIMEOUT(x.errors.size(), 1, patienceMs);
+        QCOMPARE(lastError().number, number);
+        QCOMPARE(lastError().source, u"MediaPlayer1"_s);
+        const QString shown = x.folder.hostPath() + u'/' + song.chopped(song.endsWith(u'\\') ? 1 : 0);
+        QVERIFY2(lastError().description.contains(shown), qPrintable(lastError().description));
+
+        // The engine is well afterwards, and the error is not told again.
+        QVERIFY(x.playToEnd(x.folder.path(u"tone-440.mp3"_s)));
+        QCOMPARE(x.errors.size(), 1);
+        QVERIFY(x.heard().size() < rate);
+    }
+
+    void onlyTheLastOfManyRequestsSounds()
+    {
+        Listening x(Listening::Output::Recorded);
+        const QString low = x.folder.copySample(u"tone-440.mp3"_s), high = x.folder.copySample(u"tone-1320.mp3"_s);
+        x.start(low);
+        x.engine.stop(); // Taken back in the same handler.
+        x.start(x.folder.path(u"missing.mp3"_s));
+        x.start(low);
+        QVERIFY(x.playToEnd(high));
+        QCOMPARE(toneOf(x.heard().mid(rate / 10, rate / 3)), 1320);
+        QVERIFY(x.heard().size() < rate);
+        x.start(low);
+        x.engine.stop();
+        QVERIFY(!x.ends.wait(300));
+        x.engine.play(); // A stopped song begins again.
+        QVERIFY(x.ends.wait(patienceMs));
+        QVERIFY(x.errors.isEmpty());
+        QCOMPARE(x.ends.size(), 2);
+    }
+
+    void nextSongMayBeAskedForAtTheEndOfOne()
+    {
+        Listening x(Listening::Output::Recorded);
+        const QString high = x.folder.copySample(u"tone-1320.mp3"_s);
+        connect(&x.engine, &MediaEngine::endOfStream, &x.engine, [&x, high] {
+            if (x.engine.fileName() != high)
+                x.start(high);
+        });
+        x.start(x.folder.copySample(u"tone-440.mp3"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(x.ends.size(), 2, patienceMs);
+        const Samples all = x.heard();
+        QCOMPARE(toneOf(all.mid(rate / 10, rate / 3)), 440);
+        QCOMPARE(toneOf(all.mid(all.size() - rate / 2, rate / 3)), 1320);
+    }
+
+    void pauseHoldsThePositionAndDoesNotOutliveTheSong()
+    {
+        Listening x(Listening::Output::Silent);
+        const QString song = x.folder.makeFile(u"long.wav"_s, longWav());
+        x.engine.pause();
+        x.engine.play(); // Without a song neither does anything.
+        x.start(song);
+        QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > 0.3, patienceMs);
+        QCOMPARE(x.engine.duration(), 3.0);
+        x.engine.pause();
+        QVERIFY(!x.engine.isPlaying());
+        QTest::qWait(100); // The position is put right after the sound is held.
+        const double held = x.engine.currentPosition();
+        QTest::qWait(200);
+        QCOMPARE(x.engine.currentPosition(), held);
+        QVERIFY(held > 0.1 && held < 2);
+        x.engine.play();
+        QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > held + 0.3, patienceMs);
+
+        x.engine.pause();
+        x.start(song);
+        QCOMPARE(x.engine.currentPosition(), 0.0);
+        QTRY_VERIFY_WITH_TIMEOUT(x.engine.isPlaying() && x.engine.currentPosition() > 0.1, patienceMs);
+        x.engine.stop();
+        QCOMPARE(x.engine.currentPosition(), 0.0);
+        QVERIFY(x.ends.isEmpty() && x.errors.isEmpty());
+    }
+
+    void seekGoesToThePlaceAndStaysWithinTheSong()
+    {
+        Listening x(Listening::Output::Silent);
+        x.engine.setCurrentPosition(2); // Without a song.
+        QCOMPARE(x.engine.currentPosition(), 0.0);
+        x.start(x.folder.makeFile(u"long.wav"_s, longWav()));
+        x.engine.pause();
+        x.engine.setCurrentPosition(1.5); // Before the song is open.
+        QSignalSpy states(&x.engine, &MediaEngine::stateChanged);
+        QTRY_VERIFY_WITH_TIMEOUT(x.engine.duration() > 0, patienceMs);
+        QCOMPARE(x.engine.currentPosition(), 1.5);
+        x.engine.setCurrentPosition(-4);
+        QCOMPARE(x.engine.currentPosition(), 0.0);
+        for (const double place : {0.5, 1.0, 2.0})
+            x.engine.setCurrentPosition(place);
+        x.engine.play();
+        QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > 2.3, patienceMs);
+        QVERIFY(x.engine.currentPosition() < 3);
+        x.engine.setCurrentPosition(500);
+        QCOMPARE(x.engine.currentPosition(), 3.0);
+        QTRY_COMPARE_WITH_TIMEOUT(x.ends.size(), 1, patienceMs);
+    }
+
+    void songWaitsUntilTheWindowIsShown()
+    {
+        Listening x(Listening::Output::Recorded);
+        x.engine.holdUntilShown();
+        x.start(x.folder.copySample(u"tone-440.mp3"_s));
+        QVERIFY(!x.ends.wait(500));
+        QVERIFY(x.heard().isEmpty());
+        x.engine.release();
+        QVERIFY(x.ends.wait(patienceMs));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMpvEngine)
+#include "tst_mpv_engine.moc"
