@@ -9,11 +9,47 @@ namespace
 {
 constexpr QChar betweenNames(u'\0');
 
-// The one letter whose lower-case form is longer is given a short one: positions are then the same in both forms.
+// Letter by letter, so that positions are the same in both forms: the one letter whose lower-case form is longer gets a
+// short one.
+char32_t lowered(char32_t letter)
+{
+    constexpr char32_t dottedCapital = 0x0130;
+    return letter == dottedCapital ? U'i' : QChar::toLower(letter);
+}
+
+// Puts letter in the place of one that is as long.
+void setLetter(QString &text, qsizetype at, bool isPair, char32_t letter)
+{
+    text[at] = QChar(isPair ? QChar::highSurrogate(letter) : static_cast<char16_t>(letter));
+    if (isPair)
+        text[at + 1] = QChar(QChar::lowSurrogate(letter));
+}
+
+bool isPairAt(const QString &text, qsizetype at, qsizetype end)
+{
+    return text[at].isHighSurrogate() && at + 1 < end && text[at + 1].isLowSurrogate();
+}
+
+char32_t letterAt(const QString &text, qsizetype at, bool isPair)
+{
+    return isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode();
+}
+
 QString lowered(QString text)
 {
-    text.replace(QChar(0x0130), u'i');
-    return std::move(text).toLower();
+    constexpr char16_t firstBeyondAscii = 0x80;
+    for (QChar &c : text) {
+        if (c >= u'A' && c <= u'Z')
+            c = QChar(static_cast<char16_t>(c.unicode() + (u'a' - u'A')));
+    }
+    for (qsizetype i = 0; i < std::as_const(text).size(); ++i) {
+        if (std::as_const(text)[i] < firstBeyondAscii)
+            continue;
+        const bool pair = isPairAt(text, i, text.size());
+        setLetter(text, i, pair, lowered(letterAt(text, i, pair)));
+        i += pair ? 1 : 0;
+    }
+    return text;
 }
 
 char32_t capital(char32_t letter)
@@ -68,11 +104,9 @@ QString capitalised(QString name, qsizetype position, qsizetype length)
 {
     const qsizetype end = std::min(position + length, name.size());
     for (qsizetype i = position; i < end; ++i) {
-        const bool pair = name[i].isHighSurrogate() && i + 1 < end && name[i + 1].isLowSurrogate();
-        const char32_t upper = capital(pair ? QChar::surrogateToUcs4(name[i], name[i + 1]) : name[i].unicode());
-        name[i] = QChar(pair ? QChar::highSurrogate(upper) : static_cast<char16_t>(upper));
-        if (pair)
-            name[++i] = QChar(QChar::lowSurrogate(upper));
+        const bool pair = isPairAt(name, i, end);
+        setLetter(name, i, pair, capital(letterAt(name, i, pair)));
+        i += pair ? 1 : 0;
     }
     return name;
 }
