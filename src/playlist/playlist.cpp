@@ -5,6 +5,7 @@
 #include "base/names.h"
 #include "base/play_time.h"
 #include "controls/file_list_box.h"
+#include "controls/fonts.h"
 #include "controls/msg_box.h"
 #include "platform/folders.h"
 #include "platform/saved_file.h"
@@ -49,6 +50,8 @@ Playlist::Playlist(FileListBox &File1, PlayerControl &player)
 {
     setWindowFlag(Qt::Tool);
     Picture1.setButton(Picture::Count, Picture::Count, Picture::Count, u"Close"_s);
+    Picture1.setFont(fonts::font(fonts::Face::Arial, 11));
+    Label1.setFont(fonts::font(fonts::Face::Arial, 12));
     List1.setAccessibleName(u"Play list"_s);
     List2.setAccessibleName(u"Play times"_s);
     List2.setFocusPolicy(Qt::NoFocus);

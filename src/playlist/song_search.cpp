@@ -4,6 +4,7 @@
 
 #include "base/names.h"
 #include "controls/file_list_box.h"
+#include "controls/fonts.h"
 #include "playback/player_control.h"
 #include "skins/places.h"
 
@@ -37,6 +38,8 @@ SongSearch::SongSearch(FileListBox &File1, PlayerControl &player)
       List1(this, {u"List1"_s, u"Songs found"_s, at::List1})
 {
     Label1.setButton(true);
+    Label1.setFont(fonts::font(fonts::Face::Arial, 11));
+    Text1.setFont(fonts::font(fonts::Face::Arial, 12));
     Text1.setAccessibleName(u"Search"_s);
     List1.setAccessibleName(u"Results"_s);
     List1.setShownForm([this](int row, const QString &name) {
