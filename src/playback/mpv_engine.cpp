@@ -111,8 +111,8 @@ void MpvEngine::setCurrentPosition(double seconds)
 
 void MpvEngine::setVolume(int hundredthsOfDecibel)
 {
-    m_volume = std::clamp(hundredthsOfDecibel, silentVolume, 0);
-    if (m_core)
+    const int wanted = std::clamp(hundredthsOfDecibel, silentVolume, 0);
+    if (std::exchange(m_volume, wanted) != wanted && m_core)
         m_core->setVolume(m_volume);
 }
 

@@ -5,7 +5,6 @@
 #include "controls/picture_box.h"
 
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 namespace
@@ -48,14 +47,16 @@ void tidy(Row &row)
     row.resize(last + 1);
 }
 
+constexpr int noRun = -1;
+
 // Collects the spans of one row. openRun is the first column of a run that the row before did not close.
-void scanRow(const QRgb *pixels, int width, KeyColour key, std::optional<int> &openRun, Row &row)
+void scanRow(const QRgb *pixels, int width, KeyColour key, int &openRun, Row &row)
 {
     const auto isKey = [key](QRgb pixel) { return key.matches(pixel); };
     const QRgb *const end = pixels + width;
     row.clear();
     for (const QRgb *at = pixels; at != end;) {
-        if (!openRun) {
+        if (openRun == noRun) {
             at = std::find_if_not(at, end, isKey);
             if (at == end)
                 return;
@@ -65,9 +66,9 @@ void scanRow(const QRgb *pixels, int width, KeyColour key, std::optional<int> &o
         if (at == end)
             return;
         const int column = static_cast<int>(at - pixels);
-        if (column != *openRun)
-            row.push_back({std::min(*openRun, column), std::max(*openRun, column)});
-        openRun.reset();
+        if (column != openRun)
+            row.push_back({std::min(openRun, column), std::max(openRun, column)});
+        openRun = noRun;
     }
 }
 
@@ -114,7 +115,7 @@ QRegion shapeRegion(const QImage &picture)
     const KeyColour key(plain.pixel(0, 0));
     Bands bands;
     Row row;
-    std::optional<int> openRun;
+    int openRun = noRun;
     for (int y = 0; y < plain.height(); ++y) {
         scanRow(reinterpret_cast<const QRgb *>(plain.constScanLine(y)), plain.width(), key, openRun, row);
         bands.add(y, row);
