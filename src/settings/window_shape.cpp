@@ -55,14 +55,14 @@ void scanRow(const QRgb *pixels, int width, KeyColour key, int &openRun, Row &ro
     row.clear();
     for (int x = 0; x < width; ++x) {
         const bool isKey = key.matches(pixels[x]);
-        if (isKey != openRun.has_value())
+        if (isKey != (openRun != noRun))
             continue;
         if (!isKey) {
             openRun = x;
             continue;
         }
-        if (x != *openRun)
-            row.push_back({std::min(*openRun, x), std::max(*openRun, x)});
+        if (x != openRun)
+            row.push_back({std::min(openRun, x), std::max(openRun, x)});
         openRun = noRun;
     }
 }
