@@ -63,6 +63,6 @@ int main(int argc, char *argv[])
     MpvEngine engine;
     engine.holdUntilShown(); // The sound library takes longer to load than the window to show.
     Program program(engine);
-    QObject::connect(&program.m_mp3Frm, &SkinWindow::firstPainted, &engine, &MpvEngine::release);
+    QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &MpvEngine::release);
     return program.start(commandLineText(QApplication::arguments().sliced(1))) ? QApplication::exec() : 0;
 }

@@ -131,6 +131,12 @@ void Playlist::followMainWindow(bool mainIsSeen)
     }
 }
 
+void Playlist::putAway()
+{
+    m_awayWithMain = false;
+    hide();
+}
+
 void Playlist::showEvent(QShowEvent *event)
 {
     m_awayWithMain = false;

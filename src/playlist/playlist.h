@@ -55,6 +55,9 @@ public:
     /// The main window has left the screen or come back to it: the play list goes with it and comes back with it.
     void followMainWindow(bool mainIsSeen);
 
+    /// Closes the play list for good: it does not come back with the main window.
+    void putAway();
+
 Q_SIGNALS:
     /// The play list menu is asked for at a point of the screen.
     void menuRequested(const QPoint &place);
