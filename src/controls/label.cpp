@@ -2,6 +2,7 @@
 #include "controls/label.h"
 
 #include "controls/skin_style.h"
+#include "controls/skin_window.h"
 #include "skins/palette.h"
 
 #include <QAccessible>
@@ -20,7 +21,7 @@ void Label::setCaption(const QString &caption)
     if (m_caption == caption)
         return;
     m_caption = caption;
-    update();
+    update(testAttribute(Qt::WA_OpaquePaintEvent) ? lineRect() : rect());
     if (QAccessible::isActive()) {
         QAccessibleEvent change(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&change);
@@ -54,15 +55,29 @@ void Label::setElided(bool elided)
     update();
 }
 
+void Label::setQuickPainted()
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+// The band that a line of text takes.
+QRect Label::lineRect() const
+{
+    const int height = fontMetrics().height();
+    return {0, (rect().height() - height) / 2, width(), height};
+}
+
 void Label::press()
 {
     if (m_isButton && isEnabled())
         Q_EMIT Click();
 }
 
-void Label::paintEvent(QPaintEvent *)
+void Label::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
+    if (const auto *skin = qobject_cast<SkinWindow *>(window()); skin && testAttribute(Qt::WA_OpaquePaintEvent))
+        skin->paintSkin(painter, event->rect(), mapTo(skin, QPoint()));
     paintFace(painter);
     QColor colour = m_colour;
     if (!isEnabled())

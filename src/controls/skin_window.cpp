@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-void paintPlainPanel(QPainter &painter, const QRect &place)
+void paintPlainPanel(QPainter &painter, const QRect &part, const QRect &window)
 {
-    painter.fillRect(place, QColor::fromRgb(palette::graphite));
+    painter.fillRect(part, QColor::fromRgb(palette::graphite));
     painter.setPen(QColor::fromRgb(palette::graphiteLight));
-    painter.drawRect(place.adjusted(0, 0, -1, -1));
+    painter.drawRect(window.adjusted(0, 0, -1, -1));
 }
 } // namespace
 
@@ -49,13 +49,22 @@ void SkinWindow::paintEvent(QPaintEvent *event)
     if (!m_background)
         m_background = picture(m_skin, devicePixelRatioF());
     QPainter painter(this);
-    painter.setClipRegion(event->region());
-    if (m_background->deviceIndependentSize().toSize() == size())
-        painter.drawPixmap(0, 0, *m_background);
-    else
-        paintPlainPanel(painter, rect());
+    for (const QRect &part : event->region())
+        paintSkin(painter, part, {});
     if (!std::exchange(m_painted, true))
         QMetaObject::invokeMethod(this, &SkinWindow::firstPainted, Qt::QueuedConnection);
+}
+
+void SkinWindow::paintSkin(QPainter &painter, const QRect &part, const QPoint &offset) const
+{
+    if (!m_background)
+        return;
+    const qreal density = m_background->devicePixelRatio();
+    const QRect place = part.translated(offset);
+    if (m_background->deviceIndependentSize().toSize() == size())
+        painter.drawPixmap(QRectF(part), *m_background, QRectF(place.topLeft() * density, place.size() * density));
+    else
+        paintPlainPanel(painter, part, rect().translated(-offset));
 }
 
 void SkinWindow::mousePressEvent(QMouseEvent *event)

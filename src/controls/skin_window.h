@@ -21,6 +21,10 @@ public:
     /// The skin's pixel at a place in logical pixels; the plain panel's colour without a skin.
     QColor skinColourAt(const QPoint &place) const;
 
+    /// Paints a part of the skin, given in the coordinates of a control at offset in the window. Nothing before the
+    /// window itself has been painted.
+    void paintSkin(QPainter &painter, const QRect &part, const QPoint &offset) const;
+
     /// Moves the window by a press of the mouse on its skin (or on what lets the press through to it).
     void DragBySkin(const QMouseEvent &event);
 
