@@ -2,6 +2,8 @@
 // stand for the control character of the same code, so that no byte is lost.
 #include "platform/ansi_text.h"
 
+#include "platform/file_names.h"
+
 #include <algorithm>
 #include <array>
 
@@ -57,11 +59,11 @@ QString fromAnsi(QByteArrayView bytes)
 
 QByteArray encodeTextFile(const QString &text)
 {
-    return fitsAnsi(text) ? toAnsi(text) : byteOrderMark + text.toUtf8();
+    const bool isPlain = fitsAnsi(text) && !toAnsi(text.left(3)).startsWith(byteOrderMark);
+    return isPlain ? toAnsi(text) : byteOrderMark + toOddUtf8(text);
 }
 
 QString decodeTextFile(QByteArrayView bytes)
 {
-    return bytes.startsWith(byteOrderMark) ? QString::fromUtf8(bytes.sliced(sizeof byteOrderMark - 1))
-                                           : fromAnsi(bytes);
+    return bytes.startsWith(byteOrderMark) ? fromOddUtf8(bytes.sliced(sizeof byteOrderMark - 1)) : fromAnsi(bytes);
 }

@@ -1,5 +1,6 @@
-// File names between the host's bytes and the program's texts. Every name of the host has a text of its own, and the
-// text leads back to the same bytes: bytes that are no UTF-8 travel as lone surrogates, a backslash as U+F05C.
+// File names, and texts that hold them, between the host's bytes and the program's texts. Every name of the host has a
+// text of its own, and the text leads back to the same bytes: bytes that are no UTF-8 travel as lone surrogates, a
+// backslash as U+F05C.
 #pragma once
 
 #include <QByteArray>
@@ -10,3 +11,7 @@ QString nameFromHost(QByteArrayView hostName);
 
 /// The host's bytes of a name or path in host form.
 QByteArray nameToHost(QStringView name);
+
+/// UTF-8 of a text that may hold names, their odd bytes as they were, and back. Backslashes stay what they are.
+QByteArray toOddUtf8(QStringView text);
+QString fromOddUtf8(QByteArrayView bytes);

@@ -18,6 +18,9 @@ bool isAscii(QByteArrayView bytes)
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// Keeps U+FEFF at the start: it is a part of the name.
+constexpr auto asGiven = QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom;
+
 // Decodes what is no valid UTF-8 as a whole: the longest valid stretches, the bytes between them one by one.
 QString decodeOddName(QByteArrayView bytes)
 {
@@ -25,7 +28,7 @@ QString decodeOddName(QByteArrayView bytes)
     while (!bytes.isEmpty()) {
         qsizetype taken = 0;
         for (qsizetype length = 1; length <= std::min<qsizetype>(4, bytes.size()) && taken == 0; ++length) {
-            QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+            QStringDecoder decoder(QStringDecoder::Utf8, asGiven);
             const QString character = decoder(bytes.first(length));
             if (!decoder.hasError() && !character.contains(QChar::ReplacementCharacter)) {
                 text += character;
@@ -40,38 +43,38 @@ QString decodeOddName(QByteArrayView bytes)
     }
     return text;
 }
+} // namespace
 
-QString decode(QByteArrayView bytes)
+QString fromOddUtf8(QByteArrayView bytes)
 {
     if (isAscii(bytes))
         return QString::fromLatin1(bytes);
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QStringDecoder decoder(QStringDecoder::Utf8, asGiven);
     const QString text = decoder(bytes);
     return decoder.hasError() ? decodeOddName(bytes) : text;
 }
-} // namespace
+
+QByteArray toOddUtf8(QStringView text)
+{
+    QByteArray bytes;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool paired = i > 0 && text[i - 1].isHighSurrogate();
+        if (!isOddByte(text[i]) || paired)
+            continue;
+        bytes += text.sliced(start, i - start).toUtf8();
+        bytes += static_cast<char>(text[i].unicode() - oddByteBase);
+        start = i + 1;
+    }
+    return bytes + text.sliced(start).toUtf8();
+}
 
 QString nameFromHost(QByteArrayView hostName)
 {
-    QString text = decode(hostName);
-    text.replace(u'\\', QChar(backslashStandIn));
-    return text;
+    return fromOddUtf8(hostName).replace(u'\\', QChar(backslashStandIn));
 }
 
 QByteArray nameToHost(QStringView name)
 {
-    QByteArray bytes;
-    qsizetype start = 0;
-    const auto flushUntil = [&](qsizetype end) { bytes += name.sliced(start, end - start).toUtf8(); };
-    for (qsizetype i = 0; i < name.size(); ++i) {
-        const bool paired = i > 0 && name[i - 1].isHighSurrogate();
-        const bool odd = isOddByte(name[i]) && !paired;
-        if (!odd && name[i] != QChar(backslashStandIn))
-            continue;
-        flushUntil(i);
-        bytes += odd ? static_cast<char>(name[i].unicode() - oddByteBase) : '\\';
-        start = i + 1;
-    }
-    flushUntil(name.size());
-    return bytes;
+    return toOddUtf8(name.toString().replace(QChar(backslashStandIn), u'\\'));
 }
