@@ -59,7 +59,8 @@ QString fromAnsi(QByteArrayView bytes)
 
 QByteArray encodeTextFile(const QString &text)
 {
-    return fitsAnsi(text) ? toAnsi(text) : byteOrderMark + textToBytes(text);
+    const bool isPlain = fitsAnsi(text) && !toAnsi(text.left(3)).startsWith(byteOrderMark);
+    return isPlain ? toAnsi(text) : byteOrderMark + textToBytes(text);
 }
 
 QString decodeTextFile(QByteArrayView bytes)

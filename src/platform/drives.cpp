@@ -125,7 +125,10 @@ QString programPath(const QString &anyPath)
 
 QString displayPath(const QString &path)
 {
-    QString text = QString::fromUtf8(hostPath(path));
+    const QByteArray host = hostPath(path);
+    if (host.isEmpty())
+        return path; // On a drive that this host does not have.
+    QString text = QString::fromUtf8(host);
     while (text.size() > 1 && text.endsWith(u'/'))
         text.chop(1);
     return text;

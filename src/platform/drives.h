@@ -26,5 +26,5 @@ QByteArray hostPathOnDisk(const QString &path);
 /// current folder.
 QString programPath(const QString &anyPath);
 
-/// What a person reads: the host's own form of a program path.
+/// What a person reads: the host's own form of a program path; the path as given for a drive that does not exist.
 QString displayPath(const QString &path);

@@ -18,6 +18,9 @@ bool isAscii(QByteArrayView bytes)
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// Keeps U+FEFF at the start: it is a part of the name.
+constexpr auto asGiven = QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom;
+
 // Decodes what is no valid UTF-8 as a whole: the longest valid stretches, the bytes between them one by one.
 QString decodeOddName(QByteArrayView bytes)
 {
@@ -29,7 +32,7 @@ QString decodeOddName(QByteArrayView bytes)
             taken = 1;
         }
         for (qsizetype length = 1; length <= std::min<qsizetype>(4, bytes.size()) && taken == 0; ++length) {
-            QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+            QStringDecoder decoder(QStringDecoder::Utf8, asGiven);
             const QString character = decoder(bytes.first(length));
             if (!decoder.hasError() && !character.contains(QChar::ReplacementCharacter)) {
                 text += character;
@@ -44,14 +47,13 @@ QString decodeOddName(QByteArrayView bytes)
     }
     return text;
 }
-
 } // namespace
 
 QString textFromBytes(QByteArrayView bytes)
 {
     if (isAscii(bytes))
         return QString::fromLatin1(bytes);
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QStringDecoder decoder(QStringDecoder::Utf8, asGiven);
     const QString text = decoder(bytes);
     return decoder.hasError() ? decodeOddName(bytes) : text;
 }
@@ -60,29 +62,23 @@ QByteArray textToBytes(QStringView text)
 {
     QByteArray bytes;
     qsizetype start = 0;
-    const auto flushUntil = [&](qsizetype end) { bytes += text.sliced(start, end - start).toUtf8(); };
     for (qsizetype i = 0; i < text.size(); ++i) {
         const bool paired = i > 0 && text[i - 1].isHighSurrogate();
         if (!isOddByte(text[i]) || paired)
             continue;
-        flushUntil(i);
+        bytes += text.sliced(start, i - start).toUtf8();
         bytes += static_cast<char>(text[i].unicode() - oddByteBase);
         start = i + 1;
     }
-    flushUntil(text.size());
-    return bytes;
+    return bytes + text.sliced(start).toUtf8();
 }
 
 QString nameFromHost(QByteArrayView hostName)
 {
-    QString text = textFromBytes(hostName);
-    text.replace(u'\\', QChar(backslashStandIn));
-    return text;
+    return textFromBytes(hostName).replace(u'\\', QChar(backslashStandIn));
 }
 
 QByteArray nameToHost(QStringView name)
 {
-    QString text = name.toString();
-    text.replace(QChar(backslashStandIn), u'\\');
-    return textToBytes(text);
+    return textToBytes(name.toString().replace(QChar(backslashStandIn), u'\\'));
 }

@@ -18,5 +18,6 @@ bool saveFile(const QString &path, QByteArrayView bytes)
     QSaveFile file(QFile::decodeName(hostPathOnDisk(path)));
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.commit();
+    // Flushed by hand: commit() takes no notice when its own flush meets a full disk.
+    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush() && file.commit();
 }

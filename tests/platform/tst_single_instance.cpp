@@ -1,0 +1,71 @@
+// One player a user: the second one knows, and nothing a dead one leaves behind keeps the next one away.
+#include "platform/desktop_places.h"
+#include "platform/single_instance.h"
+#include "support/crash_points.h"
+
+#include <QFile>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QString lockPath()
+{
+    return runtimeFolder() + u"/kiv-mp3.lock"_s;
+}
+
+// Runs in another process that ends without a farewell.
+bool anotherFindsOneRunning()
+{
+    return runWithFault(Fault::Death, 1000, [] {
+               const auto *left = new SingleInstance;
+               if (!left->isPreviousRunning())
+                   std::abort();
+           }) == Fate::Spared;
+}
+} // namespace
+
+class SingleInstanceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void the_first_one_holds_the_lock();
+    void what_a_dead_one_left_is_no_hindrance();
+    void plays_where_no_lock_can_be();
+};
+
+void SingleInstanceTest::the_first_one_holds_the_lock()
+{
+    {
+        const SingleInstance first;
+        QVERIFY(!first.isPreviousRunning());
+        QVERIFY(SingleInstance().isPreviousRunning());
+        QVERIFY(anotherFindsOneRunning());
+        QVERIFY(SingleInstance().isPreviousRunning()); // The second one's end took nothing away.
+    }
+    QVERIFY(!SingleInstance().isPreviousRunning());
+}
+
+void SingleInstanceTest::what_a_dead_one_left_is_no_hindrance()
+{
+    QVERIFY(!anotherFindsOneRunning());
+    QVERIFY(QFile::exists(lockPath()));
+    QVERIFY(!SingleInstance().isPreviousRunning());
+    for (const char *damage : {"", "garbage", "1\n"}) {
+        QFile lock(lockPath());
+        QVERIFY(lock.open(QIODevice::WriteOnly) && lock.write(damage) >= 0);
+        lock.close();
+        QVERIFY2(!SingleInstance().isPreviousRunning(), damage);
+    }
+}
+
+void SingleInstanceTest::plays_where_no_lock_can_be()
+{
+    qputenv("XDG_RUNTIME_DIR", "/proc");
+    QVERIFY(!SingleInstance().isPreviousRunning());
+}
+
+QTEST_GUILESS_MAIN(SingleInstanceTest)
+#include "tst_single_instance.moc"
