@@ -14,6 +14,7 @@ enum class Picture {
     ToolBarSkin,
     OptionsSkin,
     AboutSkin,
+    NoTagFrame,
     Play,
     PlayHover,
     PlayPressed,

@@ -262,6 +262,7 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidg
     switch (hint) {
     case SH_ScrollBar_Transient:
         return 0;
+    case SH_ComboBox_Popup: // A list with a scroll bar below the box, not a menu as tall as the screen.
     case SH_ItemView_ActivateItemOnSingleClick:
         return 0;
     default:

@@ -42,3 +42,12 @@ void TextBox::mousePressEvent(QMouseEvent *event)
     Q_EMIT MouseDown(event->button());
     QLineEdit::mousePressEvent(event);
 }
+
+void TextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->ignore();
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Q_EMIT MenuKeyDown(event);
+    if (!event->isAccepted())
+        QLineEdit::contextMenuEvent(event);
+}

@@ -26,7 +26,11 @@ Q_SIGNALS:
 
     void MouseDown(Qt::MouseButton button);
 
+    /// The keyboard asks for a menu; a handler that accepts the event has shown one in place of the editing menu.
+    void MenuKeyDown(QContextMenuEvent *event);
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 };

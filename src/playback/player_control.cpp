@@ -58,6 +58,7 @@ void PlayerControl::open(const QString &path)
 {
     m_engine.setFileName(path);
     m_engine.play();
+    noteSong(true);
     m_display.startTime();
 }
 
@@ -76,6 +77,13 @@ void PlayerControl::playSelected()
 void PlayerControl::stopEngine()
 {
     m_engine.stop();
+    noteSong(false);
+}
+
+void PlayerControl::noteSong(bool hasSong)
+{
+    m_hasSong = hasSong;
+    Q_EMIT playingPathChanged();
 }
 
 void PlayerControl::startSelected()
@@ -93,7 +101,7 @@ void PlayerControl::Label1_Click()
 // Stop: silence, an idle display, and every play mode off.
 void PlayerControl::Label2_Click()
 {
-    m_engine.stop();
+    stopEngine();
     m_display.showIdleTime();
     m_display.clearTitle();
     m_modes.clear();
@@ -121,10 +129,12 @@ void PlayerControl::Label4_Click()
 void PlayerControl::Label10_Click()
 {
     const bool isPaused = PlayStatus == paused;
-    if (isPaused)
+    if (isPaused) {
         m_engine.play();
-    else
+        noteSong(true);
+    } else {
         m_engine.pause();
+    }
     PlayStatus = isPaused ? playing : paused;
 }
 
@@ -159,6 +169,7 @@ void PlayerControl::Timer3_Timer()
 // starts which timer is as old as the player: "Auto Play" repeats, and the mark that would advance is one no menu sets.
 void PlayerControl::MediaPlayer1_EndOfStream()
 {
+    noteSong(false);
     m_display.showIdleTime();
     m_display.stopTitle();
     Q_EMIT songEnded();
@@ -171,5 +182,6 @@ void PlayerControl::MediaPlayer1_EndOfStream()
 // The engine failed: its reason in an error box, nothing else.
 void PlayerControl::MediaPlayer1_Error()
 {
+    noteSong(false);
     MsgBox::showError(lastError());
 }

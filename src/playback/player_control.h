@@ -62,8 +62,8 @@ public:
     /// The engine's loudness in hundredths of a decibel.
     int engineVolume() const { return m_engine.volume(); }
 
-    /// The file the engine has, as a program path; "" before the first.
-    QString playingPath() const { return m_engine.fileName(); }
+    /// The song that plays or is held, as a program path; "" before the first, and once it was stopped or has ended.
+    QString playingPath() const { return m_hasSong ? m_engine.fileName() : QString(); }
 
     std::int32_t SongIndex = 0; // Row of File1 that the automatic advance starts from.
     QString PlayStatus;         // "Paused" after a pause, "Playing" after going on, "" before the first.
@@ -72,6 +72,9 @@ public:
 Q_SIGNALS:
     /// The song has played to its end and the display is idle. Who has a song to follow starts it later, not in here.
     void songEnded();
+
+    /// playingPath() may be another one.
+    void playingPathChanged();
 
 private:
     void connectHandlers();
@@ -86,10 +89,12 @@ private:
     void MediaPlayer1_EndOfStream();
     void MediaPlayer1_Error();
     void startSelected();
+    void noteSong(bool hasSong);
 
     MediaEngine &m_engine;
     SongList &m_songs;
     PlayModes &m_modes;
     PositionDisplay &m_display;
     TransportControls m_controls;
+    bool m_hasSong = false; // A song plays or is held.
 };

@@ -1,0 +1,7 @@
+// Where windows go.
+#pragma once
+
+class QWidget;
+
+/// Moves a window to the middle of its screen, slightly above.
+void CenterWindow(QWidget &window);

@@ -1,0 +1,63 @@
+// A part of a window with a caption of its own.
+#include "controls/frame.h"
+
+#include "controls/fonts.h"
+#include "skins/palette.h"
+
+#include <QPainter>
+
+namespace
+{
+constexpr QPoint captionPlace(12, 4);
+constexpr int captionPixels = 11;
+
+// As the skins draw a plate: a groove around it, its outer edge lit from the top left.
+void paintPlate(QPainter &painter, const QRectF &place)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor::fromRgb(palette::graphiteLight));
+    painter.setBrush(QColor::fromRgb(palette::graphite));
+    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+    painter.setPen(QColor::fromRgb(palette::ink));
+    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -1.5, -1.5), 4, 4);
+}
+} // namespace
+
+Frame::Frame(QWidget *parent, const ControlSetup &setup, const QString &caption) : QWidget(parent), m_caption(caption)
+{
+    setUpControl(*this, setup);
+    setFont(fonts::font(fonts::Face::SmallFonts, captionPixels));
+    if (!caption.isEmpty())
+        setAccessibleName(caption);
+}
+
+void Frame::setPicture(Picture picture)
+{
+    m_picture = picture;
+    m_isCovering = true;
+}
+
+void Frame::setPlate()
+{
+    m_isCovering = true;
+}
+
+ControlSetup Frame::inside(ControlSetup setup) const
+{
+    setup.place.translate(-pos());
+    return setup;
+}
+
+void Frame::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (m_isCovering && m_picture != Picture::Count && !m_background)
+        m_background = picture(m_picture, devicePixelRatioF());
+    if (m_background && !m_background->isNull())
+        painter.drawPixmap(0, 0, *m_background);
+    else if (m_isCovering)
+        paintPlate(painter, rect());
+    painter.setPen(QColor::fromRgb(palette::captionDim));
+    painter.drawText(rect().adjusted(captionPlace.x(), captionPlace.y(), 0, 0), Qt::AlignLeft | Qt::AlignTop,
+                     m_caption);
+}

@@ -1,0 +1,36 @@
+// A part of a window with a caption of its own; the controls that belong together are its children. It comes and goes
+// with them. Pressing the mouse on it drags the window as pressing the skin does.
+#pragma once
+
+#include "controls/control.h"
+#include "controls/pictures.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class Frame : public QWidget
+{
+    Q_OBJECT
+
+public:
+    Frame(QWidget *parent, const ControlSetup &setup, const QString &caption);
+
+    /// Paints a picture under the children, over what the skin shows there.
+    void setPicture(Picture picture);
+
+    /// Paints an empty plate there; also what stands in for a missing picture.
+    void setPlate();
+
+    /// Where a control with a place on the window lies in here.
+    ControlSetup inside(ControlSetup setup) const;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_caption;
+    Picture m_picture = Picture::Count;
+    std::optional<QPixmap> m_background; // Loaded at the first paint.
+    bool m_isCovering = false;
+};

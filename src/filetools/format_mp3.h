@@ -1,0 +1,78 @@
+// The name formatter: browse a folder, choose a file, and its name is proposed in a tidy form that can be edited; then
+// the file gets it. How names are tidied is in name_proposal; the menus over the files are opened by Menus.
+#pragma once
+
+#include "controls/dir_list_box.h"
+#include "controls/file_list_box.h"
+#include "controls/label.h"
+#include "controls/skin_window.h"
+#include "controls/text_box.h"
+
+class Mp3Info;
+class PlayerControl;
+class SongList;
+class TagEdit;
+class VScrollBar;
+
+class FormatMp3 : public SkinWindow
+{
+    Q_OBJECT
+
+public:
+    /// Plays through player, tells the song menu's songs, reads tags with info, moves the volume, and shows each file
+    /// in tagEdit.
+    FormatMp3(PlayerControl &player, SongList &songs, Mp3Info &info, VScrollBar &volume, TagEdit &tagEdit);
+
+    /// Opens on the music folder, with the song that is chosen there.
+    void openOnSongs();
+
+    /// Artist and title of the chosen file's tag become the proposal. Without a chosen file nothing happens.
+    void useTag();
+
+    /// Shows a window with the data of the chosen file in its list.
+    void LoadMp3Info(QWidget &target, ListBox &List1);
+
+    /// The name under the mouse, frozen while MoveMenuOpen; "" beside the files.
+    QString pointedFile() const { return m_pointedFile; }
+
+    bool MoveMenuOpen = false; // True while the menu over the files is up.
+
+    DirListBox Dir1;   // The folders; an opened one is shown in File1.
+    FileListBox File1; // The files of the folder; choosing one proposes a name, a double click or Enter plays it.
+    TextBox Text1;     // The new name, its ending included; Enter renames.
+    Label Label1;      // Rename the chosen file.
+    Label Label2;      // Close, back to the main window.
+
+Q_SIGNALS:
+    /// The window has been put away; the main one is wanted back.
+    void done();
+
+private:
+    void connectHandlers();
+    void Dir1_Change();
+    void File1_Click();
+    void File1_DblClick();
+    void File1_KeyDown(QKeyEvent *event);
+    void File1_MouseDown();
+    void File1_MouseMove(int row);
+    void Text1_KeyDown(QKeyEvent *event);
+    void Label1_Click();
+    void Label2_Click();
+
+    void placeForTwo();
+    void choose(const QString &name);
+    void showInTagEdit(const QString &path);
+    void deleteChosen();
+    void swapSides();
+    void changeVolume(int steps);
+    void renameTo(const QString &oldPath, const QString &newPath);
+    void refuseRename();
+    QString chosenName() const { return File1.List(File1.ListIndex()); }
+
+    PlayerControl &m_player;
+    SongList &m_songs;
+    Mp3Info &m_info;
+    VScrollBar &m_volume;
+    TagEdit &m_tagEdit;
+    QString m_pointedFile;
+};
