@@ -38,6 +38,13 @@ void preferX11()
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
+// The windows are small: a picture of one goes to the X server with the request itself. In shared memory the server
+// would have to tell after each painting that it has read it, which wakes the player up twice as often.
+void paintWithoutSharedMemory()
+{
+    if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM"))
+        qputenv("QT_XCB_NO_MITSHM", "1");
+}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -45,6 +52,7 @@ int main(int argc, char *argv[])
     if (argc == 2 && answersOption(argv[1]))
         return 0;
     preferX11();
+    paintWithoutSharedMemory();
     QApplication::setStyle(new SkinStyle);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"KiV Mp3"_s);
@@ -53,6 +61,8 @@ int main(int argc, char *argv[])
     installAccessibility();
 
     MpvEngine engine;
+    engine.holdUntilShown(); // The sound library takes longer to load than the window to show.
     Program program(engine);
+    QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &MpvEngine::release);
     return program.start(commandLineText(QApplication::arguments().sliced(1))) ? QApplication::exec() : 0;
 }

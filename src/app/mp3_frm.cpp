@@ -9,8 +9,10 @@
 #include "platform/desktop_places.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
+#include "settings/frm_options.h"
 #include "settings/setting_paths.h"
 #include "settings/settings_store.h"
+#include "settings/window_shape.h"
 #include "skins/palette.h"
 #include "skins/places.h"
 
@@ -113,6 +115,8 @@ void Mp3Frm::connectHandlers()
 
 void Mp3Frm::Load()
 {
+    for (PictureBox *button : {&bPrev, &bPlay, &bPause, &bStop, &bNext})
+        ShapeFromPicture(*button);
     File1.setPath(firstMusicFolder(File1.extensions()));
     Label7.setCaption({});
     if (!FileExists(paths::settingsFile))
@@ -151,7 +155,7 @@ void Mp3Frm::setMusicFolder(const QString &path)
 void Mp3Frm::setToolTipData(bool on)
 {
     m_toolTipData = on;
-    File1.setToolTip(on ? u"Click Song To Start Display Data."_s : QString());
+    File1.setToolTip(frmOptions::songListHint(on));
 }
 
 void Mp3Frm::bringBack()

@@ -2,10 +2,16 @@
 #include "app/program.h"
 
 #include "base/names.h"
-#include "settings/settings_store.h"
+#include "base/numbers.h"
+#include "base/play_time.h"
+#include "platform/drives.h"
+#include "settings/folder_picker.h"
+#include "settings/translucency.h"
 
 #include <QCoreApplication>
 #include <QThread>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -13,18 +19,49 @@ constexpr int partingPauses = 2;
 constexpr int partingPauseMs = 100;
 } // namespace
 
-Program::Program(MediaEngine &engine) : m_modes(this), m_mp3Frm(engine, m_modes), m_engine(engine)
+Program::Program(MediaEngine &engine)
+    : m_modes(this), m_mp3Frm(engine, m_modes), m_toolBar(m_mp3Frm.File1, m_options),
+      m_playlist(m_mp3Frm.File1, m_mp3Frm.player()), m_songSearch(m_mp3Frm.File1, m_mp3Frm.player())
 {
-    connectHandlers();
-    m_mp3Frm.Load();
-    ensureSettingsFolder();
+    connectMainWindow();
+    connectOtherWindows();
+    load();
 }
 
-void Program::connectHandlers()
+void Program::connectMainWindow()
 {
+    connect(&m_mp3Frm, &SkinWindow::firstPainted, &m_trayIcon, &TrayIcon::AddTrayIcon);
+    connect(&m_mp3Frm, &SkinWindow::seenChanged, &m_playlist, &Playlist::followMainWindow);
+    connect(&m_mp3Frm, &Mp3Frm::songPicked, this, &Program::addPickedSong);
+    connect(&m_mp3Frm, &Mp3Frm::folderWanted, this, &Program::chooseFolder);
     connect(&m_mp3Frm, &Mp3Frm::hideWanted, this, &Program::hideMainWindow);
+    connect(&m_mp3Frm, &Mp3Frm::songNameChanged, this, &Program::tellTray);
     connect(&m_mp3Frm, &Mp3Frm::leaving, this, &Program::leave);
     connect(&m_mp3Frm, &Mp3Frm::unloaded, this, [] { QCoreApplication::quit(); });
+    connect(&m_mp3Frm.player(), &PlayerControl::songEnded, this, [this] {
+        if (m_playlist.isOpen())
+            m_playlist.enableNextSong();
+    });
+}
+
+void Program::connectOtherWindows()
+{
+    connect(&m_options, &frmOptions::toolTipDataChanged, &m_mp3Frm, &Mp3Frm::setToolTipData);
+    connect(&m_options, &frmOptions::translucencyApplied, this, &Program::applyTranslucency);
+    connect(&m_toolBar, &ToolBar::folderConfirmed, &m_mp3Frm.songs(), &SongList::rebuildDisplayCopy);
+    connect(&m_toolBar, &ToolBar::folderConfirmed, &m_songSearch, &SongSearch::clearSearch);
+    connect(&m_about, &About::done, &m_mp3Frm, &Mp3Frm::bringBack);
+    connect(&m_trayIcon, &TrayIcon::Click, this, &Program::trayClicked);
+}
+
+// The loads in their order. The options load themselves when the main window's load asks for the first flag.
+void Program::load()
+{
+    if (m_options.translucencyChosen())
+        applyTranslucency(true);
+    m_mp3Frm.Load();
+    m_toolBar.Load();
+    m_playlist.Load();
 }
 
 bool Program::start(const QString &commandLine)
@@ -32,9 +69,8 @@ bool Program::start(const QString &commandLine)
     if (m_instance.isPreviousRunning())
         return false;
     if (commandLine.isEmpty()) {
-        m_splash = std::make_unique<Splash>();
-        m_splash->animate();
-        m_splash->hide();
+        Splash splash;
+        splash.animate();
     } else {
         playCommandLine(commandLine);
     }
@@ -50,13 +86,63 @@ void Program::playCommandLine(const QString &commandLine)
     m_mp3Frm.setMusicFolder(FolderFromPath(path));
 }
 
-void Program::hideMainWindow()
+// Space on a song adds it to the play list while that is on the screen: its bare name and how long it plays.
+void Program::addPickedSong(const QString &name)
 {
-    m_mp3Frm.showMinimized();
+    if (name.isEmpty() || !m_playlist.isVisible())
+        return;
+    const QuickHeader header = QuickMp3Header(tidyPathIn(m_mp3Frm.File1.Path(), name));
+    m_playlist.addSong(withoutExtension(name), FormatPlayTime(roundHalfEven(numericValue(header.length))));
 }
 
+void Program::chooseFolder()
+{
+    if (!m_options.browseDialogChosen()) {
+        m_toolBar.show();
+        m_toolBar.raise();
+        return;
+    }
+    const QString folder = FolderPicker::BrowseForFolder(&m_mp3Frm, u"Select Mp3 Path"_s, m_mp3Frm.File1.Path());
+    if (!folder.isEmpty())
+        m_mp3Frm.setMusicFolder(folder);
+}
+
+void Program::applyTranslucency(bool on)
+{
+    for (QWidget *window : std::initializer_list<QWidget *>{&m_mp3Frm, &m_toolBar, &m_playlist, &m_about})
+        MakeTranslucent(*window, asFlag(on));
+}
+
+// Away to the tray; where there is none the window is only minimised, so that it is never lost.
+void Program::hideMainWindow()
+{
+    if (!m_trayIcon.isTrayThere()) {
+        m_mp3Frm.showMinimized();
+        return;
+    }
+    m_mp3Frm.hide();
+    m_mp3Frm.setWindowState(Qt::WindowMinimized);
+}
+
+// The main window comes back, in front and alone.
+void Program::trayClicked()
+{
+    for (QWidget *window : std::initializer_list<QWidget *>{&m_mp3Frm, &m_toolBar, &m_songSearch})
+        window->hide();
+    m_playlist.putAway();
+    m_mp3Frm.bringBack();
+}
+
+void Program::tellTray(const QString &songName)
+{
+    m_trayIcon.UpdateTrayIcon(m_trayPicture, songName);
+}
+
+// The settings are written; the play list follows, the icon goes, and after two short pauses the program ends.
 void Program::leave()
 {
+    m_playlist.saveLists();
+    m_trayIcon.RemoveTrayIcon();
     for (int pause = 0; pause < partingPauses; ++pause) {
         QThread::msleep(partingPauseMs);
         QCoreApplication::processEvents();

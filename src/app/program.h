@@ -2,9 +2,15 @@
 // what another one does, and ends it all.
 #pragma once
 
+#include "app/about.h"
 #include "app/mp3_frm.h"
 #include "app/splash.h"
 #include "platform/single_instance.h"
+#include "playlist/playlist.h"
+#include "playlist/song_search.h"
+#include "settings/frm_options.h"
+#include "settings/tool_bar.h"
+#include "settings/tray_icon.h"
 
 #include <memory>
 
@@ -20,16 +26,30 @@ public:
     /// when another player runs already and this one is to end, unseen.
     bool start(const QString &commandLine);
 
-    PlayModes m_modes;
-    Mp3Frm m_mp3Frm;
+    Mp3Frm &mainWindow() { return m_mp3Frm; }
 
 private:
-    void connectHandlers();
+    void connectMainWindow();
+    void connectOtherWindows();
+    void load();
     void playCommandLine(const QString &commandLine);
+
+    void addPickedSong(const QString &name);
+    void chooseFolder();
+    void applyTranslucency(bool on);
     void hideMainWindow();
+    void trayClicked();
+    void tellTray(const QString &songName);
     void leave();
 
     SingleInstance m_instance;
-    MediaEngine &m_engine;
-    std::unique_ptr<Splash> m_splash;
+    PlayModes m_modes;
+    Mp3Frm m_mp3Frm;
+    frmOptions m_options;
+    ToolBar m_toolBar;
+    Playlist m_playlist;
+    About m_about;
+    SongSearch m_songSearch;
+    TrayIcon m_trayIcon;
+    QIcon m_trayPicture; // Handed to the tray with each tip; the first time it hands the player's own back.
 };

@@ -68,7 +68,7 @@ void Label::paintEvent(QPaintEvent *)
     if (!isEnabled())
         colour.setAlphaF(0.4F);
     painter.setPen(colour);
-    const QRect place = rect().translated(0, m_isButton && m_pressed ? 1 : 0);
+    const QRect place = m_isButton && m_pressed ? rect().translated(1, 1) : rect();
     const QString text = m_elided ? fontMetrics().elidedText(m_caption, Qt::ElideRight, width()) : m_caption;
     painter.drawText(place, static_cast<int>(m_alignment) | Qt::TextSingleLine | Qt::TextIncludeTrailingSpaces, text);
     if (hasFocus())
@@ -81,7 +81,7 @@ void Label::paintFace(QPainter &painter) const
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(m_pressed ? QColor(0, 0, 0, 70) : QColor(255, 255, 255, 22));
+    painter.setBrush(QColor::fromRgba(m_pressed ? palette::keyPressed : palette::keyHover));
     painter.drawRoundedRect(rect(), 3, 3);
 }
 

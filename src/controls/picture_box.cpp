@@ -20,6 +20,14 @@ void PictureBox::setPicture(Picture normal)
     update();
 }
 
+void PictureBox::showPictureOf(PictureBox &other)
+{
+    other.pixmap(Look::Normal);
+    m_pictures = other.m_pictures;
+    m_pixmaps = other.m_pixmaps;
+    update();
+}
+
 void PictureBox::setButton(Picture normal, Picture hovered, Picture pressed, const QString &glyph)
 {
     m_pictures = {normal, hovered, pressed};

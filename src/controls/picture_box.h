@@ -19,6 +19,9 @@ public:
     /// Shows one picture, no button. Loaded when first painted.
     void setPicture(Picture normal);
 
+    /// Shows what another box shows, loaded once for both: the frames of an animation wait in boxes of their own.
+    void showPictureOf(PictureBox &other);
+
     /// Makes it a button with three pictures. Without them (missing files) a plain face with the glyph is painted.
     void setButton(Picture normal, Picture hovered, Picture pressed, const QString &glyph);
 

@@ -12,6 +12,7 @@ namespace
 {
 constexpr int barThickness = 14;
 constexpr int shortestThumb = 28;
+constexpr int rowAir = 4; // Between the rows of a list.
 
 QColor colour(QRgb value)
 {
@@ -23,16 +24,41 @@ QColor lit(QRgb value, int percent)
     return colour(value).lighter(percent);
 }
 
+// A knob of brushed metal: lit from the top left, the accent across its middle.
 void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider &option)
 {
     const bool held = (option.state & QStyle::State_Sunken) && (option.activeSubControls & QStyle::SC_ScrollBarSlider);
-    paintButtonFace(painter, place.adjusted(2, 2, -2, -2), held ? ButtonLook::Hovered : ButtonLook::Normal);
+    const bool across = option.orientation == Qt::Horizontal;
+    const QRectF knob =
+        QRectF(across ? place.adjusted(0, 1, 0, -1) : place.adjusted(1, 0, -1, 0)).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(colour(palette::ink));
+    painter.setBrush(held ? lit(palette::thumbFace, 115) : colour(palette::thumbFace));
+    painter.drawRoundedRect(knob, 2, 2);
+    painter.setPen(colour(palette::thumbLight));
+    painter.drawPolyline(QPolygonF{knob.bottomLeft() + QPointF(1, -2), knob.topLeft() + QPointF(1, 1),
+                                   knob.topRight() + QPointF(-2, 1)});
+    painter.setPen(colour(palette::thumbShade));
+    painter.drawPolyline(QPolygonF{knob.bottomLeft() + QPointF(2, -1), knob.bottomRight() + QPointF(-1, -1),
+                                   knob.topRight() + QPointF(-1, 2)});
     painter.setPen(QPen(colour(palette::accent), 2));
-    const QPoint middle = place.center();
-    if (option.orientation == Qt::Horizontal)
-        painter.drawLine(middle.x() + 1, place.top() + 5, middle.x() + 1, place.bottom() - 4);
+    const QPointF middle = knob.center();
+    if (across)
+        painter.drawLine(QPointF(middle.x(), knob.top() + 2), QPointF(middle.x(), knob.bottom() - 2));
     else
-        painter.drawLine(place.left() + 5, middle.y() + 1, place.right() - 4, middle.y() + 1);
+        painter.drawLine(QPointF(knob.left() + 2, middle.y()), QPointF(knob.right() - 2, middle.y()));
+}
+
+// The thumb of a list's own bar: plain, so that the knobs stay the sliders'.
+void paintListThumb(QPainter &painter, const QRect &place)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour(palette::faceLight));
+    painter.drawRoundedRect(place.adjusted(3, 2, -3, -2), 3, 3);
+}
+
+bool isSlider(const QWidget *widget)
+{
+    return widget && (widget->inherits("HScrollBar") || widget->inherits("VScrollBar"));
 }
 
 void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
@@ -43,9 +69,11 @@ void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSl
     painter.drawRoundedRect(option.rect, 3, 3);
     if (option.state & QStyle::State_HasFocus)
         paintFocusRing(painter, option.rect);
-    if (option.maximum > option.minimum || widget->inherits("HScrollBar") || widget->inherits("VScrollBar"))
-        paintThumb(painter, style.subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, widget),
-                   option);
+    const QRect thumb = style.subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, widget);
+    if (isSlider(widget))
+        paintThumb(painter, thumb, option);
+    else if (option.maximum > option.minimum)
+        paintListThumb(painter, thumb);
 }
 
 // The thumb's place along the bar: nothing but a groove and a thumb, no arrows.
@@ -188,8 +216,7 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control != CC_ScrollBar || !bar)
         return QProxyStyle::subControlRect(control, option, part, widget);
-    const bool shortThumb = widget && (widget->inherits("HScrollBar") || widget->inherits("VScrollBar"));
-    const QRect thumb = thumbPlace(*bar, shortThumb);
+    const QRect thumb = thumbPlace(*bar, isSlider(widget));
     const bool horizontal = bar->orientation == Qt::Horizontal;
     switch (part) {
     case SC_ScrollBarGroove:
@@ -205,6 +232,13 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     default:
         return {};
     }
+}
+
+QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
+                                  const QWidget *widget) const
+{
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_ItemViewItem ? size + QSize(0, rowAir) : size;
 }
 
 int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const

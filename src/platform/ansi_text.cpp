@@ -2,6 +2,8 @@
 // stand for the control character of the same code, so that no byte is lost.
 #include "platform/ansi_text.h"
 
+#include "platform/file_names.h"
+
 #include <algorithm>
 #include <array>
 
@@ -57,11 +59,10 @@ QString fromAnsi(QByteArrayView bytes)
 
 QByteArray encodeTextFile(const QString &text)
 {
-    return fitsAnsi(text) ? toAnsi(text) : byteOrderMark + text.toUtf8();
+    return fitsAnsi(text) ? toAnsi(text) : byteOrderMark + textToBytes(text);
 }
 
 QString decodeTextFile(QByteArrayView bytes)
 {
-    return bytes.startsWith(byteOrderMark) ? QString::fromUtf8(bytes.sliced(sizeof byteOrderMark - 1))
-                                           : fromAnsi(bytes);
+    return bytes.startsWith(byteOrderMark) ? textFromBytes(bytes.sliced(sizeof byteOrderMark - 1)) : fromAnsi(bytes);
 }

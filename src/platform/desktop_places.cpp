@@ -60,7 +60,7 @@ QString firstMusicFolder(const QStringList &extensions)
 {
     for (const QString &folder : {QDir::currentPath(), musicFolder(), demoSongsFolder()}) {
         const QString path = programPath(folder);
-        if (!path.isEmpty() && !filesIn(path, extensions).isEmpty())
+        if (!path.isEmpty() && holdsFile(path, extensions))
             return path;
     }
     return programPath(musicFolder());

@@ -10,3 +10,7 @@ QString nameFromHost(QByteArrayView hostName);
 
 /// The host's bytes of a name or path in host form.
 QByteArray nameToHost(QStringView name);
+
+/// UTF-8 and back; bytes that are no UTF-8 travel as in names, so that a text that holds such a name can be kept.
+QString textFromBytes(QByteArrayView bytes);
+QByteArray textToBytes(QStringView text);

@@ -24,6 +24,10 @@ QString decodeOddName(QByteArrayView bytes)
     QString text;
     while (!bytes.isEmpty()) {
         qsizetype taken = 0;
+        if (isAscii(bytes.first(1))) { // Most of a long text.
+            text += QLatin1Char(bytes.front());
+            taken = 1;
+        }
         for (qsizetype length = 1; length <= std::min<qsizetype>(4, bytes.size()) && taken == 0; ++length) {
             QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
             const QString character = decoder(bytes.first(length));
@@ -41,7 +45,9 @@ QString decodeOddName(QByteArrayView bytes)
     return text;
 }
 
-QString decode(QByteArrayView bytes)
+} // namespace
+
+QString textFromBytes(QByteArrayView bytes)
 {
     if (isAscii(bytes))
         return QString::fromLatin1(bytes);
@@ -49,29 +55,34 @@ QString decode(QByteArrayView bytes)
     const QString text = decoder(bytes);
     return decoder.hasError() ? decodeOddName(bytes) : text;
 }
-} // namespace
+
+QByteArray textToBytes(QStringView text)
+{
+    QByteArray bytes;
+    qsizetype start = 0;
+    const auto flushUntil = [&](qsizetype end) { bytes += text.sliced(start, end - start).toUtf8(); };
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool paired = i > 0 && text[i - 1].isHighSurrogate();
+        if (!isOddByte(text[i]) || paired)
+            continue;
+        flushUntil(i);
+        bytes += static_cast<char>(text[i].unicode() - oddByteBase);
+        start = i + 1;
+    }
+    flushUntil(text.size());
+    return bytes;
+}
 
 QString nameFromHost(QByteArrayView hostName)
 {
-    QString text = decode(hostName);
+    QString text = textFromBytes(hostName);
     text.replace(u'\\', QChar(backslashStandIn));
     return text;
 }
 
 QByteArray nameToHost(QStringView name)
 {
-    QByteArray bytes;
-    qsizetype start = 0;
-    const auto flushUntil = [&](qsizetype end) { bytes += name.sliced(start, end - start).toUtf8(); };
-    for (qsizetype i = 0; i < name.size(); ++i) {
-        const bool paired = i > 0 && name[i - 1].isHighSurrogate();
-        const bool odd = isOddByte(name[i]) && !paired;
-        if (!odd && name[i] != QChar(backslashStandIn))
-            continue;
-        flushUntil(i);
-        bytes += odd ? static_cast<char>(name[i].unicode() - oddByteBase) : '\\';
-        start = i + 1;
-    }
-    flushUntil(name.size());
-    return bytes;
+    QString text = name.toString();
+    text.replace(QChar(backslashStandIn), u'\\');
+    return textToBytes(text);
 }

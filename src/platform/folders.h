@@ -22,6 +22,9 @@ std::optional<qint64> fileLength(const QString &path);
 /// hidden ones are left out. Unsorted. Empty for a folder that cannot be read.
 QStringList filesIn(const QString &folder, const QStringList &extensions = {});
 
+/// Is there at least one such file? Stops reading at the first.
+bool holdsFile(const QString &folder, const QStringList &extensions = {});
+
 /// Names of the folders in a folder, hidden ones left out, unsorted. Empty for a folder that cannot be read.
 QStringList foldersIn(const QString &folder);
 

@@ -57,27 +57,22 @@ void visitEntries(const QByteArray &hostFolder, Kind kind, const QList<QByteArra
     }
 }
 
-QStringList namesIn(const QString &folder, Kind kind, const QStringList &extensions)
+QList<QByteArray> endingsOf(const QStringList &extensions)
 {
     QList<QByteArray> endings;
     for (const QString &extension : extensions)
         endings += '.' + nameToHost(extension);
+    return endings;
+}
+
+QStringList namesIn(const QString &folder, Kind kind, const QStringList &extensions)
+{
     QStringList names;
-    visitEntries(hostPathOnDisk(folder), kind, endings, [&](QByteArrayView name) {
+    visitEntries(hostPathOnDisk(folder), kind, endingsOf(extensions), [&](QByteArrayView name) {
         names += nameFromHost(name);
         return true;
     });
     return names;
-}
-
-bool holdsFile(const QString &folder)
-{
-    bool found = false;
-    visitEntries(hostPathOnDisk(folder), Kind::File, {}, [&](QByteArrayView) {
-        found = true;
-        return false;
-    });
-    return found;
 }
 } // namespace
 
@@ -103,6 +98,16 @@ std::optional<qint64> fileLength(const QString &path)
 QStringList filesIn(const QString &folder, const QStringList &extensions)
 {
     return namesIn(folder, Kind::File, extensions);
+}
+
+bool holdsFile(const QString &folder, const QStringList &extensions)
+{
+    bool found = false;
+    visitEntries(hostPathOnDisk(folder), Kind::File, endingsOf(extensions), [&](QByteArrayView) {
+        found = true;
+        return false;
+    });
+    return found;
 }
 
 QStringList foldersIn(const QString &folder)

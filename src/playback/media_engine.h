@@ -12,11 +12,13 @@ class MediaEngine : public QObject
 public:
     using QObject::QObject;
 
-    /// The song to play, as a program path. Setting it opens the file once the current handler has returned.
+    /// The song to play, as a program path. Setting it silences the song before and opens the file once the current
+    /// handler has returned; of several requests in one handler only the last counts. "" closes without an error.
     virtual QString fileName() const = 0;
     virtual void setFileName(const QString &path) = 0;
 
-    /// Starts the file, or goes on after a pause.
+    /// Starts the file, or goes on after a pause; from the beginning when it was stopped or has ended. Without a file
+    /// nothing happens.
     virtual void play() = 0;
 
     /// Holds the sound and keeps the position. Without a song nothing happens.
@@ -43,7 +45,7 @@ Q_SIGNALS:
     /// The open file has played to its end; the argument says nothing.
     void endOfStream(int result);
 
-    /// The file could not be played; lastError() says why.
+    /// The file could not be played; lastError() says why. Told once for each request that fails.
     void errorOccurred();
 
     /// Position, length or isPlaying() changed otherwise than by the passing of time.

@@ -57,6 +57,7 @@ private:
     bool findFunctions();
     void setOption(const char *name, const QByteArray &value);
     void chooseOutput();
+    void setFarAhead(bool on);
     void command(const QList<QByteArray> &words, quint64 serial = 0);
     void drain();
     static void wake(void *core);
@@ -69,5 +70,8 @@ private:
     std::unique_ptr<Functions> m_mpv; // libmpv's functions.
     struct mpv_handle *m_handle = nullptr;
     bool m_isSilenceExpected = false; // No sound device is wanted, or its lack was told already.
+    bool m_isRecording = false;       // The output is a file.
+    bool m_isDeviceOpen = false;      // A song has sounded since libmpv was idle.
+    bool m_isFarAhead = true;         // How far the sound device is, or will be, filled.
     bool m_isIdle = true;             // No song, and the sound device is closed.
 };

@@ -14,6 +14,7 @@
 
 namespace
 {
+constexpr double lastMomentSeconds = 0.5;
 constexpr int silentVolume = -10000;
 constexpr int longestHoldMs = 2000;
 constexpr int clockTrustMs = 4000;   // So long the reckoned position is shown unchecked.
@@ -111,8 +112,8 @@ void MpvEngine::setCurrentPosition(double seconds)
 
 void MpvEngine::setVolume(int hundredthsOfDecibel)
 {
-    m_volume = std::clamp(hundredthsOfDecibel, silentVolume, 0);
-    if (m_core)
+    const int wanted = std::clamp(hundredthsOfDecibel, silentVolume, 0);
+    if (std::exchange(m_volume, wanted) != wanted && m_core)
         m_core->setVolume(m_volume);
 }
 
@@ -210,12 +211,12 @@ void MpvEngine::refreshClock() const
     m_core->askDuration(m_songSerial);
 }
 
-// Goes to the place that is shown already. A place beyond the end would end the song.
+// Goes to the place that is shown already. At the end, or beyond it, the song's last moment is still heard.
 void MpvEngine::seek()
 {
     ++m_serial;
     if (m_duration > 0)
-        m_seekTarget = std::min(*m_seekTarget, m_duration);
+        m_seekTarget = std::clamp(*m_seekTarget, 0.0, std::max(m_duration - lastMomentSeconds, 0.0));
     m_sinceSeek.start();
     m_core->seek(*m_seekTarget);
 }

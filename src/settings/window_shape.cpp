@@ -5,7 +5,6 @@
 #include "controls/picture_box.h"
 
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 namespace
@@ -48,26 +47,23 @@ void tidy(Row &row)
     row.resize(last + 1);
 }
 
+constexpr int noRun = -1;
+
 // Collects the spans of one row. openRun is the first column of a run that the row before did not close.
-void scanRow(const QRgb *pixels, int width, KeyColour key, std::optional<int> &openRun, Row &row)
+void scanRow(const QRgb *pixels, int width, KeyColour key, int &openRun, Row &row)
 {
-    const auto isKey = [key](QRgb pixel) { return key.matches(pixel); };
-    const QRgb *const end = pixels + width;
     row.clear();
-    for (const QRgb *at = pixels; at != end;) {
-        if (!openRun) {
-            at = std::find_if_not(at, end, isKey);
-            if (at == end)
-                return;
-            openRun = static_cast<int>(at - pixels);
+    for (int x = 0; x < width; ++x) {
+        const bool isKey = key.matches(pixels[x]);
+        if (isKey != (openRun != noRun))
+            continue;
+        if (!isKey) {
+            openRun = x;
+            continue;
         }
-        at = std::find_if(at, end, isKey);
-        if (at == end)
-            return;
-        const int column = static_cast<int>(at - pixels);
-        if (column != *openRun)
-            row.push_back({std::min(*openRun, column), std::max(*openRun, column)});
-        openRun.reset();
+        if (x != openRun)
+            row.push_back({std::min(openRun, x), std::max(openRun, x)});
+        openRun = noRun;
     }
 }
 
@@ -75,6 +71,8 @@ void scanRow(const QRgb *pixels, int width, KeyColour key, std::optional<int> &o
 class Bands
 {
 public:
+    explicit Bands(std::size_t most) { m_rects.reserve(most); }
+
     void add(int y, Row &row)
     {
         tidy(row);
@@ -100,6 +98,20 @@ private:
     Row m_last;
 };
 
+// At most so many rectangles there will be. Counting is cheap, growing an array of a million is not.
+std::size_t countRuns(const QImage &picture, KeyColour key)
+{
+    const int width = picture.width();
+    std::size_t runs = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        for (int x = 1; x < width; ++x)
+            runs += key.matches(pixels[x]) && !key.matches(pixels[x - 1]);
+        runs += key.matches(pixels[0]);
+    }
+    return runs;
+}
+
 bool isPlain32Bit(const QImage &picture)
 {
     return picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_ARGB32;
@@ -112,9 +124,9 @@ QRegion shapeRegion(const QImage &picture)
         return {};
     const QImage plain = isPlain32Bit(picture) ? picture : picture.convertToFormat(QImage::Format_ARGB32);
     const KeyColour key(plain.pixel(0, 0));
-    Bands bands;
+    Bands bands(countRuns(plain, key));
     Row row;
-    std::optional<int> openRun;
+    int openRun = noRun;
     for (int y = 0; y < plain.height(); ++y) {
         scanRow(reinterpret_cast<const QRgb *>(plain.constScanLine(y)), plain.width(), key, openRun, row);
         bands.add(y, row);

@@ -1,5 +1,6 @@
 // The tag at the end of a song as the tag editor reads, adds, saves and removes it. The block itself is mp3info's.
-// No step puts the song at risk: what is on the disk is never without its audio, whenever the program ends.
+// No step puts the song at risk: what is on the disk is never without its audio, whenever the program ends. A step that
+// returns false has changed nothing, unless the disk itself failed to keep what it had taken.
 #pragma once
 
 #include "mp3info/id3v1_tag.h"
@@ -16,12 +17,11 @@ std::optional<Id3v1Tag> readTag(const QString &path);
 Id3v1Tag tagFromName(const QString &songName);
 
 /// Appends an empty tag without a genre. The file grows by 128 bytes and its former last byte becomes 0, which is how
-/// songs were tagged from the start; an empty file has no such byte. False: nothing has changed.
+/// songs were tagged from the start; an empty file has no such byte.
 bool addTag(const QString &path);
 
-/// Writes the tag over the last 128 bytes, whatever they are. False, and nothing changed, for a shorter file too.
+/// Writes the tag over the last 128 bytes, whatever they are. False for a shorter file too.
 bool saveTag(const QString &path, const Id3v1Tag &tag);
 
-/// Cuts off the last 128 bytes, whatever they are; permissions stay. False, and nothing changed, for a shorter file
-/// too.
+/// Cuts off the last 128 bytes, whatever they are; permissions stay. False for a shorter file too.
 bool removeTag(const QString &path);

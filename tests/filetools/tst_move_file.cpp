@@ -2,22 +2,12 @@
 #include "filetools/move_file.h"
 #include "platform/folders.h"
 #include "support/crash_points.h"
+#include "support/shell_answers.h"
 #include "support/test_files.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-struct Answers : ShellPrompts {
-    bool replaces = true;
-    bool mayReplace(const QString &) override { return replaces; }
-    bool mayTrash(const QString &) override { return false; }
-    bool mayDeleteForGood(const QString &) override { return false; }
-    bool copyGoesOn(const QString &, qint64, qint64) override { return true; }
-};
-} // namespace
 
 class TestMoveFile : public QObject
 {
@@ -31,21 +21,21 @@ private Q_SLOTS:
 void TestMoveFile::whatDoesNotMoveStays()
 {
     const TestFolder folder;
-    Answers answers;
+    ShellAnswers answers;
     const QString song = folder.makeFile(u"a.mp3"_s, "song");
     const QString empty = folder.makeFile(u"empty.mp3"_s);
     QCOMPARE(moveFile(song, song, answers), ShellOutcome::Failed);
     QCOMPARE(moveFile(empty, empty, answers), ShellOutcome::Failed);
     QCOMPARE(moveFile(empty, folder.path(u"b.mp3"_s), answers), ShellOutcome::Failed);
     QVERIFY(FileExists(empty) && !FileExists(folder.path(u"b.mp3"_s)));
-    answers.replaces = false;
+    answers.refused = u"replace"_s;
     QCOMPARE(moveFile(song, folder.makeFile(u"c.mp3"_s, "other"), answers), ShellOutcome::Declined);
     QCOMPARE(folder.bytesOf(u"a.mp3"_s) + folder.bytesOf(u"c.mp3"_s), "songother");
 }
 
 void TestMoveFile::songIsSomewhereAtEveryFault()
 {
-    Answers answers;
+    ShellAnswers answers;
     for (const Fault fault : {Fault::Death, Fault::DiskFull}) {
         Fate fate = Fate::Met;
         for (int step = 1; fate == Fate::Met; ++step) {

@@ -276,7 +276,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > 2.3, patienceMs);
         QVERIFY(x.engine.currentPosition() < 3);
         x.engine.setCurrentPosition(500);
-        QCOMPARE(x.engine.currentPosition(), 3.0);
+        QCOMPARE(x.engine.currentPosition(), 2.5); // Its last moment is still heard.
         QTRY_COMPARE_WITH_TIMEOUT(x.ends.size(), 1, patienceMs);
     }
 

@@ -39,42 +39,23 @@ int inChild(const std::function<int()> &work)
 }
 } // namespace
 
-extern "C" {
-ssize_t write(int handle, const void *bytes, size_t size)
-{
-    return failsHere() ? -1 : ::syscall(SYS_write, handle, bytes, size);
-}
+// What stands in front of a call of the C library: its own signature, and the system's number of it.
+#define CHANGES_THE_DISK(result, name, number, parameters, ...)                                                        \
+    extern "C" result name parameters                                                                                  \
+    {                                                                                                                  \
+        return static_cast<result>(failsHere() ? -1 : ::syscall(number, __VA_ARGS__));                                 \
+    }
 
-ssize_t pwrite(int handle, const void *bytes, size_t size, off_t offset)
-{
-    return failsHere() ? -1 : ::syscall(SYS_pwrite64, handle, bytes, size, offset);
-}
-
-int fsync(int handle)
-{
-    return failsHere() ? -1 : static_cast<int>(::syscall(SYS_fsync, handle));
-}
-
-int ftruncate(int handle, off_t length) noexcept
-{
-    return failsHere() ? -1 : static_cast<int>(::syscall(SYS_ftruncate, handle, length));
-}
-
-int rename(const char *from, const char *to) noexcept
-{
-    return failsHere() ? -1 : static_cast<int>(::syscall(SYS_rename, from, to));
-}
-
-int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags) noexcept
-{
-    return failsHere() ? -1 : static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
-}
-
-int unlink(const char *path) noexcept
-{
-    return failsHere() ? -1 : static_cast<int>(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
-}
-}
+CHANGES_THE_DISK(ssize_t, write, SYS_write, (int handle, const void *bytes, size_t size), handle, bytes, size)
+CHANGES_THE_DISK(ssize_t, pwrite, SYS_pwrite64, (int handle, const void *bytes, size_t size, off_t at), handle, bytes,
+                 size, at)
+CHANGES_THE_DISK(int, fsync, SYS_fsync, (int handle), handle)
+CHANGES_THE_DISK(int, ftruncate, SYS_ftruncate, (int handle, off_t length) noexcept, handle, length)
+CHANGES_THE_DISK(int, rename, SYS_rename, (const char *from, const char *to) noexcept, from, to)
+CHANGES_THE_DISK(int, renameat2, SYS_renameat2,
+                 (int one, const char *from, int two, const char *to, unsigned flags) noexcept, one, from, two, to,
+                 flags)
+CHANGES_THE_DISK(int, unlink, SYS_unlinkat, (const char *path) noexcept, AT_FDCWD, path, 0)
 
 Fate runWithFault(Fault fault, int step, const std::function<void()> &work)
 {

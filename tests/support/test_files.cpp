@@ -3,7 +3,6 @@
 
 #include "platform/drives.h"
 
-#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +18,7 @@ QByteArray readWhole(const QString &hostPath)
 }
 } // namespace
 
-TestFolder::TestFolder()
+TestFolder::TestFolder(const QString &parent) : m_folder(parent + u"/kiv-test-XXXXXX"_s)
 {
     if (!m_folder.isValid())
         qFatal("no temporary folder");

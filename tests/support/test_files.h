@@ -2,13 +2,15 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDir>
 #include <QString>
 #include <QTemporaryDir>
 
 class TestFolder
 {
 public:
-    TestFolder();
+    /// A folder in the system's temporary folder, or in the given host folder.
+    explicit TestFolder(const QString &parent = QDir::tempPath());
 
     /// The folder as a program path, without a backslash at the end.
     QString path() const;

@@ -31,18 +31,15 @@ class TestTagBlock : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void workChangesExactlyItsBytes_data();
-    void workChangesExactlyItsBytes();
-    void songSurvivesEveryFault_data();
-    void songSurvivesEveryFault();
+    void workChangesItsBytesOrNoneAtEveryFault_data();
+    void workChangesItsBytesOrNoneAtEveryFault();
     void removalKeepsLinksAndPermissions();
-    void readOnlySongsStayAsTheyAre();
     void readingTrimsBlanksAlone();
     void nameGivesArtistAndTitle();
     void genresKeepTheirOwnNumbers();
 };
 
-void TestTagBlock::workChangesExactlyItsBytes_data()
+void TestTagBlock::workChangesItsBytesOrNoneAtEveryFault_data()
 {
     QTest::addColumn<Work>("work");
     QTest::addColumn<QByteArray>("before");
@@ -60,40 +57,21 @@ void TestTagBlock::workChangesExactlyItsBytes_data()
     QTest::newRow("remove, shorter") << Work(removeTag) << QByteArray(127, 'x') << QByteArray(127, 'x');
 }
 
-void TestTagBlock::workChangesExactlyItsBytes()
+void TestTagBlock::workChangesItsBytesOrNoneAtEveryFault()
 {
     QFETCH(Work, work);
     QFETCH(QByteArray, before);
-    const TestFolder folder;
     QFETCH(QByteArray, after);
-    QCOMPARE(work(folder.makeFile(u"a.mp3"_s, before)), before != after);
-    QCOMPARE(folder.bytesOf(u"a.mp3"_s), after);
-    QVERIFY(!work(folder.path(u"gone.mp3"_s)) && !FileExists(folder.path(u"gone.mp3"_s)));
-}
-
-void TestTagBlock::songSurvivesEveryFault_data()
-{
-    QTest::addColumn<Work>("work");
-    QTest::addColumn<QByteArray>("before");
-    QTest::newRow("add") << Work(addTag) << audio;
-    QTest::newRow("save") << Work([](const QString &path) { return saveTag(path, jazz); }) << audio + emptyTag;
-    QTest::newRow("remove") << Work(removeTag) << audio + jazzBlock;
-}
-
-void TestTagBlock::songSurvivesEveryFault()
-{
-    QFETCH(Work, work);
-    QFETCH(QByteArray, before);
+    QVERIFY(!work(TestFolder().path(u"gone.mp3"_s)));
     for (const Fault fault : {Fault::Death, Fault::DiskFull}) {
         Fate fate = Fate::Met;
         for (int step = 1; fate == Fate::Met; ++step) {
             const TestFolder folder;
             const QString path = folder.makeFile(u"a.mp3"_s, before);
-            bool worked = false;
-            fate = runWithFault(fault, step, [&] { worked = work(path); });
-            QVERIFY(fate == Fate::Met || (fate == Fate::Spared && step > 2));
-            const QByteArray after = folder.bytesOf(u"a.mp3"_s);
-            QVERIFY(after.startsWith(audio.chopped(1)));
+            fate = runWithFault(fault, step, [&] { work(path); });
+            const QByteArray left = folder.bytesOf(u"a.mp3"_s);
+            const bool added = fault == Fault::Death && left == before + emptyTag; // The former last byte goes last.
+            QVERIFY(left == after || (fate == Fate::Met && (left == before || added)));
             QVERIFY(fault == Fault::Death || QDir(folder.hostPath()).entryList(QDir::Files | QDir::Hidden).size() == 1);
         }
     }
@@ -113,15 +91,9 @@ void TestTagBlock::removalKeepsLinksAndPermissions()
     QVERIFY(::stat(link, &status) == 0 && (status.st_mode & 07777) == 0604);
     QVERIFY(!given || (status.st_uid == 65534 && status.st_gid == 65534));
     QCOMPARE(folder.bytesOf(u"a.mp3"_s), audio);
-}
-
-void TestTagBlock::readOnlySongsStayAsTheyAre()
-{
-    const TestFolder folder;
-    const QString song = folder.makeFile(u"a.mp3"_s, audio + emptyTag);
     QVERIFY(::chmod(folder.hostPath().toUtf8(), 0777) == 0 && ::chmod(hostPath(song), 0444) == 0);
     QVERIFY(holdsForOrdinaryUser([&] { return !addTag(song) && !saveTag(song, jazz) && !removeTag(song); }));
-    QCOMPARE(folder.bytesOf(u"a.mp3"_s), audio + emptyTag);
+    QCOMPARE(folder.bytesOf(u"a.mp3"_s), audio);
 }
 
 void TestTagBlock::readingTrimsBlanksAlone()

@@ -1,0 +1,73 @@
+// What this is and where it runs.
+#include "app/about.h"
+
+#include "app/version.h"
+#include "controls/fonts.h"
+#include "platform/system_facts.h"
+#include "skins/palette.h"
+#include "skins/places.h"
+
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+namespace place = places::About;
+
+About::About()
+    : SkinWindow(u"About"_s, u"About"_s, Picture::AboutSkin, place::window),
+      labVersion(this, {u"labVersion"_s, u"Version"_s, place::labVersion}, u"Version "_s + versionText()),
+      labMessage(this, {u"labMessage"_s, u"Message"_s, place::labMessage},
+                 u"A small player for the songs you keep. Enjoy the music."_s),
+      labSystem(this, {u"labSystem"_s, u"System"_s, place::labSystem}),
+      lstProcesses(this, {u"lstProcesses"_s, u"Processes"_s, place::lstProcesses}),
+      cmdProcesses(this, {u"cmdProcesses"_s, u"Show the running processes"_s, place::cmdProcesses}, u"Processes"_s),
+      cmdOk(this, {u"cmdOk"_s, u"Close"_s, place::cmdOk}, u"OK"_s)
+{
+    for (Label *label : {&labVersion, &labMessage, &labSystem, &cmdProcesses, &cmdOk})
+        label->setFont(fonts::font(fonts::Face::ComicSansMs, 13));
+    labSystem.setColour(QColor::fromRgb(palette::captionDim));
+    labSystem.setElided(true);
+    cmdProcesses.setButton(true);
+    cmdOk.setButton(true);
+    lstProcesses.hide();
+    connectHandlers();
+}
+
+void About::connectHandlers()
+{
+    connect(&cmdProcesses, &Label::Click, this, &About::cmdProcesses_Click);
+    connect(&cmdOk, &Label::Click, this, &About::cmdOk_Click);
+    connect(this, &SkinWindow::closeRequested, this, &About::cmdOk_Click);
+}
+
+void About::showEvent(QShowEvent *event)
+{
+    SkinWindow::showEvent(event);
+    labSystem.setCaption(systemVersionText());
+    cmdOk.setFocus();
+}
+
+// Escape closes, as OK does.
+void About::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        cmdOk_Click();
+    else
+        SkinWindow::keyPressEvent(event);
+}
+
+// The list of processes comes into view, read anew, or goes.
+void About::cmdProcesses_Click()
+{
+    const bool show = lstProcesses.isHidden();
+    if (show)
+        lstProcesses.setItems(runningProcesses());
+    lstProcesses.setVisible(show);
+}
+
+// The window goes, the main one comes back.
+void About::cmdOk_Click()
+{
+    lstProcesses.hide();
+    hide();
+    Q_EMIT done();
+}

@@ -1,0 +1,110 @@
+// The play list's two text files.
+#include "playlist/list_file.h"
+
+#include "platform/ansi_text.h"
+#include "platform/saved_file.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr QChar endOfFile(0x1A);
+
+bool isLineBreak(QChar c)
+{
+    return c == u'\r' || c == u'\n';
+}
+
+bool isBlank(QChar c)
+{
+    return c == u' ';
+}
+
+QStringView withoutEndMarks(QStringView text)
+{
+    while (text.endsWith(endOfFile))
+        text.chop(1);
+    return text;
+}
+
+// Walks over a text field by field.
+class FieldReader
+{
+public:
+    explicit FieldReader(QStringView text) : m_at(text.begin()), m_end(text.end()) {}
+
+    /// Goes to the start of the next field; false when none is left.
+    bool findField()
+    {
+        skip([](QChar c) { return isBlank(c) || isLineBreak(c); });
+        return m_at != m_end;
+    }
+
+    QString readField() { return *m_at == u'"' ? readQuoted() : readPlain(); }
+
+private:
+    template<class Condition>
+    void skip(Condition condition)
+    {
+        m_at = std::find_if_not(m_at, m_end, condition);
+    }
+
+    QString readQuoted()
+    {
+        const auto start = m_at + 1;
+        const auto close = std::find(start, m_end, u'"');
+        m_at = close == m_end ? m_end : close + 1;
+        skip(isBlank);
+        skipSeparator();
+        return QStringView(start, close).toString();
+    }
+
+    QString readPlain()
+    {
+        const auto start = m_at;
+        skip([](QChar c) { return c != u',' && !isLineBreak(c); });
+        const QString field = QStringView(start, m_at).toString();
+        skipSeparator();
+        return field;
+    }
+
+    void skipSeparator()
+    {
+        if (m_at != m_end && (*m_at == u',' || isLineBreak(*m_at)))
+            ++m_at; // The line feed of a pair is skipped before the next field.
+    }
+
+    QStringView::iterator m_at;
+    QStringView::iterator m_end;
+};
+} // namespace
+
+QStringList fieldsOf(QStringView text)
+{
+    QStringList fields;
+    FieldReader reader(withoutEndMarks(text));
+    while (reader.findField())
+        fields += reader.readField();
+    return fields;
+}
+
+QString linesOf(const QStringList &items)
+{
+    QString lines;
+    for (const QString &item : items)
+        lines.append(item).append(u"\r\n"_s);
+    return lines;
+}
+
+QStringList LoadListFile(const QString &path)
+{
+    const auto bytes = loadFile(path);
+    return bytes ? fieldsOf(decodeTextFile(*bytes)) : QStringList();
+}
+
+void SaveListFile(const QString &path, const QStringList &items)
+{
+    saveFile(path, encodeTextFile(linesOf(items)));
+}

@@ -1,0 +1,143 @@
+// The search window. The search itself is a rule; a row's text is made when the row is looked at, so that a letter
+// which matches a hundred thousand songs costs no more than one which matches ten.
+#include "playlist/song_search.h"
+
+#include "base/names.h"
+#include "controls/file_list_box.h"
+#include "controls/fonts.h"
+#include "playback/player_control.h"
+#include "skins/places.h"
+
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+namespace at = places::SongSearch;
+
+bool isEnter(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+QStringList matchedNames(const QStringList &names, const std::vector<SongMatch> &matches)
+{
+    QStringList matched;
+    matched.reserve(std::ssize(matches));
+    for (const SongMatch &match : matches)
+        matched += names[match.index];
+    return matched;
+}
+} // namespace
+
+SongSearch::SongSearch(FileListBox &File1, PlayerControl &player)
+    : SkinWindow(u"SongSearch"_s, u"Song Search"_s, Picture::SongSearchSkin, at::window), m_songFolder(File1),
+      m_player(player), Label1(this, {u"Label1"_s, u"Close search"_s, at::Label1}, u"Close"_s),
+      Text1(this, {u"Text1"_s, u"Text to look for"_s, at::Text1}),
+      List1(this, {u"List1"_s, u"Songs found"_s, at::List1})
+{
+    Label1.setButton(true);
+    Label1.setFont(fonts::font(fonts::Face::Arial, 11));
+    Text1.setFont(fonts::font(fonts::Face::Arial, 12));
+    Text1.setAccessibleName(u"Search"_s);
+    List1.setAccessibleName(u"Results"_s);
+    List1.setShownForm([this](int row, const QString &name) {
+        return capitalised(name, m_matches[static_cast<std::size_t>(row)].position, m_textLength);
+    });
+    setTabOrder(&Text1, &List1);
+    setTabOrder(&List1, &Label1);
+    connectHandlers();
+}
+
+void SongSearch::connectHandlers()
+{
+    connect(&Label1, &Label::Click, this, &SongSearch::Label1_Click);
+    connect(&Text1, &TextBox::Change, this, &SongSearch::Text1_Change);
+    connect(&Text1, &TextBox::KeyDown, this, &SongSearch::Text1_KeyDown);
+    connect(&List1, &ListBox::DblClick, this, &SongSearch::List1_DblClick);
+    connect(&List1, &ListBox::KeyDown, this, &SongSearch::List1_KeyDown);
+    connect(this, &SkinWindow::closeRequested, this, &QWidget::hide);
+}
+
+void SongSearch::clearSearch()
+{
+    List1.Clear();
+    Text1.setText({});
+}
+
+void SongSearch::showEvent(QShowEvent *event)
+{
+    SkinWindow::showEvent(event);
+    activateWindow();
+    Text1.setFocus();
+}
+
+void SongSearch::hideEvent(QHideEvent *event)
+{
+    SkinWindow::hideEvent(event);
+    m_names = SongNames();
+}
+
+void SongSearch::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        hide();
+    else
+        SkinWindow::keyPressEvent(event);
+}
+
+// Close: the window goes; text and results stay for the next time.
+void SongSearch::Label1_Click()
+{
+    hide();
+}
+
+// The text changed: search anew.
+void SongSearch::Text1_Change()
+{
+    if (!m_names.names().isSharedWith(m_songFolder.items()))
+        m_names = SongNames(m_songFolder.items());
+    m_matches = m_names.search(Text1.Text());
+    m_textLength = Text1.Text().size();
+    List1.setItems(matchedNames(m_names.names(), m_matches));
+}
+
+// Down goes on to the results, Enter plays the first one.
+void SongSearch::Text1_KeyDown(QKeyEvent *event)
+{
+    if (isEnter(*event)) {
+        event->accept();
+        playResult(0);
+    } else if (event->key() == Qt::Key_Down) {
+        event->accept();
+        List1.setFocus();
+        List1.setListIndex(std::max(0, List1.ListIndex()));
+    }
+}
+
+// Play the result.
+void SongSearch::List1_DblClick()
+{
+    playResult(List1.ListIndex());
+}
+
+// Enter plays the result, Up from the first one goes back to the text.
+void SongSearch::List1_KeyDown(QKeyEvent *event)
+{
+    if (isEnter(*event)) {
+        event->accept();
+        playResult(List1.ListIndex());
+    } else if (event->key() == Qt::Key_Up && List1.ListIndex() <= 0) {
+        event->accept();
+        Text1.setFocus();
+    }
+}
+
+// The name is played as it is shown; its capitals do not keep the file from being found.
+void SongSearch::playResult(int row)
+{
+    const QString name = List1.List(row);
+    if (!name.isEmpty())
+        m_player.playFile(pathIn(m_songFolder.Path(), name), name);
+}

@@ -1,0 +1,49 @@
+// The search window: the songs of the music folder whose names hold the typed text, in the folder's order, the text in
+// capitals. A double-click or Enter plays a result.
+#pragma once
+
+#include "controls/label.h"
+#include "controls/list_box.h"
+#include "controls/skin_window.h"
+#include "controls/text_box.h"
+#include "playlist/song_match.h"
+
+class FileListBox;
+class PlayerControl;
+
+class SongSearch : public SkinWindow
+{
+    Q_OBJECT
+
+public:
+    /// File1's songs are searched; its folder is where results are played from.
+    SongSearch(FileListBox &File1, PlayerControl &player);
+
+    /// The music folder has changed: the results are gone and the text is empty.
+    void clearSearch();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void connectHandlers();
+    void Label1_Click();
+    void Text1_Change();
+    void Text1_KeyDown(QKeyEvent *event);
+    void List1_DblClick();
+    void List1_KeyDown(QKeyEvent *event);
+
+    void playResult(int row);
+
+    FileListBox &m_songFolder;
+    PlayerControl &m_player;
+    SongNames m_names;                // The songs as they were searched last; let go while the window is away.
+    std::vector<SongMatch> m_matches; // One for each row of List1.
+    qsizetype m_textLength = 0;       // Of the text they match.
+
+    Label Label1;  // Close.
+    TextBox Text1; // The text to look for; every change searches anew.
+    ListBox List1; // The results: file names, the first match in capitals.
+};

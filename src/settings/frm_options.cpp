@@ -1,0 +1,167 @@
+// The options window.
+#include "settings/frm_options.h"
+
+#include "base/numbers.h"
+#include "controls/fonts.h"
+#include "controls/msg_box.h"
+#include "platform/desktop_shortcut.h"
+#include "platform/drives.h"
+#include "platform/folders.h"
+#include "settings/setting_paths.h"
+#include "settings/settings_store.h"
+#include "settings/translucency.h"
+#include "skins/places.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+namespace at = places::frmOptions;
+
+namespace
+{
+constexpr int captionPixels = 13;
+
+// A stored text that is no number leaves the box as it is.
+void readState(CheckBox &box, Setting setting)
+{
+    if (const auto state = wholeNumber(readSetting(setting)))
+        box.setState(*state);
+}
+
+void writeState(const CheckBox &box, Setting setting)
+{
+    writeSetting(setting, QString::number(box.State()));
+}
+
+// Makes the shortcut. Whether that worked is not told: the text for the user is always empty.
+QString CreateDesktopLink(const QString &folder, const QString &name, const QString &target)
+{
+    createDesktopShortcut(folder, name, target);
+    return {};
+}
+} // namespace
+
+frmOptions::frmOptions()
+    : SkinWindow(u"frmOptions"_s, u"Options"_s, Picture::OptionsSkin, at::window),
+      Check1(this, {u"Check1"_s, u"Translucency"_s, at::Check1}, u"Translucentcy"_s),
+      Check2(this, {u"Check2"_s, u"Tool tip data"_s, at::Check2}, u"Tool Tip Data"_s),
+      Check3(this, {u"Check3"_s, u"Browse for folder dialog"_s, at::Check3}, u"Browse For Folder Dialog"_s),
+      Check4(this, {u"Check4"_s, u"Link on desktop"_s, at::Check4}, u"Link On Desktop"_s),
+      Label1(this, {u"Label1"_s, u"Save options"_s, at::Label1}, u"OK"_s)
+{
+    Check1.setToolTip(u"The Translucent Effect Observed Only On Win 2000 and Above."_s);
+    Check2.setToolTip(u"The Data Shown When Your Mouse Is Over A Song."_s);
+    Check3.setToolTip(u"Different ways to locate your folder."_s);
+    Label1.setButton(true);
+    connectHandlers();
+}
+
+void frmOptions::connectHandlers()
+{
+    connect(this, &SkinWindow::closeRequested, this, &QWidget::hide);
+    connect(&Check1, &CheckBox::Click, this, &frmOptions::Check1_Click);
+    connect(&Check2, &CheckBox::Click, this, &frmOptions::Check2_Click);
+    connect(&Check4, &CheckBox::Click, this, &frmOptions::Check4_Click);
+    connect(&Label1, &Label::Click, this, &frmOptions::Label1_Click);
+}
+
+void frmOptions::Load()
+{
+    if (std::exchange(m_loaded, true))
+        return;
+    readState(Check1, Setting::AlphaBlending);
+    readState(Check2, Setting::ToolTipData);
+    readState(Check3, Setting::Browse4Dialog);
+    if (FileExists(paths::desktopLink))
+        Check4.setState(1);
+}
+
+bool frmOptions::translucencyChosen()
+{
+    Load();
+    return Check1.State() == 1;
+}
+
+bool frmOptions::toolTipDataChosen()
+{
+    Load();
+    return Check2.State() == 1;
+}
+
+bool frmOptions::browseDialogChosen()
+{
+    Load();
+    return Check3.State() == 1;
+}
+
+QString frmOptions::songListHint(bool toolTipData)
+{
+    return toolTipData ? u"Click Song To Start Display Data."_s : QString();
+}
+
+// Fonts and the skin's colour are needed by what is seen alone: a start that shows no options does not pay for them.
+void frmOptions::showEvent(QShowEvent *event)
+{
+    Load();
+    if (!std::exchange(m_coloured, true)) {
+        const QColor ground = skinColourAt({50, 50});
+        for (CheckBox *box : {&Check1, &Check2, &Check3, &Check4}) {
+            box->setBackColour(ground);
+            box->setFont(fonts::font(fonts::Face::ComicSansMs, captionPixels));
+        }
+        Label1.setFont(fonts::font(fonts::Face::ComicSansMs, captionPixels, QFont::Bold));
+    }
+    SkinWindow::showEvent(event);
+}
+
+// Escape closes without storing, Enter is OK.
+void frmOptions::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        hide();
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        Label1.press();
+    else
+        SkinWindow::keyPressEvent(event);
+}
+
+void frmOptions::ApplyTranslucencyToAll(bool on)
+{
+    Q_EMIT translucencyApplied(on);
+}
+
+// Translucency chosen or not: this window shows what it is like.
+void frmOptions::Check1_Click()
+{
+    MakeTranslucent(*this, asFlag(Check1.State() == 1));
+}
+
+// Song data chosen or not: the song list's tool tip says how to get them.
+void frmOptions::Check2_Click()
+{
+    Q_EMIT toolTipDataChanged(Check2.State() == 1);
+}
+
+// Shortcut asked for: a box tells where it goes and what it starts, a second one, empty, that it was tried.
+void frmOptions::Check4_Click()
+{
+    if (Check4.State() == 0)
+        return;
+    const QString title = QGuiApplication::applicationDisplayName();
+    const QString desktop = DesktopFolderPath();
+    MsgBox::show(displayPath(desktop) + u"\\\r\n"_s + AppFilePath(), title);
+    MsgBox::show(CreateDesktopLink(desktop + u'\\', u"KiV Mp3"_s, AppFilePath()), title);
+}
+
+// OK: the flags are stored, the window closes, the other windows follow.
+void frmOptions::Label1_Click()
+{
+    writeState(Check1, Setting::AlphaBlending);
+    writeState(Check2, Setting::ToolTipData);
+    writeState(Check3, Setting::Browse4Dialog);
+    hide();
+    ApplyTranslucencyToAll(Check1.State() == 1);
+}

@@ -1,0 +1,160 @@
+// The player's own folder browser. Nothing is read from the disk before the window is first shown: a music folder may
+// hold 100,000 songs, and most starts never open this window.
+#include "settings/tool_bar.h"
+
+#include "controls/fonts.h"
+#include "platform/desktop_shortcut.h"
+#include "platform/drives.h"
+#include "platform/folders.h"
+#include "settings/frm_options.h"
+#include "settings/settings_store.h"
+#include "settings/tool_bar_rules.h"
+#include "settings/translucency.h"
+#include "skins/palette.h"
+#include "skins/places.h"
+
+#include <QDir>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+namespace at = places::ToolBar;
+
+namespace
+{
+constexpr int frameMs = 300;
+constexpr int captionPixels = 12;
+
+ControlSetup frameSetup(int frame)
+{
+    return {u"Picture3-"_s + QString::number(frame), u"Reel frame"_s, at::Picture2};
+}
+} // namespace
+
+ToolBar::ToolBar(FileListBox &mainFile1, frmOptions &options)
+    : SkinWindow(u"ToolBar"_s, u"Music folder"_s, Picture::ToolBarSkin, at::window), m_mainFile1(mainFile1),
+      m_options(options), Label2(this, {u"Label2"_s, u"Close"_s, at::Label2}, u"Close"_s),
+      Drive1(this, {u"Drive1"_s, u"Drives"_s, at::Drive1}),
+      Picture1(this, {u"Picture1"_s, u"Desktop folder"_s, at::Picture1}),
+      Dir1(this, {u"Dir1"_s, u"Folders"_s, at::Dir1}),
+      File1(this, {u"File1"_s, u"Songs of the folder"_s, at::File1}, u"*.mp3"_s),
+      Picture2(this, {u"Picture2"_s, u"Reel"_s, at::Picture2}), Picture3{PictureBox{this, frameSetup(0)},
+                                                                         PictureBox{this, frameSetup(1)},
+                                                                         PictureBox{this, frameSetup(2)}},
+      Label1(this, {u"Label1"_s, u"Number of songs"_s, at::Label1}),
+      Label3(this, {u"Label3"_s, u"Choose this folder"_s, at::Label3}, u"Choose"_s), Timer1(this, u"Timer1"_s, frameMs)
+{
+    for (Label *button : {&Label2, &Picture1, &Label3})
+        button->setButton(true);
+    Picture1.setToolTip(u"Desktop"_s);
+    constexpr std::array frames = {Picture::Frame0, Picture::Frame1, Picture::Frame2};
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        Picture3.at(i).setPicture(frames.at(i));
+        Picture3.at(i).hide();
+    }
+    Timer1.setResting(true);
+    Timer1.setEnabled(true);
+    connectHandlers();
+}
+
+void ToolBar::connectHandlers()
+{
+    connect(this, &SkinWindow::closeRequested, this, &QWidget::hide);
+    connect(this, &SkinWindow::seenChanged, &Timer1, [this](bool seen) { Timer1.setResting(!seen); });
+    connect(&Label2, &Label::Click, this, &ToolBar::Label2_Click);
+    connect(&Drive1, &DriveListBox::Change, this, &ToolBar::Drive1_Change);
+    connect(&Picture1, &Label::Click, this, &ToolBar::Picture1_Click);
+    connect(&Dir1, &DirListBox::Change, this, &ToolBar::Dir1_Change);
+    connect(&File1, &ListBox::MouseMove, this, &ToolBar::File1_MouseMove);
+    connect(&Label3, &Label::Click, this, &ToolBar::Label3_Click);
+    connect(&Timer1, &Timer::tick, this, &ToolBar::Timer1_Tick);
+}
+
+void ToolBar::Load()
+{
+    if (m_options.translucencyChosen())
+        MakeTranslucent(*this, asFlag(true));
+    const QString folder = m_mainFile1.Path();
+    const bool holdsFiles = FileExists(folder.endsWith(u'\\') ? folder : folder + u'\\');
+    m_firstFolder = holdsFiles ? folder : programPath(QDir::currentPath());
+}
+
+void ToolBar::showEvent(QShowEvent *event)
+{
+    if (!std::exchange(m_looked, true))
+        prepareForFirstLook();
+    SkinWindow::showEvent(event);
+}
+
+void ToolBar::prepareForFirstLook()
+{
+    for (Label *label : {&Label2, &Label1, &Label3})
+        label->setFont(fonts::font(fonts::Face::Arial, captionPixels, QFont::Bold));
+    Label1.setAlignment(Qt::AlignCenter);
+    Label1.setColour(QColor::fromRgb(palette::displayText));
+    File1.setFocusPolicy(Qt::TabFocus);
+    File1.setMouseTracking(true);
+    Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
+    Dir1.setFocus();
+    Dir1.setPath(m_firstFolder);
+}
+
+// Escape closes; nothing is chosen.
+void ToolBar::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        hide();
+    else
+        SkinWindow::keyPressEvent(event);
+}
+
+// Closed: the music folder stays.
+void ToolBar::Label2_Click()
+{
+    hide();
+}
+
+// Another drive: its root opens, and Dir1_Change follows. A drive that cannot be read changes nothing.
+void ToolBar::Drive1_Change()
+{
+    Dir1.setPath(Drive1.Drive());
+}
+
+// The desktop button: the desktop folder opens.
+void ToolBar::Picture1_Click()
+{
+    Dir1.setPath(DesktopFolderPath());
+}
+
+// Another folder is open: its songs are listed and counted, and the drive list shows its drive.
+void ToolBar::Dir1_Change()
+{
+    File1.setPath(Dir1.Path());
+    Label1.setCaption(songCountText(File1.ListCount()));
+    const QSignalBlocker quiet(Drive1);
+    Drive1.setDrive(Dir1.Path());
+}
+
+// The mouse is over a song: names too long for the list can be read in the tool tip.
+void ToolBar::File1_MouseMove(int row)
+{
+    File1.setToolTip(File1.List(row));
+}
+
+// The reel turns by one frame.
+void ToolBar::Timer1_Tick()
+{
+    m_frame = nextFrame(m_frame);
+    Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
+}
+
+// Confirmed: the open folder becomes the music folder, everybody learns of it, the window closes.
+void ToolBar::Label3_Click()
+{
+    m_mainFile1.setPath(Dir1.Path());
+    Q_EMIT folderConfirmed(Dir1.Path());
+    writeSideSetting(Setting::Mp3Path, Dir1.Path());
+    hide();
+}
