@@ -11,16 +11,7 @@ namespace
 constexpr QPoint captionPlace(12, 4);
 constexpr int captionPixels = 11;
 
-// As the skins draw a plate: a groove around it, its outer edge lit from the top left.
-void paintPlate(QPainter &painter, const QRectF &place)
-{
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor::fromRgb(palette::graphiteLight));
-    painter.setBrush(QColor::fromRgb(palette::graphite));
-    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
-    painter.setPen(QColor::fromRgb(palette::ink));
-    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -1.5, -1.5), 4, 4);
-}
+constexpr int plateRim = 3; // The skin goes on showing it.
 } // namespace
 
 Frame::Frame(QWidget *parent, const ControlSetup &setup, const QString &caption) : QWidget(parent), m_caption(caption)
@@ -56,7 +47,7 @@ void Frame::paintEvent(QPaintEvent *)
     if (m_background && !m_background->isNull())
         painter.drawPixmap(0, 0, *m_background);
     else if (m_isCovering)
-        paintPlate(painter, rect());
+        painter.fillRect(rect().adjusted(plateRim, plateRim, -plateRim, -plateRim), QColor::fromRgb(palette::graphite));
     painter.setPen(QColor::fromRgb(palette::captionDim));
     painter.drawText(rect().adjusted(captionPlace.x(), captionPlace.y(), 0, 0), Qt::AlignLeft | Qt::AlignTop,
                      m_caption);

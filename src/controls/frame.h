@@ -19,7 +19,7 @@ public:
     /// Paints a picture under the children, over what the skin shows there.
     void setPicture(Picture picture);
 
-    /// Paints an empty plate there; also what stands in for a missing picture.
+    /// Empties the plate that the skin shows there, but for its rim; also what stands in for a missing picture.
     void setPlate();
 
     /// Where a control with a place on the window lies in here.
