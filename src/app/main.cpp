@@ -2,6 +2,7 @@
 #include "app/program.h"
 #include "app/version.h"
 #include "controls/accessibility.h"
+#include "controls/fonts.h"
 #include "controls/skin_style.h"
 #include "platform/command_line.h"
 #include "playback/mpv_engine.h"
@@ -58,6 +59,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(u"KiV Mp3"_s);
     QApplication::setDesktopFileName(u"kiv-mp3"_s);
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setFont(fonts::font(fonts::Face::Arial, 13));
     installAccessibility();
 
     MpvEngine engine;

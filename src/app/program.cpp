@@ -4,27 +4,37 @@
 #include "base/names.h"
 #include "base/numbers.h"
 #include "base/play_time.h"
-#include "platform/drives.h"
+#include "controls/center_window.h"
 #include "settings/folder_picker.h"
 #include "settings/translucency.h"
 
 #include <QCoreApplication>
+#include <QScreen>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr int playListOverlapTwips = 30;
+constexpr int searchCornerTwips = 15;
 constexpr int partingPauses = 2;
 constexpr int partingPauseMs = 100;
 } // namespace
 
 Program::Program(MediaEngine &engine)
     : m_modes(this), m_mp3Frm(engine, m_modes), m_toolBar(m_mp3Frm.File1, m_options),
-      m_playlist(m_mp3Frm.File1, m_mp3Frm.player()), m_songSearch(m_mp3Frm.File1, m_mp3Frm.player())
+      m_tagEdit(m_mp3Frm.player(), m_mp3Frm.songs()),
+      m_formatMp3(m_mp3Frm.player(), m_mp3Frm.songs(), m_mp3Frm.Info, m_mp3Frm.VScroll1, m_tagEdit),
+      m_playlist(m_mp3Frm.File1, m_mp3Frm.player()), m_songSearch(m_mp3Frm.File1, m_mp3Frm.player()),
+      m_menus(this, {m_modes, m_mp3Frm.songs(), m_mp3Frm.player(), m_mp3Frm.AutoPlaySong, m_mp3Frm.Timer2, m_formatMp3,
+                     [this](const QString &title, const QString &startFolder) {
+                         return FolderPicker::BrowseForFolder(&m_formatMp3, title, startFolder);
+                     }})
 {
     connectMainWindow();
     connectOtherWindows();
+    connectMenus();
     load();
 }
 
@@ -32,6 +42,7 @@ void Program::connectMainWindow()
 {
     connect(&m_mp3Frm, &SkinWindow::firstPainted, &m_trayIcon, &TrayIcon::AddTrayIcon);
     connect(&m_mp3Frm, &SkinWindow::seenChanged, &m_playlist, &Playlist::followMainWindow);
+    connect(&m_mp3Frm, &Mp3Frm::songMenuRequested, &m_menus, &Menus::openSongMenu);
     connect(&m_mp3Frm, &Mp3Frm::songPicked, this, &Program::addPickedSong);
     connect(&m_mp3Frm, &Mp3Frm::folderWanted, this, &Program::chooseFolder);
     connect(&m_mp3Frm, &Mp3Frm::hideWanted, this, &Program::hideMainWindow);
@@ -50,8 +61,23 @@ void Program::connectOtherWindows()
     connect(&m_options, &frmOptions::translucencyApplied, this, &Program::applyTranslucency);
     connect(&m_toolBar, &ToolBar::folderConfirmed, &m_mp3Frm.songs(), &SongList::rebuildDisplayCopy);
     connect(&m_toolBar, &ToolBar::folderConfirmed, &m_songSearch, &SongSearch::clearSearch);
+    connect(&m_playlist, &Playlist::menuRequested, &m_menus, &Menus::openPlayListMenu);
+    connect(&m_formatMp3, &FormatMp3::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_about, &About::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_trayIcon, &TrayIcon::Click, this, &Program::trayClicked);
+}
+
+void Program::connectMenus()
+{
+    connect(&m_menus, &Menus::nameToolsWanted, this, &Program::openNameTools);
+    connect(&m_menus, &Menus::optionsWanted, this, [this] { showOverMain(m_options); });
+    connect(&m_menus, &Menus::playListToggled, this, &Program::togglePlayList);
+    connect(&m_menus, &Menus::songSearchWanted, this, &Program::openSongSearch);
+    connect(&m_menus, &Menus::aboutWanted, this, &Program::openAbout);
+    connect(&m_menus, &Menus::playListCleared, &m_playlist, &Playlist::clearLists);
+    connect(&m_menus, &Menus::playListLoadWanted, &m_playlist, &Playlist::loadLists);
+    connect(&m_menus, &Menus::playListSaveWanted, &m_playlist, &Playlist::saveLists);
+    connect(&m_menus, &Menus::randomSwitched, this, &Program::switchRandom);
 }
 
 // The loads in their order. The options load themselves when the main window's load asks for the first flag.
@@ -98,8 +124,7 @@ void Program::addPickedSong(const QString &name)
 void Program::chooseFolder()
 {
     if (!m_options.browseDialogChosen()) {
-        m_toolBar.show();
-        m_toolBar.raise();
+        showOverMain(m_toolBar);
         return;
     }
     const QString folder = FolderPicker::BrowseForFolder(&m_mp3Frm, u"Select Mp3 Path"_s, m_mp3Frm.File1.Path());
@@ -109,8 +134,71 @@ void Program::chooseFolder()
 
 void Program::applyTranslucency(bool on)
 {
-    for (QWidget *window : std::initializer_list<QWidget *>{&m_mp3Frm, &m_toolBar, &m_playlist, &m_about})
+    for (QWidget *window : std::initializer_list<QWidget *>{&m_mp3Frm, &m_toolBar, &m_formatMp3, &m_playlist, &m_about})
         MakeTranslucent(*window, asFlag(on));
+}
+
+// Shows a window in front of the main one, around the same middle, wholly on the screen where it fits.
+void Program::showOverMain(SkinWindow &window)
+{
+    if (!window.isVisible()) {
+        const QRect screen = m_mp3Frm.screen()->availableGeometry();
+        QRect place(QPoint(), window.size());
+        place.moveCenter(m_mp3Frm.geometry().center());
+        place.moveLeft(
+            std::clamp(place.left(), screen.left(), std::max(screen.left(), screen.right() - place.width())));
+        place.moveTop(std::clamp(place.top(), screen.top(), std::max(screen.top(), screen.bottom() - place.height())));
+        window.move(place.topLeft());
+    }
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+// The name tools take the place of the main window; the play list goes and comes with that.
+void Program::openNameTools()
+{
+    MakeTranslucent(m_tagEdit, asFlag(m_options.translucencyChosen()));
+    showOverMain(m_formatMp3);
+    m_mp3Frm.hide();
+    m_formatMp3.openOnSongs();
+}
+
+// The play list opens under the main window at the top of the screen; closing it brings the main window to the middle.
+void Program::togglePlayList()
+{
+    if (m_playlist.isVisible()) {
+        m_playlist.putAway();
+        CenterWindow(m_mp3Frm);
+        return;
+    }
+    const QRect screen = m_mp3Frm.screen()->geometry();
+    m_mp3Frm.move(m_mp3Frm.x(), screen.top());
+    m_playlist.move(m_mp3Frm.x(), screen.top() + m_mp3Frm.height() - fromTwips(playListOverlapTwips));
+    m_playlist.show();
+    m_mp3Frm.activateWindow();
+}
+
+void Program::openSongSearch()
+{
+    MakeTranslucent(m_songSearch, asFlag(m_options.translucencyChosen()));
+    m_songSearch.move(m_mp3Frm.screen()->geometry().topLeft() + fromTwips(searchCornerTwips) * QPoint(1, 1));
+    m_songSearch.show();
+    m_songSearch.activateWindow();
+}
+
+void Program::openAbout()
+{
+    showOverMain(m_about);
+    m_mp3Frm.hide();
+}
+
+// Random order goes on with the next song at once.
+void Program::switchRandom(bool on)
+{
+    m_playlist.RandomPlay = on;
+    if (on)
+        m_playlist.enableNextSong();
 }
 
 // Away to the tray; where there is none the window is only minimised, so that it is never lost.
@@ -127,7 +215,8 @@ void Program::hideMainWindow()
 // The main window comes back, in front and alone.
 void Program::trayClicked()
 {
-    for (QWidget *window : std::initializer_list<QWidget *>{&m_mp3Frm, &m_toolBar, &m_songSearch})
+    for (QWidget *window :
+         std::initializer_list<QWidget *>{&m_mp3Frm, &m_formatMp3, &m_tagEdit, &m_toolBar, &m_songSearch})
         window->hide();
     m_playlist.putAway();
     m_mp3Frm.bringBack();

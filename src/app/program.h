@@ -5,12 +5,15 @@
 #include "app/about.h"
 #include "app/mp3_frm.h"
 #include "app/splash.h"
+#include "filetools/format_mp3.h"
+#include "filetools/menus.h"
 #include "platform/single_instance.h"
 #include "playlist/playlist.h"
 #include "playlist/song_search.h"
 #include "settings/frm_options.h"
 #include "settings/tool_bar.h"
 #include "settings/tray_icon.h"
+#include "tagedit/tag_edit.h"
 
 #include <memory>
 
@@ -31,12 +34,19 @@ public:
 private:
     void connectMainWindow();
     void connectOtherWindows();
+    void connectMenus();
     void load();
     void playCommandLine(const QString &commandLine);
 
     void addPickedSong(const QString &name);
     void chooseFolder();
     void applyTranslucency(bool on);
+    void showOverMain(SkinWindow &window);
+    void openNameTools();
+    void togglePlayList();
+    void openSongSearch();
+    void openAbout();
+    void switchRandom(bool on);
     void hideMainWindow();
     void trayClicked();
     void tellTray(const QString &songName);
@@ -47,9 +57,12 @@ private:
     Mp3Frm m_mp3Frm;
     frmOptions m_options;
     ToolBar m_toolBar;
+    TagEdit m_tagEdit;
+    FormatMp3 m_formatMp3;
     Playlist m_playlist;
     About m_about;
     SongSearch m_songSearch;
+    Menus m_menus;
     TrayIcon m_trayIcon;
     QIcon m_trayPicture; // Handed to the tray with each tip; the first time it hands the player's own back.
 };

@@ -16,7 +16,7 @@ void CheckBox::setState(int state)
 void CheckBox::setBackColour(const QColor &colour)
 {
     QPalette colours = palette();
-    colours.setColor(QPalette::Window, colour);
+    colours.setColor(backgroundRole(), colour);
     setPalette(colours);
     setAutoFillBackground(true);
 }

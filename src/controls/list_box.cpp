@@ -153,6 +153,7 @@ void ListBox::keyPressEvent(QKeyEvent *event)
 void ListBox::mousePressEvent(QMouseEvent *event)
 {
     m_menuPosition = event->globalPosition().toPoint();
+    m_menuRow = rowAt(event->position().toPoint());
     if (event->button() != Qt::LeftButton) {
         Q_EMIT MouseDown(event->button());
         return;
@@ -191,6 +192,7 @@ void ListBox::contextMenuEvent(QContextMenuEvent *event)
     if (event->reason() != QContextMenuEvent::Keyboard)
         return; // The press of the button has told it.
     const QRect row = visualRect(currentIndex());
+    m_menuRow = ListIndex();
     m_menuPosition = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint(0, 0));
     Q_EMIT MouseDown(Qt::RightButton);
 }

@@ -50,6 +50,9 @@ public:
     /// Where a menu asked for by the last MouseDown() opens, on the screen: at the mouse, or below the chosen row.
     QPoint menuPosition() const { return m_menuPosition; }
 
+    /// The row that menu is for: the one under the press (-1: beside the rows), or the chosen one.
+    int menuRow() const { return m_menuRow; }
+
 Q_SIGNALS:
     void Click();
     void DblClick();
@@ -78,6 +81,7 @@ protected:
 private:
     ListBoxModel *m_items;
     QPoint m_menuPosition;
+    int m_menuRow = -1;
     int m_pressedRow = -1;
     bool m_quiet = false;
     bool m_clickSent = false;

@@ -21,6 +21,12 @@ void SliderBar::setValue(int value)
         QScrollBar::setValue(value);
 }
 
+void SliderBar::setRange(int smallest, int largest)
+{
+    const QScopedValueRollback byProgram(m_byProgram, true);
+    QScrollBar::setRange(smallest, largest);
+}
+
 void SliderBar::tellChange()
 {
     const bool byGroove = std::exchange(m_byGroove, false);
@@ -34,7 +40,7 @@ HScrollBar::HScrollBar(QWidget *parent, const ControlSetup &setup) : SliderBar(Q
 void HScrollBar::setMax(int value)
 {
     if (value != maximum() && !isSliderDown())
-        setMaximum(std::max(value, minimum()));
+        setRange(minimum(), std::max(value, minimum()));
 }
 
 VScrollBar::VScrollBar(QWidget *parent, const ControlSetup &setup, int top, int bottom)
@@ -42,5 +48,5 @@ VScrollBar::VScrollBar(QWidget *parent, const ControlSetup &setup, int top, int 
 {
     setRange(bottom, top);
     setInvertedAppearance(true);
-    setInvertedControls(true);
+    setInvertedControls(false); // Up is louder, by key and by wheel.
 }

@@ -17,6 +17,9 @@ public:
     int Value() const { return value(); }
     void setValue(int value);
 
+    /// A value that the new range leaves out moves to its nearest end: the program's doing too.
+    void setRange(int smallest, int largest);
+
     void setSmallChange(int step) { setSingleStep(step); }
     void setLargeChange(int step) { setPageStep(step); }
 
@@ -39,7 +42,7 @@ class HScrollBar : public SliderBar
 public:
     HScrollBar(QWidget *parent, const ControlSetup &setup);
 
-    void setMin(int value) { setMinimum(value); }
+    void setMin(int value) { setRange(value, maximum()); }
     void setMax(int value);
     int Min() const { return minimum(); }
     int Max() const { return maximum(); }

@@ -176,6 +176,12 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     case PE_FrameFocusRect:
         paintFocusRing(*painter, option->rect);
         return;
+    case PE_PanelMenu:
+    case PE_FrameMenu:
+        painter->setPen(lit(palette::graphiteLight, 140));
+        painter->setBrush(element == PE_PanelMenu ? QBrush(colour(palette::graphite)) : QBrush(Qt::NoBrush));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        return;
     case PE_PanelLineEdit:
         if (option->state & State_HasFocus)
             paintFocusRing(*painter, option->rect);
@@ -248,6 +254,10 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
         return barThickness;
     case PM_ScrollBarSliderMin:
         return shortestThumb;
+    case PM_MenuPanelWidth:
+        return 1;
+    case PM_MenuVMargin:
+        return 4;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
         return 15;

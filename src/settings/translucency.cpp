@@ -10,4 +10,5 @@ void MakeTranslucent(QWidget &window, qint16 on)
     constexpr int fullAlpha = 255;
     window.setProperty("layered", true);
     window.setWindowOpacity((on == asFlag(true) ? halfAlpha : fullAlpha) / qreal(fullAlpha));
+    window.update(); // Under X11 the request waits in a buffer until something is painted.
 }

@@ -109,6 +109,7 @@ void SettingsWindowsTest::ok_stores_and_applies()
     options.show();
     const QSignalSpy applied(&options, &frmOptions::translucencyApplied);
     auto &check = control<CheckBox>(options, u"Check1"_s);
+    QCOMPARE(check.grab().toImage().pixelColor(check.rect().bottomRight()), options.skinColourAt({50, 50}));
     for (const int state : {1, 0}) {
         options.show();
         QTest::keyClick(&check, Qt::Key_Space);
