@@ -238,8 +238,7 @@ void FormatMp3::swapSides()
 
 void FormatMp3::changeVolume(int steps)
 {
-    const int wanted = m_volume.Value() + steps * m_volume.singleStep();
-    m_volume.setValue(std::clamp(wanted, m_volume.minimum(), m_volume.maximum()));
+    m_volume.setValue(m_volume.Value() + steps * m_volume.singleStep()); // It stays within its ends.
 }
 
 // The file keeps being the chosen one under its new name. A rename that was refused leaves the new name to be edited.
