@@ -16,7 +16,7 @@ private Q_SLOTS:
     void proposalIsTidy();
     void songNameIsWhatFollowsTheFirstHyphen();
     void sidesSwapAroundTheFirstHyphen();
-    void centredWindowStandsAboveTheMiddle();
+    void windowsFindTheirPlaces();
 };
 
 void TestFileNames::proposalIsTidy_data()
@@ -77,10 +77,16 @@ void TestFileNames::sidesSwapAroundTheFirstHyphen()
     QCOMPARE(withSidesSwapped(u"No. 5 - J. S. Bach"_s), u"J. S. Bach - No. 5"_s);
 }
 
-void TestFileNames::centredWindowStandsAboveTheMiddle()
+void TestFileNames::windowsFindTheirPlaces()
 {
     QCOMPARE(centredPlace({15360, 11520}, {6000, 3000}), QPointF(4680, 3972));
     QCOMPARE(centredPlace({300, 200}, {600, 400}), QPointF(-150, -105));
+
+    const QRect screen(100, 0, 1000, 600); // A neighbour of 600 x 400 leaves room on its right, its left, or nowhere.
+    QCOMPARE(besidePlace(screen, {100, 50, 600, 400}, {300, 500}, 4), QPoint(704, 50));
+    QCOMPARE(besidePlace(screen, {420, 300, 600, 400}, {300, 500}, 4), QPoint(116, 100));
+    QCOMPARE(besidePlace(screen, {350, 0, 600, 400}, {300, 500}, 4), QPoint(100, 0));
+    QCOMPARE(besidePlace(screen, {250, 0, 600, 400}, {300, 500}, 4), QPoint(800, 0));
 }
 
 QTEST_APPLESS_MAIN(TestFileNames)
