@@ -166,6 +166,7 @@ void ControlsTest::only_the_user_scrolls()
     QCOMPARE(position.Value(), 90);
     QCOMPARE(told(), Told(3, 0));
     QTest::keyClick(&position, Qt::Key_Left);
+    QCOMPARE(position.Value(), 89);
     QCOMPARE(told(), Told(4, 1));
     QAccessible::queryAccessibleInterface(&position)->valueInterface()->setCurrentValue(20);
     QCOMPARE(position.Value(), 20);
