@@ -37,7 +37,6 @@ class Mp3FrmTest : public QObject
 private Q_SLOTS:
     void init();
     void a_first_start_writes_three_settings();
-    void the_stored_volume_is_taken_or_the_engines_data();
     void the_stored_volume_is_taken_or_the_engines();
     void a_folder_with_files_is_taken_data();
     void a_folder_with_files_is_taken();
@@ -73,27 +72,16 @@ void Mp3FrmTest::a_first_start_writes_three_settings()
     QCOMPARE(player.window.Label7.Caption(), QString());
 }
 
-void Mp3FrmTest::the_stored_volume_is_taken_or_the_engines_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<int>("value");
-    QTest::newRow("stored") << u"-600"_s << -600;
-    QTest::newRow("zero") << u"0"_s << -100;
-    QTest::newRow("empty") << u""_s << -100;
-    QTest::newRow("words") << u"abc"_s << -100;
-    QTest::newRow("too loud") << u"1"_s << -100;
-    QTest::newRow("too quiet") << u"-2291"_s << -100;
-}
-
 void Mp3FrmTest::the_stored_volume_is_taken_or_the_engines()
 {
-    QFETCH(QString, stored);
-    writeSetting(Setting::Volume, stored);
-    Player player;
-    player.engine.setVolume(-100);
-    player.window.Load();
-    QTEST(player.window.VScroll1.Value(), "value");
-    QTEST(player.engine.volume(), "value");
+    for (const auto &stored : {u"-600"_s, u"0"_s, u""_s, u"abc"_s, u"1"_s, u"-2291"_s}) {
+        writeSetting(Setting::Volume, stored);
+        Player player;
+        player.engine.setVolume(-100);
+        player.window.Load();
+        QCOMPARE(player.window.VScroll1.Value(), stored == u"-600"_s ? -600 : -100);
+        QCOMPARE(player.engine.volume(), player.window.VScroll1.Value());
+    }
 }
 
 void Mp3FrmTest::a_folder_with_files_is_taken_data()
