@@ -248,9 +248,7 @@ void Mp3Frm::List1_MouseMove(int row)
 
 void Mp3Frm::openSongMenu(const ListBox &list)
 {
-    const bool byKeyboard = list.menuPosition() != QCursor::pos();
-    if (byKeyboard)
-        m_songs.setPointedSong(list.items().value(list.ListIndex()));
+    m_songs.setPointedSong(list.items().value(list.menuRow())); // The list may have been scrolled under the mouse.
     m_songs.SongMenuOpen = true;
     Q_EMIT songMenuRequested(list.menuPosition());
 }

@@ -48,7 +48,7 @@ void Program::connectMainWindow()
     connect(&m_mp3Frm, &Mp3Frm::hideWanted, this, &Program::hideMainWindow);
     connect(&m_mp3Frm, &Mp3Frm::songNameChanged, this, &Program::tellTray);
     connect(&m_mp3Frm, &Mp3Frm::leaving, this, &Program::leave);
-    connect(&m_mp3Frm, &Mp3Frm::unloaded, this, [] { QCoreApplication::quit(); });
+    connect(&m_mp3Frm, &Mp3Frm::unloaded, this, [] { QCoreApplication::exit(); });
     connect(&m_mp3Frm.player(), &PlayerControl::songEnded, this, [this] {
         if (m_playlist.isOpen())
             m_playlist.enableNextSong();
@@ -236,5 +236,6 @@ void Program::leave()
         QThread::msleep(partingPauseMs);
         QCoreApplication::processEvents();
     }
-    QCoreApplication::quit();
+    QCoreApplication::exit(); // Not quit(): that would close the windows, and closing leaves its trace in the side
+                              // file.
 }

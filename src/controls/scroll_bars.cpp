@@ -9,6 +9,7 @@ SliderBar::SliderBar(Qt::Orientation orientation, QWidget *parent, const Control
     setUpControl(*this, setup);
     setFocusPolicy(Qt::TabFocus);
     setContextMenuPolicy(Qt::NoContextMenu);
+    setInvertedControls(false); // Up and Right make the value larger, by key and by wheel.
     connect(this, &QAbstractSlider::actionTriggered, this,
             [this](int action) { m_byGroove = action == SliderPageStepAdd || action == SliderPageStepSub; });
     connect(this, &QAbstractSlider::valueChanged, this, &SliderBar::tellChange);
@@ -48,5 +49,4 @@ VScrollBar::VScrollBar(QWidget *parent, const ControlSetup &setup, int top, int 
 {
     setRange(bottom, top);
     setInvertedAppearance(true);
-    setInvertedControls(false); // Up is louder, by key and by wheel.
 }

@@ -29,7 +29,6 @@ class ListsTest : public QObject
 private Q_SLOTS:
     void a_choice_clicks_once();
     void a_menu_is_asked_for_without_choosing();
-    void a_removed_row_takes_only_its_own_choice_data();
     void a_removed_row_takes_only_its_own_choice();
     void keys_go_to_the_handler_first();
     void files_fit_the_pattern_and_stay_chosen();
@@ -91,28 +90,18 @@ void ListsTest::a_menu_is_asked_for_without_choosing()
     QCOMPARE(clicks.size(), 0);
 }
 
-void ListsTest::a_removed_row_takes_only_its_own_choice_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("chosen");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("above") << 0 << 0 << u"b"_s;
-    QTest::newRow("itself") << 1 << -1 << u""_s;
-    QTest::newRow("below") << 2 << 1 << u"b"_s;
-    QTest::newRow("past the end") << 3 << 1 << u"b"_s;
-}
-
 void ListsTest::a_removed_row_takes_only_its_own_choice()
 {
-    QFETCH(int, row);
-    ListBox list(nullptr, setup);
-    list.setItems({u"a"_s, u"b"_s, u"c"_s});
-    list.setListIndex(1);
-    const QSignalSpy clicks(&list, &ListBox::Click);
-    QCOMPARE(list.RemoveItem(row), row < 3);
-    QTEST(list.ListIndex(), "chosen");
-    QTEST(list.List(list.ListIndex()), "text");
-    QCOMPARE(clicks.size(), 0);
+    for (const auto &[row, chosen] : {std::pair(0, 0), {1, -1}, {2, 1}, {3, 1}}) {
+        ListBox list(nullptr, setup);
+        list.setItems({u"a"_s, u"b"_s, u"c"_s});
+        list.setListIndex(1);
+        const QSignalSpy clicks(&list, &ListBox::Click);
+        QCOMPARE(list.RemoveItem(row), row < 3);
+        QCOMPARE(list.ListIndex(), chosen);
+        QCOMPARE(list.List(chosen), chosen < 0 ? QString() : u"b"_s);
+        QCOMPARE(clicks.size(), 0);
+    }
 }
 
 void ListsTest::keys_go_to_the_handler_first()

@@ -38,10 +38,8 @@ private Q_SLOTS:
     void reads_what_is_there();
     void opens_normal_files_alone();
     void a_write_that_fails_is_put_back();
-    void a_folder_exists_for_its_files_data();
     void a_folder_exists_for_its_files();
     void lists_what_fits();
-    void makes_one_level();
     void a_save_succeeds_or_leaves_the_old_file();
     void forbidden_things_fail_quietly();
 };
@@ -94,26 +92,19 @@ void FileAccessTest::a_write_that_fails_is_put_back()
     QCOMPARE(folder.bytesOf(u"a"_s), "0123456789");
 }
 
-void FileAccessTest::a_folder_exists_for_its_files_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<bool>("exists");
-    QTest::newRow("nothing in it") << u""_s << false;
-    QTest::newRow("a folder alone") << u"in/deep.mp3"_s << false;
-    QTest::newRow("a hidden file alone") << u".hidden.mp3"_s << false;
-    QTest::newRow("a file") << u"any.txt"_s << true;
-}
-
 void FileAccessTest::a_folder_exists_for_its_files()
 {
-    QFETCH(QString, file);
     const TestFolder folder;
     folder.makeFolder(u"in"_s);
-    if (!file.isEmpty())
+    for (const auto &file : {u"in/deep.mp3"_s, u".hidden.mp3"_s, u"any.txt"_s}) {
         folder.makeFile(file);
-    QTEST(FileExists(folder.path() + u'\\'), "exists");
-    QVERIFY(!FileExists(folder.path()));
-    QVERIFY(folderExists(folder.path()));
+        QCOMPARE(FileExists(folder.path() + u'\\'), file == u"any.txt"_s);
+    }
+    QVERIFY(!FileExists(folder.path()) && folderExists(folder.path()));
+    MakeFolder(folder.path(u"a\\b"_s)); // One level at a time.
+    QCOMPARE(foldersIn(folder.path()), QStringList(u"in"_s));
+    MakeFolder(folder.path(u"IN"_s));
+    QCOMPARE(foldersIn(folder.path()), QStringList(u"in"_s));
 }
 
 void FileAccessTest::lists_what_fits()
@@ -133,17 +124,6 @@ void FileAccessTest::lists_what_fits()
     QCOMPARE(filesIn(u"d:\\"_s), QStringList());
     QVERIFY(!fileLength(folder.path(u"n.mp3"_s)));
     QVERIFY(!removeFile(folder.path(u"Folder.mp3"_s)));
-}
-
-void FileAccessTest::makes_one_level()
-{
-    const TestFolder folder;
-    MakeFolder(folder.path(u"a\\b"_s));
-    QVERIFY(!folderExists(folder.path(u"a"_s)));
-    MakeFolder(folder.path(u"a"_s));
-    MakeFolder(folder.path(u"A\\b"_s)); // The folder "a" is there already.
-    QVERIFY(folderExists(folder.path(u"a\\b"_s)));
-    QCOMPARE(foldersIn(folder.path()).size(), 1);
 }
 
 void FileAccessTest::a_save_succeeds_or_leaves_the_old_file()
