@@ -5,6 +5,7 @@
 #include "controls/fonts.h"
 #include "controls/skin_style.h"
 #include "platform/command_line.h"
+#include "platform/file_names.h"
 #include "playback/mpv_engine.h"
 
 #include <QApplication>
@@ -46,6 +47,14 @@ void paintWithoutSharedMemory()
     if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM"))
         qputenv("QT_XCB_NO_MITSHM", "1");
 }
+// The arguments that Qt has left, the bytes of odd file names kept.
+QStringList argumentsOf(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += textFromBytes(argv[i]);
+    return arguments;
+}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -66,5 +75,5 @@ int main(int argc, char *argv[])
     engine.holdUntilShown(); // The sound library takes longer to load than the window to show.
     Program program(engine);
     QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &MpvEngine::release);
-    return program.start(commandLineText(QApplication::arguments().sliced(1))) ? QApplication::exec() : 0;
+    return program.start(commandLineText(argumentsOf(argc, argv))) ? QApplication::exec() : 0;
 }

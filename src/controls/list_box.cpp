@@ -181,10 +181,9 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ListBox::mouseMoveEvent(QMouseEvent *event)
 {
+    // A button held chooses nothing on its way: choosing may mean playing.
     if (event->buttons() == Qt::NoButton)
         Q_EMIT MouseMove(rowAt(event->position().toPoint()), event->buttons());
-    else
-        QListView::mouseMoveEvent(event);
 }
 
 void ListBox::contextMenuEvent(QContextMenuEvent *event)

@@ -271,6 +271,7 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidg
 {
     switch (hint) {
     case SH_ScrollBar_Transient:
+    case SH_DialogButtonBox_ButtonsHaveIcons:
         return 0;
     case SH_ComboBox_Popup: // A list with a scroll bar below the box, not a menu as tall as the screen.
     case SH_ItemView_ActivateItemOnSingleClick:
