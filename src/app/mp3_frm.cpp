@@ -163,7 +163,7 @@ void Mp3Frm::bringBack()
 {
     if (!isVisible() && isMinimized())
         setWindowState(Qt::WindowMinimized); // Else a window manager that iconified it brings it back iconified.
-    move(pos()); // Else the window manager looks for a new place.
+    move(pos());                             // Else the window manager looks for a new place.
     showNormal();
     raise();
     activateWindow();
