@@ -73,7 +73,7 @@ void Mp3Frm::dress()
         button->setFont(fonts::font(fonts::Face::SmallFonts, 11));
     }
     Label7.setFont(fonts::font(fonts::Face::Arial, 15));
-    Label7.setQuickPainted();
+    Label7.setMarquee();
     Label7.setColour(QColor::fromRgb(palette::displayText));
     Text1.setFont(fonts::font(fonts::Face::MatisseItc, 22));
     Text1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -163,6 +163,7 @@ void Mp3Frm::bringBack()
 {
     if (!isVisible() && isMinimized())
         setWindowState(Qt::WindowMinimized); // Else a window manager that iconified it brings it back iconified.
+    move(pos());                             // Else the window manager looks for a new place.
     showNormal();
     raise();
     activateWindow();

@@ -9,6 +9,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextLayout>
+
+#include <cmath>
 
 Label::Label(QWidget *parent, const ControlSetup &setup, const QString &caption)
     : QWidget(parent), m_caption(caption), m_colour(QColor::fromRgb(palette::caption))
@@ -20,8 +23,12 @@ void Label::setCaption(const QString &caption)
 {
     if (m_caption == caption)
         return;
+    if (m_strip && turns(caption))
+        m_strip->turn = (m_strip->turn + 1) % caption.size();
+    else
+        m_strip.reset();
     m_caption = caption;
-    update(testAttribute(Qt::WA_OpaquePaintEvent) ? lineRect() : rect());
+    update(m_isMarquee ? lineRect() : rect());
     if (QAccessible::isActive()) {
         QAccessibleEvent change(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&change);
@@ -46,6 +53,7 @@ void Label::setAlignment(Qt::Alignment alignment)
 void Label::setColour(const QColor &colour)
 {
     m_colour = colour;
+    m_strip.reset();
     update();
 }
 
@@ -55,9 +63,17 @@ void Label::setElided(bool elided)
     update();
 }
 
-void Label::setQuickPainted()
+void Label::setMarquee()
 {
+    m_isMarquee = true;
     setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+// Is this the caption with its first character moved to the end?
+bool Label::turns(const QString &caption) const
+{
+    return caption.size() == m_caption.size() && caption.startsWith(QStringView(m_caption).sliced(1)) &&
+           caption.back() == m_caption.front();
 }
 
 // The band that a line of text takes.
@@ -65,6 +81,41 @@ QRect Label::lineRect() const
 {
     const int height = fontMetrics().height();
     return {0, (rect().height() - height) / 2, width(), height};
+}
+
+void Label::layOut()
+{
+    QTextLayout layout(m_caption + m_caption, font());
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    Strip strip;
+    for (qsizetype at = 0; at <= m_caption.size(); ++at)
+        strip.starts += line.cursorToX(static_cast<int>(at));
+    const qreal density = devicePixelRatioF();
+    const QSizeF size(line.naturalTextWidth() + 1, lineRect().height());
+    strip.picture = QPixmap((size * density).toSize());
+    strip.picture.setDevicePixelRatio(density);
+    strip.picture.fill(Qt::transparent);
+    QPainter painter(&strip.picture);
+    painter.setPen(m_colour);
+    layout.draw(&painter, QPointF(0, (size.height() - line.height()) / 2));
+    m_strip = strip;
+}
+
+void Label::paintMarquee(QPainter &painter, const QRect &part)
+{
+    if (const auto *skin = qobject_cast<SkinWindow *>(window()))
+        skin->paintSkin(painter, part, mapTo(skin, QPoint()));
+    if (m_caption.isEmpty())
+        return;
+    if (!m_strip)
+        layOut();
+    const qreal density = m_strip->picture.devicePixelRatio();
+    const qreal start = m_strip->starts[m_strip->turn];
+    const QSizeF size(std::min<qreal>(m_strip->starts.back(), width()), lineRect().height());
+    painter.drawPixmap(QRectF(lineRect().topLeft(), size), m_strip->picture,
+                       QRectF(QPointF(std::round(start * density), 0), size * density));
 }
 
 void Label::press()
@@ -76,8 +127,10 @@ void Label::press()
 void Label::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    if (const auto *skin = qobject_cast<SkinWindow *>(window()); skin && testAttribute(Qt::WA_OpaquePaintEvent))
-        skin->paintSkin(painter, event->rect(), mapTo(skin, QPoint()));
+    if (m_isMarquee) {
+        paintMarquee(painter, event->rect());
+        return;
+    }
     paintFace(painter);
     QColor colour = m_colour;
     if (!isEnabled())
@@ -143,7 +196,9 @@ void Label::leaveEvent(QEvent *)
 
 void Label::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::FontChange) {
+        m_strip.reset();
         update();
+    }
     QWidget::changeEvent(event);
 }

@@ -5,7 +5,10 @@
 #include "controls/control.h"
 
 #include <QColor>
+#include <QPixmap>
 #include <QWidget>
+
+#include <optional>
 
 class Label : public QWidget
 {
@@ -29,9 +32,9 @@ public:
     /// A text too long for its place is cut at its end with "…" (otherwise it just runs out of sight).
     void setElided(bool elided);
 
-    /// For a text that changes many times a second: the label paints the skin under it itself, which spares the window
-    /// being painted below it, and a change paints no more than the line of text.
-    void setQuickPainted();
+    /// For a text that turns round, a character at a time, many times a second: it is laid out once and then only
+    /// shifted, and the label paints the skin under it itself. At the left, not for a button.
+    void setMarquee();
 
     /// Runs the command as a click does, when the control is enabled.
     void press();
@@ -55,11 +58,23 @@ protected:
     bool isHovered() const { return m_hovered; }
 
 private:
+    /// The text of a marquee twice in a row, and where each of its characters begins there.
+    struct Strip {
+        QPixmap picture;
+        QList<qreal> starts;
+        qsizetype turn = 0; // The character that is the first one just now.
+    };
+
+    bool turns(const QString &caption) const;
     QRect lineRect() const;
+    void layOut();
+    void paintMarquee(QPainter &painter, const QRect &part);
 
     QString m_caption;
     QColor m_colour;
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
+    std::optional<Strip> m_strip; // Of a marquee whose text has been painted.
+    bool m_isMarquee = false;
     bool m_isButton = false;
     bool m_elided = false;
     bool m_pressed = false;

@@ -64,9 +64,11 @@ bool isSlider(const QWidget *widget)
 void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour(palette::wellBackground));
-    painter.drawRoundedRect(option.rect, 3, 3);
+    if (!isSlider(widget)) { // A slider's groove is on the skin.
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour(palette::wellBackground));
+        painter.drawRoundedRect(option.rect, 3, 3);
+    }
     if (option.state & QStyle::State_HasFocus)
         paintFocusRing(painter, option.rect);
     const QRect thumb = style.subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, widget);

@@ -1,7 +1,7 @@
 // A window's timer.
 #include "controls/timer.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace
 {
@@ -13,7 +13,6 @@ Timer::Timer(QObject *parent, const QString &name, int intervalMs, Kind kind)
     : QObject(parent), m_intervalMs(intervalMs), m_kind(kind)
 {
     setObjectName(name);
-    m_clock.setSingleShot(true);
     connect(&m_clock, &QTimer::timeout, this, &Timer::runDown);
 }
 
@@ -51,17 +50,23 @@ void Timer::tickSoon()
 
 void Timer::runDown()
 {
-    if (m_kind == Kind::OneShot)
+    if (m_kind == Kind::OneShot) {
         m_enabled = false;
+        m_clock.stop();
+    }
+    const int waited = m_clock.interval();
     m_quietMs = 0;
+    m_restarted = false;
     Q_EMIT tick();
-    if (m_kind == Kind::Repeating && !m_clock.isActive())
-        wait(std::max(pace(), std::exchange(m_quietMs, 0)));
+    const int next = std::max(pace(), m_quietMs);
+    if (m_enabled && m_kind == Kind::Repeating && !m_restarted && next != waited)
+        wait(next); // Else the clock runs on by itself, which is cheaper.
 }
 
 // Starts the clock anew, or stops it when the timer is off or rests.
 void Timer::wait(int ms)
 {
+    m_restarted = true;
     if (!m_enabled || m_resting) {
         m_clock.stop();
         return;

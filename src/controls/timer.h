@@ -43,5 +43,6 @@ private:
     Kind m_kind;
     bool m_enabled = false;
     bool m_resting = false;
+    bool m_restarted = false; // While a tick is handled: the clock has been set anew.
     int m_quietMs = 0;
 };

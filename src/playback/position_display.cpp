@@ -137,9 +137,8 @@ void PositionDisplay::VScroll1_Change()
 
 void PositionDisplay::tellSongName()
 {
-    const QString name = withoutExtension(FileNameFromPath(m_engine.fileName()));
-    if (name == m_toldName)
+    if (m_engine.fileName() == m_toldPath)
         return;
-    m_toldName = name;
-    Q_EMIT songNameChanged(name);
+    m_toldPath = m_engine.fileName();
+    Q_EMIT songNameChanged(withoutExtension(FileNameFromPath(m_toldPath)));
 }

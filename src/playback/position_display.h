@@ -73,5 +73,5 @@ private:
 
     MediaEngine &m_engine;
     DisplayControls m_controls;
-    QString m_toldName;
+    QString m_toldPath; // The song that the tray knows of.
 };

@@ -91,7 +91,7 @@ void ToolBar::showEvent(QShowEvent *event)
 void ToolBar::prepareForFirstLook()
 {
     for (Label *label : {&Label2, &Label1, &Label3})
-        label->setFont(fonts::font(fonts::Face::Arial, captionPixels, QFont::Bold));
+        label->setFont(fonts::font(fonts::Face::Arial, captionPixels));
     Label1.setAlignment(Qt::AlignCenter);
     Label1.setColour(QColor::fromRgb(palette::displayText));
     File1.setFocusPolicy(Qt::TabFocus);
