@@ -30,121 +30,113 @@ class ProgramTest : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
-    void init();
-    void the_bar_fills_in_800_steps();
-    void a_song_of_the_command_line_plays_at_once();
-    void a_bare_text_loses_its_ends();
-    void without_a_song_the_splash_comes_first();
-    void a_second_player_ends_unseen();
-    void every_way_out_ends_the_program_data();
-    void every_way_out_ends_the_program();
-};
-
-void ProgramTest::init()
-{
-    ensureSettingsFolder();
-    removeFile(paths::settingsFile);
-    removeFile(paths::sideFile);
-}
-
-void ProgramTest::the_bar_fills_in_800_steps()
-{
-    for (const int width : {372, 371, 1}) {
-        QCOMPARE(splashStep(1, width).status, u"Loading Settings..."_s);
-        QCOMPARE(splashStep(399, width).status, u"Loading Settings..."_s);
-        QCOMPARE(splashStep(400, width).status, u"Loading Orvel..."_s);
-        QCOMPARE(splashStep(800, width).fraction, 1.0);
+    void init()
+    {
+        ensureSettingsFolder();
+        removeFile(paths::settingsFile);
+        removeFile(paths::sideFile);
     }
-}
 
-void ProgramTest::a_song_of_the_command_line_plays_at_once()
-{
-    const TestFolder folder;
-    const QString song = folder.makeFile(u"My Song.mp3"_s);
-    FakeEngine engine;
-    Program program(engine);
-    engine.takeCalls();
-    const QObject context;
-    bool splashSeen = false;
-    QTimer::singleShot(0, &context, [&] { splashSeen = isShown(u"Splash"_s); });
-    QVERIFY(program.start(commandLineText({folder.hostPath() + u"/My Song.mp3"_s})));
-    QCOMPARE(engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
-    const Mp3Frm &window = program.mainWindow();
-    QVERIFY(window.isVisible() && !splashSeen);
-    QCOMPARE(window.Label7.Caption(), u"    My Song.mp3"_s);
-    QVERIFY(window.Timer1.Enabled() && window.Timer4.Enabled());
-    QCOMPARE(window.File1.Path(), folder.path() + u'\\');
-    QCOMPARE(window.File1.items(), QStringList(u"My Song.mp3"_s));
-}
+    void the_bar_fills_in_800_steps()
+    {
+        for (const int width : {372, 371, 1}) {
+            QCOMPARE(splashStep(1, width).status, u"Loading Settings..."_s);
+            QCOMPARE(splashStep(399, width).status, u"Loading Settings..."_s);
+            QCOMPARE(splashStep(400, width).status, u"Loading Orvel..."_s);
+            QCOMPARE(splashStep(800, width).fraction, 1.0);
+        }
+    }
 
-void ProgramTest::a_bare_text_loses_its_ends()
-{
-    for (const auto &[text, path] : {std::pair(u"C:\\M\\Song.mp3"_s, u":\\M\\Song.mp"_s), {u"x"_s, u""_s}}) {
+    void a_song_of_the_command_line_plays_at_once()
+    {
+        const TestFolder folder;
+        const QString song = folder.makeFile(u"My Song.mp3"_s);
         FakeEngine engine;
         Program program(engine);
         engine.takeCalls();
-        QVERIFY(program.start(text));
-        QCOMPARE(engine.takeCalls().value(0), u"FileName "_s + path);
+        const QObject context;
+        bool splashSeen = false;
+        QTimer::singleShot(0, &context, [&] { splashSeen = isShown(u"Splash"_s); });
+        QVERIFY(program.start(commandLineText({folder.hostPath() + u"/My Song.mp3"_s})));
+        QCOMPARE(engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
+        const Mp3Frm &window = program.mainWindow();
+        QVERIFY(window.isVisible() && !splashSeen);
+        QCOMPARE(window.Label7.Caption(), u"    My Song.mp3"_s);
+        QVERIFY(window.Timer1.Enabled() && window.Timer4.Enabled());
+        QCOMPARE(window.File1.Path(), folder.path() + u'\\');
+        QCOMPARE(window.File1.items(), QStringList(u"My Song.mp3"_s));
     }
-}
 
-void ProgramTest::without_a_song_the_splash_comes_first()
-{
-    FakeEngine engine;
-    Program program(engine);
-    const QObject context;
-    bool splashFirst = false;
-    QTimer::singleShot(0, &context, [&] { splashFirst = isShown(u"Splash"_s) && !program.mainWindow().isVisible(); });
-    QVERIFY(program.start({}));
-    QVERIFY(splashFirst && !isShown(u"Splash"_s) && program.mainWindow().isVisible());
-    QVERIFY(!program.mainWindow().Timer1.Enabled());
-}
+    void a_bare_text_loses_its_ends()
+    {
+        for (const auto &[text, path] : {std::pair(u"C:\\M\\Song.mp3"_s, u":\\M\\Song.mp"_s), {u"x"_s, u""_s}}) {
+            FakeEngine engine;
+            Program program(engine);
+            engine.takeCalls();
+            QVERIFY(program.start(text));
+            QCOMPARE(engine.takeCalls().value(0), u"FileName "_s + path);
+        }
+    }
 
-void ProgramTest::a_second_player_ends_unseen()
-{
-    FakeEngine engine;
-    const Program first(engine);
-    FakeEngine secondEngine;
-    Program second(secondEngine);
-    secondEngine.takeCalls();
-    QVERIFY(!second.start(u"\"c:\\Song.mp3\""_s));
-    QVERIFY(!second.mainWindow().isVisible());
-    QCOMPARE(secondEngine.takeCalls(), QStringList());
-}
+    void without_a_song_the_splash_comes_first()
+    {
+        FakeEngine engine;
+        Program program(engine);
+        const QObject context;
+        bool splashFirst = false;
+        QTimer::singleShot(0, &context,
+                           [&] { splashFirst = isShown(u"Splash"_s) && !program.mainWindow().isVisible(); });
+        QVERIFY(program.start({}));
+        QVERIFY(splashFirst && !isShown(u"Splash"_s) && program.mainWindow().isVisible());
+        QVERIFY(!program.mainWindow().Timer1.Enabled());
+    }
 
-void ProgramTest::every_way_out_ends_the_program_data()
-{
-    QTest::addColumn<bool>("byExit");
-    QTest::newRow("exit keeps the settings") << true;
-    QTest::newRow("closing keeps nothing") << false;
-}
+    void a_second_player_ends_unseen()
+    {
+        FakeEngine engine;
+        const Program first(engine);
+        FakeEngine secondEngine;
+        Program second(secondEngine);
+        secondEngine.takeCalls();
+        QVERIFY(!second.start(u"\"c:\\Song.mp3\""_s));
+        QVERIFY(!second.mainWindow().isVisible());
+        QCOMPARE(secondEngine.takeCalls(), QStringList());
+    }
 
-void ProgramTest::every_way_out_ends_the_program()
-{
-    QFETCH(bool, byExit);
-    FakeEngine engine;
-    Program program(engine);
-    QVERIFY(program.start(u"\"c:\\Song.mp3\""_s));
-    const auto before = loadFile(paths::settingsFile);
-    const QObject context;
-    program.mainWindow().VScroll1.setValue(byExit ? -321 : -123);
-    QTimer::singleShot(0, &context, [&] {
-        if (byExit)
-            program.mainWindow().Label6.press();
-        else
-            program.mainWindow().close();
-    });
-    bool isLate = false;
-    QTimer::singleShot(5000, &context, [&] {
-        isLate = true;
-        QCoreApplication::exit(1);
-    });
-    QCOMPARE(QApplication::exec(), 0);
-    QVERIFY(!isLate);
-    QCOMPARE(readSetting(Setting::Volume) == u"-321"_s, byExit);
-    QCOMPARE(loadFile(paths::settingsFile) == before, !byExit);
-    QCOMPARE(FileExists(paths::sideFile), !byExit);
-}
+    void every_way_out_ends_the_program_data()
+    {
+        QTest::addColumn<bool>("byExit");
+        QTest::newRow("exit keeps the settings") << true;
+        QTest::newRow("closing keeps nothing") << false;
+    }
+
+    void every_way_out_ends_the_program()
+    {
+        QFETCH(bool, byExit);
+        FakeEngine engine;
+        Program program(engine);
+        QVERIFY(program.start(u"\"c:\\Song.mp3\""_s));
+        const auto before = loadFile(paths::settingsFile);
+        const QObject context;
+        program.mainWindow().VScroll1.setValue(byExit ? -321 : -123);
+        QTimer::singleShot(0, &context, [&] {
+            if (byExit)
+                program.mainWindow().Label6.press();
+            else
+                program.mainWindow().close();
+        });
+        bool isLate = false;
+        QTimer::singleShot(5000, &context, [&] {
+            isLate = true;
+            QCoreApplication::exit(1);
+        });
+        QCOMPARE(QApplication::exec(), 0);
+        QVERIFY(!isLate);
+        QCOMPARE(readSetting(Setting::Volume) == u"-321"_s, byExit);
+        QCOMPARE(loadFile(paths::settingsFile) == before, !byExit);
+        QCOMPARE(FileExists(paths::sideFile), !byExit);
+    }
+};
 
 QTEST_MAIN(ProgramTest)
 #include "tst_program.moc"

@@ -15,78 +15,70 @@ class BaseTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cuts_paths_apart();
-    void sorts_names_without_case();
-    void rounds_halves_to_even_and_holds_the_range_data();
-    void rounds_halves_to_even_and_holds_the_range();
-    void reads_numbers_from_texts();
-    void formats_play_times();
-};
-
-void BaseTest::cuts_paths_apart()
-{
-    for (const auto &path : {u""_s, u"Song.mp3"_s, u"c:\\a\\"_s, u"c:\\a/b.mp3"_s})
-        QCOMPARE(FolderFromPath(path) + FileNameFromPath(path), path);
-    QCOMPARE(FileNameFromPath(u"Song.mp3"_s), u"Song.mp3"_s);
-    QCOMPARE(FolderFromPath(u"c:\\a/b.mp3"_s), u"c:\\"_s); // A slash is no separator.
-    QCOMPARE(withoutExtension(u"mp3"_s), QString());
-}
-
-void BaseTest::sorts_names_without_case()
-{
-    const QStringList sorted = {u"A.mp3"_s, u"a.mp3"_s, u"B.mp3"_s, u"Ä.mp3"_s, u"ä.mp3"_s, u"日.mp3"_s};
-    for (int i = 0; i < sorted.size(); ++i) {
-        QStringList names = sorted.mid(i) + sorted.first(i);
-        sortNames(names);
-        QCOMPARE(names, sorted);
+    void cuts_paths_apart()
+    {
+        for (const auto &path : {u""_s, u"Song.mp3"_s, u"c:\\a\\"_s, u"c:\\a/b.mp3"_s})
+            QCOMPARE(FolderFromPath(path) + FileNameFromPath(path), path);
+        QCOMPARE(FileNameFromPath(u"Song.mp3"_s), u"Song.mp3"_s);
+        QCOMPARE(FolderFromPath(u"c:\\a/b.mp3"_s), u"c:\\"_s); // A slash is no separator.
+        QCOMPARE(withoutExtension(u"mp3"_s), QString());
     }
-}
 
-void BaseTest::rounds_halves_to_even_and_holds_the_range_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<std::int32_t>("wide");
-    QTest::addColumn<std::int16_t>("narrow");
-    const auto row = [](const char *name, double value, std::int32_t wide, std::int16_t narrow) {
-        QTest::newRow(name) << value << wide << narrow;
-    };
-    row("half above an even number", 2.5, 2, 2);
-    row("half above an odd number", 3.5, 4, 4);
-    row("negative half", -0.5, 0, 0);
-    row("longer than nine hours", 40000.4, 40000, 32767);
-    row("beyond 32 bits", 1e18, 2147483647, 32767);
-    row("infinite", -std::numeric_limits<double>::infinity(), -2147483647 - 1, -32768);
-    row("no number", std::nan(""), 0, 0);
-}
+    void sorts_names_without_case()
+    {
+        const QStringList sorted = {u"A.mp3"_s, u"a.mp3"_s, u"B.mp3"_s, u"Ä.mp3"_s, u"ä.mp3"_s, u"日.mp3"_s};
+        for (int i = 0; i < sorted.size(); ++i) {
+            QStringList names = sorted.mid(i) + sorted.first(i);
+            sortNames(names);
+            QCOMPARE(names, sorted);
+        }
+    }
 
-void BaseTest::rounds_halves_to_even_and_holds_the_range()
-{
-    QFETCH(double, value);
-    QTEST(roundHalfEven(value), "wide");
-    QTEST(roundToInt16(value), "narrow");
-    QCOMPARE(wrapToInt32(5'000'000'000), 705'032'704);
-}
+    void rounds_halves_to_even_and_holds_the_range_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<std::int32_t>("wide");
+        QTest::addColumn<std::int16_t>("narrow");
+        const auto row = [](const char *name, double value, std::int32_t wide, std::int16_t narrow) {
+            QTest::newRow(name) << value << wide << narrow;
+        };
+        row("half above an even number", 2.5, 2, 2);
+        row("half above an odd number", 3.5, 4, 4);
+        row("negative half", -0.5, 0, 0);
+        row("beyond 32 bits", 1e18, 2147483647, 32767);
+        row("infinite", -std::numeric_limits<double>::infinity(), -2147483647 - 1, -32768);
+        row("no number", std::nan(""), 0, 0);
+    }
 
-void BaseTest::reads_numbers_from_texts()
-{
-    for (const auto &text : {u""_s, u"Kbit 5"_s, u"-x"_s, u"."_s, u"٣"_s})
-        QCOMPARE(numericValue(text), 0.0);
-    QCOMPARE(numericValue(u"131 Kbit (VBR)"_s), 131.0);
-    QCOMPARE(numericValue(u" 1 2.5.7"_s), 12.5);
-    QCOMPARE(numericValue(u"-2-3"_s), -2.0);
-    for (const auto &text : {u""_s, u"abc"_s, u"12a"_s, u"4294967296"_s})
-        QCOMPARE(wholeNumber(text), std::nullopt);
-    QCOMPARE(wholeNumber(u" -600 "_s), -600);
-}
+    void rounds_halves_to_even_and_holds_the_range()
+    {
+        QFETCH(double, value);
+        QTEST(roundHalfEven(value), "wide");
+        QTEST(roundToInt16(value), "narrow");
+        QCOMPARE(wrapToInt32(5'000'000'000), 705'032'704);
+    }
 
-void BaseTest::formats_play_times()
-{
-    QCOMPARE(FormatPlayTime(3599), u"59:59"_s);
-    QCOMPARE(FormatPlayTime(3600), u"1:00:00"_s);
-    QCOMPARE(FormatPlayTime(-5), u"0:-5"_s);
-    QCOMPARE(FormatPlayTime(-3665), u"-1:-1:-5"_s);
-    QCOMPARE(FormatPlayTime(std::numeric_limits<std::int32_t>::min()), u"-596523:-14:-8"_s);
-}
+    void reads_numbers_from_texts()
+    {
+        for (const auto &text : {u""_s, u"Kbit 5"_s, u"-x"_s, u"."_s, u"٣"_s})
+            QCOMPARE(numericValue(text), 0.0);
+        QCOMPARE(numericValue(u"131 Kbit (VBR)"_s), 131.0);
+        QCOMPARE(numericValue(u" 1 2.5.7"_s), 12.5);
+        QCOMPARE(numericValue(u"-2-3"_s), -2.0);
+        for (const auto &text : {u""_s, u"abc"_s, u"12a"_s, u"4294967296"_s})
+            QCOMPARE(wholeNumber(text), std::nullopt);
+        QCOMPARE(wholeNumber(u" -600 "_s), -600);
+    }
+
+    void formats_play_times()
+    {
+        QCOMPARE(FormatPlayTime(3599), u"59:59"_s);
+        QCOMPARE(FormatPlayTime(3600), u"1:00:00"_s);
+        QCOMPARE(FormatPlayTime(-5), u"0:-5"_s);
+        QCOMPARE(FormatPlayTime(-3665), u"-1:-1:-5"_s);
+        QCOMPARE(FormatPlayTime(std::numeric_limits<std::int32_t>::min()), u"-596523:-14:-8"_s);
+    }
+};
 
 QTEST_APPLESS_MAIN(BaseTest)
 #include "tst_base.moc"

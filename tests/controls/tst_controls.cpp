@@ -56,255 +56,244 @@ class ControlsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void a_timer_rests_and_waits_as_told();
-    void a_one_shot_timer_fires_once_after_the_handler();
-    void the_volume_is_loudest_at_the_top();
-    void only_the_user_scrolls();
-    void labels_and_pictures_are_pressed_data();
-    void labels_and_pictures_are_pressed();
-    void a_menu_shows_marks_and_closes_after_its_command();
-    void a_window_without_its_picture_is_plain_data();
-    void a_window_without_its_picture_is_plain();
-    void a_window_is_dragged_by_its_skin();
-    void a_window_tells_when_it_is_seen();
+    void initTestCase()
+    {
+        QApplication::setStyle(new SkinStyle);
+        installAccessibility();
+    }
+
+    void a_timer_rests_and_waits_as_told()
+    {
+        constexpr int hourMs = 3'600'000;
+        Timer timer(nullptr, u"Timer1"_s, 1);
+        Timer metronome(nullptr, u"Timer2"_s, 1);
+        const QSignalSpy ticks(&timer, &Timer::tick);
+        const QSignalSpy beats(&metronome, &Timer::tick);
+        const auto beat = [&beats] {
+            return QTest::qWaitFor([&, end = beats.size() + 3] { return beats.size() >= end; });
+        };
+        metronome.setEnabled(true);
+        timer.setResting(true);
+        timer.setEnabled(true);
+        timer.tickSoon();
+        QVERIFY(beat());
+        QCOMPARE(ticks.size(), 0);
+        timer.setResting(false);
+        QTRY_VERIFY(ticks.size() > 2);
+        connect(&timer, &Timer::tick, this, [&] { timer.nothingNewFor(hourMs); });
+        const qsizetype before = ticks.size();
+        QTRY_COMPARE(ticks.size(), before + 1);
+        QVERIFY(beat());
+        QCOMPARE(ticks.size(), before + 1);
+        timer.tickSoon();
+        QTRY_COMPARE(ticks.size(), before + 2);
+        timer.setEnabled(false);
+        timer.tickSoon();
+        QVERIFY(beat());
+        QCOMPARE(ticks.size(), before + 2);
+    }
+
+    void a_one_shot_timer_fires_once_after_the_handler()
+    {
+        Timer timer(nullptr, u"Timer2"_s, 1, Timer::Kind::OneShot);
+        timer.setResting(true); // Never does.
+        int fired = 0;
+        connect(&timer, &Timer::tick, this, [&] {
+            if (++fired == 1 && !timer.Enabled())
+                timer.setEnabled(true); // It may be used again from its own handler.
+        });
+        timer.setEnabled(true);
+        timer.setEnabled(true);
+        QCOMPARE(fired, 0);
+        QTRY_COMPARE(fired, 2);
+        QVERIFY(!timer.Enabled());
+    }
+
+    void the_volume_is_loudest_at_the_top()
+    {
+        VScrollBar volume(nullptr, at({0, 0, 20, 184}), 0, -2290);
+        volume.setSmallChange(5);
+        volume.show();
+        volume.setValue(0);
+        const int top = thumbOf(volume).y();
+        volume.setValue(-2290);
+        QVERIFY(thumbOf(volume).y() > top + 50);
+        QTest::keyClick(&volume, Qt::Key_Up);
+        QCOMPARE(volume.Value(), -2285);
+        QWheelEvent up({10, 10}, volume.mapToGlobal(QPointF(10, 10)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&volume, &up);
+        QVERIFY(volume.Value() > -2285);
+        volume.setValue(-3000);
+        QCOMPARE(volume.Value(), -2290);
+        const QPoint thumb = thumbOf(volume);
+        QTest::mousePress(&volume, Qt::LeftButton, {}, thumb);
+        send(volume, QEvent::MouseMove, volume.mapToGlobal(QPoint(thumb.x(), 0)), Qt::NoButton, Qt::LeftButton);
+        QTest::mouseRelease(&volume, Qt::LeftButton, {}, {thumb.x(), 0});
+        QCOMPARE(volume.Value(), 0);
+    }
+
+    void only_the_user_scrolls()
+    {
+        HScrollBar position(nullptr, at({0, 0, 400, 16}));
+        position.setRange(0, 200);
+        position.setLargeChange(10);
+        position.show();
+        QSignalSpy changes(&position, &SliderBar::Change);
+        QSignalSpy scrolls(&position, &SliderBar::Scroll);
+        const auto told = [&] { return std::pair(changes.size(), scrolls.size()); };
+        using Told = std::pair<qsizetype, qsizetype>;
+        position.setValue(150);
+        QCOMPARE(told(), Told(1, 0));
+        position.setMax(100); // A shorter song.
+        QCOMPARE(position.Value(), 100);
+        QCOMPARE(told(), Told(2, 0));
+        QTest::mouseClick(&position, Qt::LeftButton, {}, {2, 8}); // On the groove.
+        QCOMPARE(position.Value(), 90);
+        QCOMPARE(told(), Told(3, 0));
+        QTest::keyClick(&position, Qt::Key_Left);
+        QCOMPARE(position.Value(), 89);
+        QCOMPARE(told(), Told(4, 1));
+        QAccessible::queryAccessibleInterface(&position)->valueInterface()->setCurrentValue(20);
+        QCOMPARE(position.Value(), 20);
+        QCOMPARE(told(), Told(5, 2));
+        position.setMax(-5);
+        QCOMPARE(position.Max(), 0);
+        QCOMPARE(scrolls.size(), 2);
+    }
+
+    void labels_and_pictures_are_pressed_data()
+    {
+        QTest::addColumn<QSharedPointer<QWidget>>("widget");
+        QTest::addColumn<QString>("accessibleName");
+        auto *label = new Label(nullptr, at({0, 0, 60, 20}), u"before"_s);
+        label->setButton(true);
+        label->setCaption(u"Play"_s);
+        auto *picture = new PictureBox(nullptr, at({0, 0, 60, 20}));
+        picture->setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
+        QTest::newRow("label") << QSharedPointer<QWidget>(label) << u"Play"_s;
+        QTest::newRow("picture") << QSharedPointer<QWidget>(picture) << u""_s;
+    }
+
+    void labels_and_pictures_are_pressed()
+    {
+        QFETCH(QSharedPointer<QWidget>, widget);
+        widget->show();
+        QSignalSpy clicks(widget.get(), SIGNAL(Click()));
+        QTest::mouseClick(widget.get(), Qt::LeftButton);
+        QTest::keyClick(widget.get(), Qt::Key_Space);
+        QTest::keyClick(widget.get(), Qt::Key_Return);
+        QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(widget.get());
+        QCOMPARE(seen->role(), QAccessible::Button);
+        QTEST(seen->text(QAccessible::Name), "accessibleName");
+        QCOMPARE(seen->text(QAccessible::Description), u"A control"_s);
+        seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(clicks.size(), 4);
+        QTest::mouseClick(widget.get(), Qt::RightButton);
+        QTest::keyClick(widget.get(), Qt::Key_A);
+        QTest::mousePress(widget.get(), Qt::LeftButton);
+        QTest::mouseRelease(widget.get(), Qt::LeftButton, {}, {500, 5}); // Thought better of it.
+        widget->setEnabled(false);
+        seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(clicks.size(), 4);
+    }
+
+    void a_menu_shows_marks_and_closes_after_its_command()
+    {
+        MenuItems items(nullptr, u"mnuTest"_s, {u"Rock & Roll"_s, u"-"_s, u"Repeat"_s});
+        QStringList events;
+        connect(&items, &MenuItems::Click, this, [&](int index) { events += QString::number(index); });
+        connect(&items, &MenuItems::closed, this, [&] { events += u"closed"_s; });
+        items.setChecked(2, true);
+        for (const int index : {1, 3, -1})
+            items.choose(index);
+        QCOMPARE(events, QStringList());
+        items.popUp({100, 100});
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        const QList<QAction *> actions = menu->actions();
+        QCOMPARE(actions[0]->text(), u"Rock && Roll"_s);
+        QVERIFY(!actions[0]->isChecked() && actions[1]->isSeparator() && actions[2]->isChecked());
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(actions[2]).center());
+        QTRY_COMPARE(events, QStringList({u"2"_s, u"closed"_s}));
+        QVERIFY(items.Checked(2)); // The mark is the command's business.
+        items.popUp({100, 100});
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        QTRY_COMPARE(events, QStringList({u"2"_s, u"closed"_s, u"closed"_s}));
+    }
+
+    void a_window_without_its_picture_is_plain_data()
+    {
+        QTest::addColumn<bool>("isThere");
+        QTest::addColumn<qint64>("cutAt");
+        QTest::newRow("missing") << false << qint64(0);
+        QTest::newRow("empty") << true << qint64(0);
+        QTest::newRow("cut in its middle") << true << qint64(9000);
+        QTest::newRow("whole") << true << qint64(-1);
+    }
+
+    void a_window_without_its_picture_is_plain()
+    {
+        QFETCH(bool, isThere);
+        QFETCH(qint64, cutAt);
+        QFile whole(skinsFolder() + u"/Splash.jpg"_s);
+        QVERIFY(whole.open(QIODevice::ReadOnly));
+        const QTemporaryDir skins;
+        QFile skin(skins.filePath(u"Splash.jpg"_s));
+        QVERIFY(!isThere ||
+                (skin.open(QIODevice::WriteOnly) && skin.write(whole.read(cutAt < 0 ? whole.size() : cutAt)) >= 0));
+        skin.close();
+        qputenv("KIV_MP3_SKINS", QFile::encodeName(skins.path()));
+        SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
+        const QColor seen = window.grab().toImage().pixelColor(300, 20);
+        const QColor told = window.skinColourAt({300, 20});
+        SkinWindow wrongSize(u"Other"_s, u"Window"_s, Picture::SplashSkin, {100, 100});
+        const QColor seenWrong = wrongSize.grab().toImage().pixelColor(50, 50);
+        qunsetenv("KIV_MP3_SKINS");
+        const QColor plain = QColor::fromRgb(palette::graphite);
+        QCOMPARE(seen == plain, cutAt >= 0);
+        QCOMPARE(told == plain, cutAt >= 0);
+        QCOMPARE(seenWrong, plain);
+    }
+
+    void a_window_is_dragged_by_its_skin()
+    {
+        SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
+        Label text(&window, at({10, 10, 100, 20}), u"a text"_s);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QPoint start = window.pos();
+        const QPoint grip = window.mapToGlobal(QPoint(200, 50));
+        send(window, QEvent::MouseButtonPress, grip, Qt::LeftButton, Qt::LeftButton);
+        send(window, QEvent::MouseMove, grip + QPoint(30, 40), Qt::NoButton, Qt::LeftButton);
+        QTRY_COMPARE(window.pos(), start + QPoint(30, 40));
+        send(window, QEvent::MouseButtonRelease, grip + QPoint(30, 40), Qt::LeftButton, Qt::NoButton);
+        send(window, QEvent::MouseMove, grip, Qt::NoButton, Qt::LeftButton);
+        QCOMPARE(window.pos(), start + QPoint(30, 40));
+        const QPoint onText = text.mapToGlobal(QPoint(5, 5));
+        send(text, QEvent::MouseButtonPress, onText, Qt::LeftButton, Qt::LeftButton);
+        send(window, QEvent::MouseMove, onText + QPoint(7, 0), Qt::NoButton, Qt::LeftButton);
+        QTRY_COMPARE(window.pos(), start + QPoint(37, 40));
+    }
+
+    void a_window_tells_when_it_is_seen()
+    {
+        SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
+        QList<bool> told;
+        connect(&window, &SkinWindow::seenChanged, this, [&](bool seen) { told += seen; });
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showMinimized();
+        QTRY_COMPARE(told, QList({true, false}));
+        window.showNormal();
+        QTRY_COMPARE(told, QList({true, false, true}));
+        const QSignalSpy closing(&window, &SkinWindow::closeRequested);
+        QVERIFY(!window.close());
+        QVERIFY(window.isVisible() && closing.size() == 1);
+        window.hide();
+        QCOMPARE(told, QList({true, false, true, false}));
+    }
 };
-
-void ControlsTest::initTestCase()
-{
-    QApplication::setStyle(new SkinStyle);
-    installAccessibility();
-}
-
-void ControlsTest::a_timer_rests_and_waits_as_told()
-{
-    constexpr int hourMs = 3'600'000;
-    Timer timer(nullptr, u"Timer1"_s, 1);
-    Timer metronome(nullptr, u"Timer2"_s, 1);
-    const QSignalSpy ticks(&timer, &Timer::tick);
-    const QSignalSpy beats(&metronome, &Timer::tick);
-    const auto beat = [&beats] { return QTest::qWaitFor([&, end = beats.size() + 3] { return beats.size() >= end; }); };
-    metronome.setEnabled(true);
-    timer.setResting(true);
-    timer.setEnabled(true);
-    timer.tickSoon();
-    QVERIFY(beat());
-    QCOMPARE(ticks.size(), 0);
-    timer.setResting(false);
-    QTRY_VERIFY(ticks.size() > 2);
-    connect(&timer, &Timer::tick, this, [&] { timer.nothingNewFor(hourMs); });
-    const qsizetype before = ticks.size();
-    QTRY_COMPARE(ticks.size(), before + 1);
-    QVERIFY(beat());
-    QCOMPARE(ticks.size(), before + 1);
-    timer.tickSoon();
-    QTRY_COMPARE(ticks.size(), before + 2);
-    timer.setEnabled(false);
-    timer.tickSoon();
-    QVERIFY(beat());
-    QCOMPARE(ticks.size(), before + 2);
-}
-
-void ControlsTest::a_one_shot_timer_fires_once_after_the_handler()
-{
-    Timer timer(nullptr, u"Timer2"_s, 1, Timer::Kind::OneShot);
-    timer.setResting(true); // Never does.
-    int fired = 0;
-    connect(&timer, &Timer::tick, this, [&] {
-        if (++fired == 1 && !timer.Enabled())
-            timer.setEnabled(true); // It may be used again from its own handler.
-    });
-    timer.setEnabled(true);
-    timer.setEnabled(true);
-    QCOMPARE(fired, 0);
-    QTRY_COMPARE(fired, 2);
-    QVERIFY(!timer.Enabled());
-}
-
-void ControlsTest::the_volume_is_loudest_at_the_top()
-{
-    VScrollBar volume(nullptr, at({0, 0, 20, 184}), 0, -2290);
-    volume.setSmallChange(5);
-    volume.show();
-    volume.setValue(0);
-    const int top = thumbOf(volume).y();
-    volume.setValue(-2290);
-    QVERIFY(thumbOf(volume).y() > top + 50);
-    QTest::keyClick(&volume, Qt::Key_Up);
-    QCOMPARE(volume.Value(), -2285);
-    QWheelEvent up({10, 10}, volume.mapToGlobal(QPointF(10, 10)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&volume, &up);
-    QVERIFY(volume.Value() > -2285);
-    volume.setValue(-3000);
-    QCOMPARE(volume.Value(), -2290);
-    const QPoint thumb = thumbOf(volume);
-    QTest::mousePress(&volume, Qt::LeftButton, {}, thumb);
-    send(volume, QEvent::MouseMove, volume.mapToGlobal(QPoint(thumb.x(), 0)), Qt::NoButton, Qt::LeftButton);
-    QTest::mouseRelease(&volume, Qt::LeftButton, {}, {thumb.x(), 0});
-    QCOMPARE(volume.Value(), 0);
-}
-
-void ControlsTest::only_the_user_scrolls()
-{
-    HScrollBar position(nullptr, at({0, 0, 400, 16}));
-    position.setRange(0, 200);
-    position.setLargeChange(10);
-    position.show();
-    QSignalSpy changes(&position, &SliderBar::Change);
-    QSignalSpy scrolls(&position, &SliderBar::Scroll);
-    const auto told = [&] { return std::pair(changes.size(), scrolls.size()); };
-    using Told = std::pair<qsizetype, qsizetype>;
-    position.setValue(150);
-    QCOMPARE(told(), Told(1, 0));
-    position.setMax(100); // A shorter song.
-    QCOMPARE(position.Value(), 100);
-    QCOMPARE(told(), Told(2, 0));
-    QTest::mouseClick(&position, Qt::LeftButton, {}, {2, 8}); // On the groove.
-    QCOMPARE(position.Value(), 90);
-    QCOMPARE(told(), Told(3, 0));
-    QTest::keyClick(&position, Qt::Key_Left);
-    QCOMPARE(position.Value(), 89);
-    QCOMPARE(told(), Told(4, 1));
-    QAccessible::queryAccessibleInterface(&position)->valueInterface()->setCurrentValue(20);
-    QCOMPARE(position.Value(), 20);
-    QCOMPARE(told(), Told(5, 2));
-    position.setMax(-5);
-    QCOMPARE(position.Max(), 0);
-    QCOMPARE(scrolls.size(), 2);
-}
-
-void ControlsTest::labels_and_pictures_are_pressed_data()
-{
-    QTest::addColumn<QSharedPointer<QWidget>>("widget");
-    QTest::addColumn<QString>("accessibleName");
-    auto *label = new Label(nullptr, at({0, 0, 60, 20}), u"before"_s);
-    label->setButton(true);
-    label->setCaption(u"Play"_s);
-    auto *picture = new PictureBox(nullptr, at({0, 0, 60, 20}));
-    picture->setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
-    QTest::newRow("label") << QSharedPointer<QWidget>(label) << u"Play"_s;
-    QTest::newRow("picture") << QSharedPointer<QWidget>(picture) << u""_s;
-}
-
-void ControlsTest::labels_and_pictures_are_pressed()
-{
-    QFETCH(QSharedPointer<QWidget>, widget);
-    widget->show();
-    QSignalSpy clicks(widget.get(), SIGNAL(Click()));
-    QTest::mouseClick(widget.get(), Qt::LeftButton);
-    QTest::keyClick(widget.get(), Qt::Key_Space);
-    QTest::keyClick(widget.get(), Qt::Key_Return);
-    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(widget.get());
-    QCOMPARE(seen->role(), QAccessible::Button);
-    QTEST(seen->text(QAccessible::Name), "accessibleName");
-    QCOMPARE(seen->text(QAccessible::Description), u"A control"_s);
-    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QCOMPARE(clicks.size(), 4);
-    QTest::mouseClick(widget.get(), Qt::RightButton);
-    QTest::keyClick(widget.get(), Qt::Key_A);
-    QTest::mousePress(widget.get(), Qt::LeftButton);
-    QTest::mouseRelease(widget.get(), Qt::LeftButton, {}, {500, 5}); // Thought better of it.
-    widget->setEnabled(false);
-    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QCOMPARE(clicks.size(), 4);
-}
-
-void ControlsTest::a_menu_shows_marks_and_closes_after_its_command()
-{
-    MenuItems items(nullptr, u"mnuTest"_s, {u"Rock & Roll"_s, u"-"_s, u"Repeat"_s});
-    QStringList events;
-    connect(&items, &MenuItems::Click, this, [&](int index) { events += QString::number(index); });
-    connect(&items, &MenuItems::closed, this, [&] { events += u"closed"_s; });
-    items.setChecked(2, true);
-    for (const int index : {1, 3, -1})
-        items.choose(index);
-    QCOMPARE(events, QStringList());
-    items.popUp({100, 100});
-    QTRY_VERIFY(QApplication::activePopupWidget());
-    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    const QList<QAction *> actions = menu->actions();
-    QCOMPARE(actions[0]->text(), u"Rock && Roll"_s);
-    QVERIFY(!actions[0]->isChecked() && actions[1]->isSeparator() && actions[2]->isChecked());
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(actions[2]).center());
-    QTRY_COMPARE(events, QStringList({u"2"_s, u"closed"_s}));
-    QVERIFY(items.Checked(2)); // The mark is the command's business.
-    items.popUp({100, 100});
-    QTRY_VERIFY(QApplication::activePopupWidget());
-    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-    QTRY_COMPARE(events, QStringList({u"2"_s, u"closed"_s, u"closed"_s}));
-}
-
-void ControlsTest::a_window_without_its_picture_is_plain_data()
-{
-    QTest::addColumn<bool>("isThere");
-    QTest::addColumn<qint64>("cutAt");
-    QTest::newRow("missing") << false << qint64(0);
-    QTest::newRow("empty") << true << qint64(0);
-    QTest::newRow("cut in its middle") << true << qint64(9000);
-    QTest::newRow("whole") << true << qint64(-1);
-}
-
-void ControlsTest::a_window_without_its_picture_is_plain()
-{
-    QFETCH(bool, isThere);
-    QFETCH(qint64, cutAt);
-    QFile whole(skinsFolder() + u"/Splash.jpg"_s);
-    QVERIFY(whole.open(QIODevice::ReadOnly));
-    const QTemporaryDir skins;
-    QFile skin(skins.filePath(u"Splash.jpg"_s));
-    QVERIFY(!isThere ||
-            (skin.open(QIODevice::WriteOnly) && skin.write(whole.read(cutAt < 0 ? whole.size() : cutAt)) >= 0));
-    skin.close();
-    qputenv("KIV_MP3_SKINS", QFile::encodeName(skins.path()));
-    SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
-    const QColor seen = window.grab().toImage().pixelColor(300, 20);
-    const QColor told = window.skinColourAt({300, 20});
-    SkinWindow wrongSize(u"Other"_s, u"Window"_s, Picture::SplashSkin, {100, 100});
-    const QColor seenWrong = wrongSize.grab().toImage().pixelColor(50, 50);
-    qunsetenv("KIV_MP3_SKINS");
-    const QColor plain = QColor::fromRgb(palette::graphite);
-    QCOMPARE(seen == plain, cutAt >= 0);
-    QCOMPARE(told == plain, cutAt >= 0);
-    QCOMPARE(seenWrong, plain);
-}
-
-void ControlsTest::a_window_is_dragged_by_its_skin()
-{
-    SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
-    Label text(&window, at({10, 10, 100, 20}), u"a text"_s);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const QPoint start = window.pos();
-    const QPoint grip = window.mapToGlobal(QPoint(200, 50));
-    send(window, QEvent::MouseButtonPress, grip, Qt::LeftButton, Qt::LeftButton);
-    send(window, QEvent::MouseMove, grip + QPoint(30, 40), Qt::NoButton, Qt::LeftButton);
-    QTRY_COMPARE(window.pos(), start + QPoint(30, 40));
-    send(window, QEvent::MouseButtonRelease, grip + QPoint(30, 40), Qt::LeftButton, Qt::NoButton);
-    send(window, QEvent::MouseMove, grip, Qt::NoButton, Qt::LeftButton);
-    QCOMPARE(window.pos(), start + QPoint(30, 40));
-    const QPoint onText = text.mapToGlobal(QPoint(5, 5));
-    send(text, QEvent::MouseButtonPress, onText, Qt::LeftButton, Qt::LeftButton);
-    send(window, QEvent::MouseMove, onText + QPoint(7, 0), Qt::NoButton, Qt::LeftButton);
-    QTRY_COMPARE(window.pos(), start + QPoint(37, 40));
-}
-
-void ControlsTest::a_window_tells_when_it_is_seen()
-{
-    SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
-    QList<bool> told;
-    connect(&window, &SkinWindow::seenChanged, this, [&](bool seen) { told += seen; });
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    window.showMinimized();
-    QTRY_COMPARE(told, QList({true, false}));
-    window.showNormal();
-    QTRY_COMPARE(told, QList({true, false, true}));
-    const QSignalSpy closing(&window, &SkinWindow::closeRequested);
-    QVERIFY(!window.close());
-    QVERIFY(window.isVisible() && closing.size() == 1);
-    window.hide();
-    QCOMPARE(told, QList({true, false, true, false}));
-}
 
 QTEST_MAIN(ControlsTest)
 #include "tst_controls.moc"

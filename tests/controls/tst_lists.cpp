@@ -6,7 +6,6 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
-#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -27,150 +26,132 @@ class ListsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void a_choice_clicks_once();
-    void a_menu_is_asked_for_without_choosing();
-    void a_removed_row_takes_only_its_own_choice();
-    void keys_go_to_the_handler_first();
-    void files_fit_the_pattern_and_stay_chosen();
-    void folders_open_by_double_click_and_enter();
-};
-
-void ListsTest::a_choice_clicks_once()
-{
-    ListBox list(nullptr, setup);
-    list.setItems({u"a"_s, u"b"_s, u"c"_s});
-    list.show();
-    const QSignalSpy clicks(&list, &ListBox::Click);
-    const QSignalSpy doubles(&list, &ListBox::DblClick);
-    list.setListIndex(1);
-    list.setListIndex(1);
-    QCOMPARE(clicks.size(), 1);
-    press(list, 1); // The chosen row once more.
-    QCOMPARE(clicks.size(), 2);
-    press(list, 2);
-    QCOMPARE(clicks.size(), 3);
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {5, 140}); // Beside the rows.
-    QCOMPARE(clicks.size(), 3);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, {5, 140});
-    QCOMPARE(doubles.size(), 0);
-    QTest::keyClick(&list, Qt::Key_Up);
-    QCOMPARE(list.ListIndex(), 1);
-    QCOMPARE(clicks.size(), 4);
-    list.setListIndex(3);
-    QCOMPARE(list.ListIndex(), -1);
-    QCOMPARE(list.List(3), QString());
-    QCOMPARE(list.List(-1), QString());
-    list.setListIndex(0);
-    list.setItems({u"d"_s});
-    QCOMPARE(list.ListIndex(), -1);
-    QCOMPARE(clicks.size(), 5);
-}
-
-void ListsTest::a_menu_is_asked_for_without_choosing()
-{
-    ListBox list(nullptr, setup);
-    list.setItems({u"a"_s, u"b"_s, u"c"_s});
-    list.show();
-    list.setListIndex(0);
-    const QSignalSpy presses(&list, &ListBox::MouseDown);
-    const QSignalSpy clicks(&list, &ListBox::Click);
-    press(list, 2, Qt::RightButton);
-    QCOMPARE(list.menuRow(), 2);
-    QCOMPARE(list.menuPosition(), list.viewport()->mapToGlobal(list.visualRect(list.model()->index(2, 0)).center()));
-    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-    QCoreApplication::sendEvent(&list, &key);
-    QCOMPARE(list.menuRow(), 0);
-    QCOMPARE(list.menuPosition().y(),
-             list.viewport()->mapToGlobal(list.visualRect(list.currentIndex()).bottomLeft()).y());
-    QCOMPARE(presses.size(), 2);
-    QCOMPARE(presses[1][0].value<Qt::MouseButton>(), Qt::RightButton);
-    QTest::mouseClick(list.viewport(), Qt::RightButton, {}, {5, 140});
-    QCOMPARE(list.menuRow(), -1);
-    QCOMPARE(list.ListIndex(), 0);
-    QCOMPARE(clicks.size(), 0);
-}
-
-void ListsTest::a_removed_row_takes_only_its_own_choice()
-{
-    for (const auto &[row, chosen] : {std::pair(0, 0), {1, -1}, {2, 1}, {3, 1}}) {
+    void a_choice_clicks_once()
+    {
         ListBox list(nullptr, setup);
         list.setItems({u"a"_s, u"b"_s, u"c"_s});
-        list.setListIndex(1);
+        list.show();
         const QSignalSpy clicks(&list, &ListBox::Click);
-        QCOMPARE(list.RemoveItem(row), row < 3);
-        QCOMPARE(list.ListIndex(), chosen);
-        QCOMPARE(list.List(chosen), chosen < 0 ? QString() : u"b"_s);
+        const QSignalSpy doubles(&list, &ListBox::DblClick);
+        list.setListIndex(1);
+        list.setListIndex(1);
+        QCOMPARE(clicks.size(), 1);
+        press(list, 1); // The chosen row once more.
+        QCOMPARE(clicks.size(), 2);
+        press(list, 2);
+        QCOMPARE(clicks.size(), 3);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {5, 140}); // Beside the rows.
+        QCOMPARE(clicks.size(), 3);
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, {5, 140});
+        QCOMPARE(doubles.size(), 0);
+        QTest::keyClick(&list, Qt::Key_Up);
+        QCOMPARE(list.ListIndex(), 1);
+        QCOMPARE(clicks.size(), 4);
+        list.setListIndex(3);
+        QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(list.List(3), QString());
+        QCOMPARE(list.List(-1), QString());
+        list.setListIndex(0);
+        list.setItems({u"d"_s});
+        QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(clicks.size(), 5);
+    }
+
+    void a_menu_is_asked_for_without_choosing()
+    {
+        ListBox list(nullptr, setup);
+        list.setItems({u"a"_s, u"b"_s, u"c"_s});
+        list.show();
+        list.setListIndex(0);
+        const QSignalSpy presses(&list, &ListBox::MouseDown);
+        const QSignalSpy clicks(&list, &ListBox::Click);
+        press(list, 2, Qt::RightButton);
+        QCOMPARE(list.menuRow(), 2);
+        QCOMPARE(list.menuPosition(),
+                 list.viewport()->mapToGlobal(list.visualRect(list.model()->index(2, 0)).center()));
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        QCoreApplication::sendEvent(&list, &key);
+        QCOMPARE(list.menuRow(), 0);
+        QCOMPARE(list.menuPosition().y(),
+                 list.viewport()->mapToGlobal(list.visualRect(list.currentIndex()).bottomLeft()).y());
+        QCOMPARE(presses.size(), 2);
+        QCOMPARE(presses[1][0].value<Qt::MouseButton>(), Qt::RightButton);
+        QTest::mouseClick(list.viewport(), Qt::RightButton, {}, {5, 140});
+        QCOMPARE(list.menuRow(), -1);
+        QCOMPARE(list.ListIndex(), 0);
         QCOMPARE(clicks.size(), 0);
     }
-}
 
-void ListsTest::keys_go_to_the_handler_first()
-{
-    ListBox list(nullptr, setup);
-    list.setItems({u"a"_s, u"b"_s});
-    list.setListIndex(0);
-    connect(&list, &ListBox::KeyDown, this, [](QKeyEvent *event) { event->setAccepted(event->key() == Qt::Key_Down); });
-    QTest::keyClick(&list, Qt::Key_Down);
-    QCOMPARE(list.ListIndex(), 0);
-    QTest::keyClick(&list, Qt::Key_End);
-    QCOMPARE(list.ListIndex(), 1);
-}
+    void a_removed_row_takes_only_its_own_choice()
+    {
+        for (const auto &[row, chosen] : {std::pair(0, 0), {1, -1}, {2, 1}, {3, 1}}) {
+            ListBox list(nullptr, setup);
+            list.setItems({u"a"_s, u"b"_s, u"c"_s});
+            list.setListIndex(1);
+            const QSignalSpy clicks(&list, &ListBox::Click);
+            QCOMPARE(list.RemoveItem(row), row < 3);
+            QCOMPARE(list.ListIndex(), chosen);
+            QCOMPARE(list.List(chosen), chosen < 0 ? QString() : u"b"_s);
+            QCOMPARE(clicks.size(), 0);
+        }
+    }
 
-void ListsTest::files_fit_the_pattern_and_stay_chosen()
-{
-    const TestFolder folder;
-    for (const auto &name : {u"b.MP3"_s, u"a.wav"_s, u"C.wma"_s, u"d.ogg"_s, u".e.mp3"_s})
-        folder.makeFile(name);
-    FileListBox list(nullptr, setup, u"*.mp3;*.wav;*.wma"_s);
-    QVERIFY(list.setPath(folder.path()));
-    QCOMPARE(list.items(), QStringList({u"a.wav"_s, u"b.MP3"_s, u"C.wma"_s}));
-    list.setListIndex(1);
-    const QSignalSpy clicks(&list, &ListBox::Click);
-    QVERIFY(!list.setPath(folder.path(u"missing"_s)));
-    QVERIFY(!list.setPath({}));
-    QCOMPARE(list.Path(), folder.path());
-    folder.makeFile(u"A0.mp3"_s);
-    list.Refresh();
-    QCOMPARE(list.List(list.ListIndex()), u"b.MP3"_s);
-    QCOMPARE(list.ListIndex(), 2);
-    QVERIFY(QFile::remove(folder.hostPath() + u"/b.MP3"_s));
-    list.Refresh();
-    QCOMPARE(list.ListIndex(), -1);
-    QCOMPARE(clicks.size(), 0);
-    QVERIFY(QDir(folder.hostPath()).removeRecursively());
-    list.Refresh();
-    QCOMPARE(list.ListCount(), 0);
-}
+    void files_fit_the_pattern_and_stay_chosen()
+    {
+        const TestFolder folder;
+        for (const auto &name : {u"b.MP3"_s, u"a.wav"_s, u"C.wma"_s, u"d.ogg"_s, u".e.mp3"_s})
+            folder.makeFile(name);
+        FileListBox list(nullptr, setup, u"*.mp3;*.wav;*.wma"_s);
+        QVERIFY(list.setPath(folder.path()));
+        QCOMPARE(list.items(), QStringList({u"a.wav"_s, u"b.MP3"_s, u"C.wma"_s}));
+        list.setListIndex(1);
+        const QSignalSpy clicks(&list, &ListBox::Click);
+        QVERIFY(!list.setPath(folder.path(u"missing"_s)));
+        QVERIFY(!list.setPath({}));
+        QCOMPARE(list.Path(), folder.path());
+        folder.makeFile(u"A0.mp3"_s);
+        list.Refresh();
+        QCOMPARE(list.List(list.ListIndex()), u"b.MP3"_s);
+        QCOMPARE(list.ListIndex(), 2);
+        QVERIFY(QFile::remove(folder.hostPath() + u"/b.MP3"_s));
+        list.Refresh();
+        QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(clicks.size(), 0);
+        QVERIFY(QDir(folder.hostPath()).removeRecursively());
+        list.Refresh();
+        QCOMPARE(list.ListCount(), 0);
+    }
 
-void ListsTest::folders_open_by_double_click_and_enter()
-{
-    const TestFolder folder;
-    for (const auto &name : {u"B/In"_s, u"a"_s, u".hidden"_s})
-        folder.makeFolder(name);
-    DirListBox list(nullptr, setup);
-    const QSignalSpy changes(&list, &DirListBox::Change);
-    QVERIFY(list.setPath(folder.path() + u'\\'));
-    const int open = list.ListIndex();
-    QCOMPARE(list.folderAt(0), u"z:\\"_s);
-    QCOMPARE(list.folderAt(open), folder.path());
-    QCOMPARE(list.ListCount(), open + 3);
-    QVERIFY(list.List(open + 1).endsWith(u" a"_s) && list.List(open + 2).endsWith(u" B"_s));
-    list.setListIndex(open + 2);
-    QCOMPARE(changes.size(), 1); // Choosing opens nothing.
-    QTest::keyClick(&list, Qt::Key_Return);
-    QCOMPARE(list.Path(), folder.path(u"B"_s));
-    QCOMPARE(list.List(list.ListIndex() + 1).trimmed(), u"▸ In"_s);
-    list.resize(400, 600);
-    list.show();
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.currentIndex()).center());
-    QCOMPARE(changes.size(), 2); // Open already.
-    list.setListIndex(0);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.currentIndex()).center());
-    QCOMPARE(list.Path(), u"z:\\"_s);
-    QCOMPARE(list.ListIndex(), 0);
-    QVERIFY(!list.setPath(folder.path(u"missing"_s)));
-    QCOMPARE(changes.size(), 3);
-}
+    void folders_open_by_double_click_and_enter()
+    {
+        const TestFolder folder;
+        for (const auto &name : {u"B/In"_s, u"a"_s, u".hidden"_s})
+            folder.makeFolder(name);
+        DirListBox list(nullptr, setup);
+        const QSignalSpy changes(&list, &DirListBox::Change);
+        QVERIFY(list.setPath(folder.path() + u'\\'));
+        const int open = list.ListIndex();
+        QCOMPARE(list.folderAt(0), u"z:\\"_s);
+        QCOMPARE(list.folderAt(open), folder.path());
+        QCOMPARE(list.ListCount(), open + 3);
+        QVERIFY(list.List(open + 1).endsWith(u" a"_s) && list.List(open + 2).endsWith(u" B"_s));
+        list.setListIndex(open + 2);
+        QCOMPARE(changes.size(), 1); // Choosing opens nothing.
+        QTest::keyClick(&list, Qt::Key_Return);
+        QCOMPARE(list.Path(), folder.path(u"B"_s));
+        QCOMPARE(list.List(list.ListIndex() + 1).trimmed(), u"▸ In"_s);
+        list.resize(400, 600);
+        list.show();
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.currentIndex()).center());
+        QCOMPARE(changes.size(), 2); // Open already.
+        list.setListIndex(0);
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.currentIndex()).center());
+        QCOMPARE(list.Path(), u"z:\\"_s);
+        QCOMPARE(list.ListIndex(), 0);
+        QVERIFY(!list.setPath(folder.path(u"missing"_s)));
+        QCOMPARE(changes.size(), 3);
+    }
+};
 
 QTEST_MAIN(ListsTest)
 #include "tst_lists.moc"

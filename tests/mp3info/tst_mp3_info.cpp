@@ -46,11 +46,7 @@ private Q_SLOTS:
             QTest::newRow(sample) << QString::fromLatin1(component) << QString::fromLatin1(quick);
         };
         row("cbr-32-mono", "1 3 32 44100 Single Channel No 0", "32Kbit Mono 44100 Hz Layer 3 MPEG 1.0 No");
-        row("cbr-64-joint", "1 3 64 44100 Joint Stereo No 0", "64Kbit Joint Stereo 44100 Hz Layer 3 MPEG 1.0 No");
         row("cbr-128-crc", "1 3 128 44100 Joint Stereo Yes 0", "128Kbit Joint Stereo 44100 Hz Layer 3 MPEG 1.0 Yes");
-        row("cbr-320-stereo", "1 3 320 44100 Stereo No 0", "320Kbit Stereo 44100 Hz Layer 3 MPEG 1.0 No");
-        row("rate-32000", "1 3 96 32000 Joint Stereo No 0", "96Kbit Joint Stereo 32000 Hz Layer 3 MPEG 1.0 No");
-        row("rate-48000", "1 3 128 48000 Joint Stereo No 0", "128Kbit Joint Stereo 48000 Hz Layer 3 MPEG 1.0 No");
         row("vbr-xing", "1 3 128 44100 Joint Stereo No 13", "128 44100 Hz Layer 3 MPEG 1.0 No");
         row("vbr-xing-mono", "1 3 128 44100 Single Channel No 0", "128Kbit Mono 44100 Hz Layer 3 MPEG 1.0 No");
         row("vbr-bare", "1 3 256 44100 Joint Stereo No 0", "256Kbit Joint Stereo 44100 Hz Layer 3 MPEG 1.0 No");
@@ -101,7 +97,6 @@ private Q_SLOTS:
         QTest::addColumn<int>("genre");
         QTest::newRow("blanks") << block("TAG", " A\tB\t", ' ', 17) << true << u" A\tB\t"_s << 17;
         QTest::newRow("NULs") << block("tAg", "A", '\0', '\xFF') << true << u"A"_s + QString(29, QChar(0)) << 255;
-        QTest::newRow("every letter") << block("TAG", "\xC4\x80\x81", ' ', 0) << true << u"Ä€\u0081"_s << 0;
         QTest::newRow("none") << block("TAR", "A", ' ', 17) << false << QString() << 12;
         QTest::newRow("one byte late") << block("TAG", "A", ' ', 17).append('.') << false << QString() << 12;
     }

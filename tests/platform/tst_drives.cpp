@@ -15,133 +15,119 @@ class DrivesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void maps_program_paths_to_the_host_data();
-    void maps_program_paths_to_the_host();
-    void maps_host_paths_to_the_program_data();
-    void maps_host_paths_to_the_program();
-    void finds_every_name_of_the_host_again_data();
-    void finds_every_name_of_the_host_again();
-    void ignores_case_only_where_the_exact_name_is_missing();
-    void quotes_each_argument_data();
-    void quotes_each_argument();
+    void maps_program_paths_to_the_host_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QByteArray>("host");
+        QTest::addColumn<QString>("shown");
+        const QString data = dataFolder();
+        const auto row = [](const char *name, const QString &path, const QString &host, const QString &shown) {
+            QTest::newRow(name) << path << host.toUtf8() << shown;
+        };
+        row("capital drive, doubled backslashes", u"Z:\\a\\\\\\b\\\\"_s, u"/a/b/"_s, u"/a/b"_s);
+        row("data folder", u"C:\\KIV Mp3"_s, data + u"/KIV Mp3"_s, data + u"/KIV Mp3"_s);
+        row("no backslash after the drive", u"c:x"_s, data + u"/x"_s, data + u"/x"_s);
+        row("host form stays", u"/a/b.mp3"_s, u"/a/b.mp3"_s, u"/a/b.mp3"_s);
+        row("relative", u"..\\x"_s, u"../x"_s, u"../x"_s);
+        row("stand-in of a backslash", u"z:\\a\uF05Cb"_s, u"/a\\b"_s, u"/a\\b"_s);
+        row("a drive that is not there is shown as given", u"d:\\a\\b.mp3"_s, u""_s, u"d:\\a\\b.mp3"_s);
+    }
+
+    void maps_program_paths_to_the_host()
+    {
+        QFETCH(QString, path);
+        QTEST(hostPath(path), "host");
+        QTEST(displayPath(path), "shown");
+    }
+
+    void maps_host_paths_to_the_program_data()
+    {
+        QTest::addColumn<QString>("given");
+        QTest::addColumn<QString>("path");
+        const QString here = programPath(QDir::currentPath());
+        QTest::newRow("empty") << u""_s << u""_s;
+        QTest::newRow("root") << u"/"_s << u"z:\\"_s;
+        QTest::newRow("folder keeps its end") << u"/a//b/"_s << u"z:\\a\\b\\"_s;
+        QTest::newRow("backslash in a name") << u"/a\\b"_s << u"z:\\a\uF05Cb"_s;
+        QTest::newRow("relative") << u"x/../y.mp3"_s << here + u"\\y.mp3"_s;
+        QTest::newRow("program form stays") << u"c:\\a\\\\b"_s << u"c:\\a\\\\b"_s;
+        QTest::newRow("data folder") << dataFolder() << u"c:\\"_s;
+        const QString beside = dataFolder() + u"x"_s;
+        QTest::newRow("beside the data folder") << beside << u"z:"_s + QString(beside).replace(u'/', u'\\');
+    }
+
+    void maps_host_paths_to_the_program()
+    {
+        QFETCH(QString, given);
+        QTEST(programPath(given), "path");
+    }
+
+    void finds_every_name_of_the_host_again_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::newRow("backslash") << QByteArray("a\\b.mp3");
+        QTest::newRow("Latin 1") << QByteArray("M\xFCnchen.mp3");
+        QTest::newRow("cut in a character") << QByteArray("\xE6\x97\xA5\xE6\x97.mp3");
+        QTest::newRow("coded surrogate") << QByteArray("\xED\xB2\x80.mp3");
+        QTest::newRow("replacement character beside an odd byte") << QByteArray("\xEF\xBF\xBD\xFF.mp3");
+        QTest::newRow("stand-in itself") << QByteArray("\xEF\x81\x9C.mp3");
+        QTest::newRow("byte-order mark") << QByteArray("\xEF\xBB\xBFSong.mp3");
+        QTest::newRow("byte-order mark and odd byte") << QByteArray("\xEF\xBB\xBF\xFF.mp3");
+        QTest::newRow("newline and quotation marks") << QByteArray("a\n\"b\".mp3");
+    }
+
+    void finds_every_name_of_the_host_again()
+    {
+        QFETCH(QByteArray, name);
+        const TestFolder folder;
+        const QByteArray host = folder.hostPath().toUtf8() + '/' + name;
+        std::FILE *file = std::fopen(host.constData(), "w");
+        QVERIFY(file);
+        std::fputs("song", file);
+        std::fclose(file);
+        const QStringList names = filesIn(folder.path(), {u"mp3"_s});
+        QCOMPARE(names.size(), 1);
+        QVERIFY(!names[0].contains(u'\\'));
+        QCOMPARE(loadFile(folder.path(names[0])), QByteArray("song"));
+        QVERIFY(removeFile(folder.path(names[0])));
+    }
+
+    void ignores_case_only_where_the_exact_name_is_missing()
+    {
+        const TestFolder folder;
+        folder.makeFolder(u"Music"_s);
+        folder.makeFile(u"Music/Song.mp3"_s, "Song");
+        folder.makeFile(u"Music/SONG.mp3"_s, "SONG");
+        folder.makeFile(u"Music/Ärger.mp3"_s, "sharp");
+        const auto read = [&](const QString &name) { return loadFile(folder.path(name)).value_or("nothing"); };
+        QCOMPARE(read(u"Music\\Song.mp3"_s), "Song");
+        QCOMPARE(read(u"MUSIC\\Song.mp3"_s), "Song");
+        QCOMPARE(read(u"music\\\\song.MP3"_s), "SONG"); // Several fit: always the same one.
+        QCOMPARE(read(u"music\\äRGER.mp3"_s), "sharp");
+        QCOMPARE(read(u"music\\Song.wav"_s), "nothing");
+        QVERIFY(saveFile(folder.path(u"music\\ärger.MP3"_s), "new"));
+        QCOMPARE(folder.bytesOf(u"Music/Ärger.mp3"_s), "new");
+        QCOMPARE(filesIn(folder.path(u"Music"_s)).size(), 3);
+    }
+
+    void quotes_each_argument_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("none") << QStringList() << u""_s;
+        QTest::newRow("quoted already") << QStringList{u"\"c:\\a b.mp3\""_s} << u"\"c:\\a b.mp3\""_s;
+        QTest::newRow("one mark is a name") << QStringList{u"/\""_s} << u"\"z:\\\"\""_s;
+        QTest::newRow("relative, another alphabet")
+            << QStringList{u"歌.mp3"_s} << u'"' + programPath(QDir::currentPath()) + u"\\歌.mp3\""_s;
+        QTest::newRow("two") << QStringList{u"/a"_s, u"/b"_s} << u"\"z:\\a\" \"z:\\b\""_s;
+    }
+
+    void quotes_each_argument()
+    {
+        QFETCH(QStringList, arguments);
+        QTEST(commandLineText(arguments), "text");
+    }
 };
-
-void DrivesTest::maps_program_paths_to_the_host_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QByteArray>("host");
-    QTest::addColumn<QString>("shown");
-    const QString data = dataFolder();
-    const auto row = [](const char *name, const QString &path, const QString &host, const QString &shown) {
-        QTest::newRow(name) << path << host.toUtf8() << shown;
-    };
-    row("root", u"z:\\"_s, u"/"_s, u"/"_s);
-    row("capital drive, doubled backslashes", u"Z:\\a\\\\\\b\\\\"_s, u"/a/b/"_s, u"/a/b"_s);
-    row("data folder", u"C:\\KIV Mp3"_s, data + u"/KIV Mp3"_s, data + u"/KIV Mp3"_s);
-    row("no backslash after the drive", u"c:x"_s, data + u"/x"_s, data + u"/x"_s);
-    row("host form stays", u"/a/b.mp3"_s, u"/a/b.mp3"_s, u"/a/b.mp3"_s);
-    row("relative", u"..\\x"_s, u"../x"_s, u"../x"_s);
-    row("stand-in of a backslash", u"z:\\a\uF05Cb"_s, u"/a\\b"_s, u"/a\\b"_s);
-    row("a drive that is not there is shown as given", u"d:\\a\\b.mp3"_s, u""_s, u"d:\\a\\b.mp3"_s);
-}
-
-void DrivesTest::maps_program_paths_to_the_host()
-{
-    QFETCH(QString, path);
-    QTEST(hostPath(path), "host");
-    QTEST(displayPath(path), "shown");
-}
-
-void DrivesTest::maps_host_paths_to_the_program_data()
-{
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("path");
-    const QString here = programPath(QDir::currentPath());
-    QTest::newRow("empty") << u""_s << u""_s;
-    QTest::newRow("root") << u"/"_s << u"z:\\"_s;
-    QTest::newRow("folder keeps its end") << u"/a//b/"_s << u"z:\\a\\b\\"_s;
-    QTest::newRow("backslash in a name") << u"/a\\b"_s << u"z:\\a\uF05Cb"_s;
-    QTest::newRow("relative") << u"x/../y.mp3"_s << here + u"\\y.mp3"_s;
-    QTest::newRow("program form stays") << u"c:\\a\\\\b"_s << u"c:\\a\\\\b"_s;
-    QTest::newRow("data folder") << dataFolder() << u"c:\\"_s;
-    QTest::newRow("in the data folder") << dataFolder() + u"/a"_s << u"c:\\a"_s;
-    const QString beside = dataFolder() + u"x"_s;
-    QTest::newRow("beside the data folder") << beside << u"z:"_s + QString(beside).replace(u'/', u'\\');
-}
-
-void DrivesTest::maps_host_paths_to_the_program()
-{
-    QFETCH(QString, given);
-    QTEST(programPath(given), "path");
-}
-
-void DrivesTest::finds_every_name_of_the_host_again_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("backslash") << QByteArray("a\\b.mp3");
-    QTest::newRow("Latin 1") << QByteArray("M\xFCnchen.mp3");
-    QTest::newRow("cut in a character") << QByteArray("\xE6\x97\xA5\xE6\x97.mp3");
-    QTest::newRow("coded surrogate") << QByteArray("\xED\xB2\x80.mp3");
-    QTest::newRow("replacement character beside an odd byte") << QByteArray("\xEF\xBF\xBD\xFF.mp3");
-    QTest::newRow("stand-in itself") << QByteArray("\xEF\x81\x9C.mp3");
-    QTest::newRow("byte-order mark") << QByteArray("\xEF\xBB\xBFSong.mp3");
-    QTest::newRow("byte-order mark and odd byte") << QByteArray("\xEF\xBB\xBF\xFF.mp3");
-    QTest::newRow("astral") << QByteArray("\xF0\x9F\x8E\xB5.mp3");
-    QTest::newRow("newline and quotation marks") << QByteArray("a\n\"b\".mp3");
-}
-
-void DrivesTest::finds_every_name_of_the_host_again()
-{
-    QFETCH(QByteArray, name);
-    const TestFolder folder;
-    const QByteArray host = folder.hostPath().toUtf8() + '/' + name;
-    std::FILE *file = std::fopen(host.constData(), "w");
-    QVERIFY(file);
-    std::fputs("song", file);
-    std::fclose(file);
-    const QStringList names = filesIn(folder.path(), {u"mp3"_s});
-    QCOMPARE(names.size(), 1);
-    QVERIFY(!names[0].contains(u'\\'));
-    QCOMPARE(loadFile(folder.path(names[0])), QByteArray("song"));
-    QVERIFY(removeFile(folder.path(names[0])));
-}
-
-void DrivesTest::ignores_case_only_where_the_exact_name_is_missing()
-{
-    const TestFolder folder;
-    folder.makeFolder(u"Music"_s);
-    folder.makeFile(u"Music/Song.mp3"_s, "Song");
-    folder.makeFile(u"Music/SONG.mp3"_s, "SONG");
-    folder.makeFile(u"Music/Ärger.mp3"_s, "sharp");
-    const auto read = [&](const QString &name) { return loadFile(folder.path(name)).value_or("nothing"); };
-    QCOMPARE(read(u"Music\\Song.mp3"_s), "Song");
-    QCOMPARE(read(u"MUSIC\\Song.mp3"_s), "Song");
-    QCOMPARE(read(u"music\\\\song.MP3"_s), "SONG"); // Several fit: always the same one.
-    QCOMPARE(read(u"music\\äRGER.mp3"_s), "sharp");
-    QCOMPARE(read(u"music\\Song.wav"_s), "nothing");
-    QVERIFY(saveFile(folder.path(u"music\\ärger.MP3"_s), "new"));
-    QCOMPARE(folder.bytesOf(u"Music/Ärger.mp3"_s), "new");
-    QCOMPARE(filesIn(folder.path(u"Music"_s)).size(), 3);
-}
-
-void DrivesTest::quotes_each_argument_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("none") << QStringList() << u""_s;
-    QTest::newRow("bare") << QStringList{u"/m/a b.mp3"_s} << u"\"z:\\m\\a b.mp3\""_s;
-    QTest::newRow("quoted already") << QStringList{u"\"c:\\a b.mp3\""_s} << u"\"c:\\a b.mp3\""_s;
-    QTest::newRow("one mark is a name") << QStringList{u"/\""_s} << u"\"z:\\\"\""_s;
-    QTest::newRow("relative, another alphabet")
-        << QStringList{u"歌.mp3"_s} << u'"' + programPath(QDir::currentPath()) + u"\\歌.mp3\""_s;
-    QTest::newRow("two") << QStringList{u"/a"_s, u"/b"_s} << u"\"z:\\a\" \"z:\\b\""_s;
-}
-
-void DrivesTest::quotes_each_argument()
-{
-    QFETCH(QStringList, arguments);
-    QTEST(commandLineText(arguments), "text");
-}
 
 QTEST_GUILESS_MAIN(DrivesTest)
 #include "tst_drives.moc"

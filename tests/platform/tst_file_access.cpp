@@ -35,137 +35,130 @@ class FileAccessTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_what_is_there();
-    void opens_normal_files_alone();
-    void a_write_that_fails_is_put_back();
-    void a_folder_exists_for_its_files();
-    void lists_what_fits();
-    void a_save_succeeds_or_leaves_the_old_file();
-    void forbidden_things_fail_quietly();
-};
-
-void FileAccessTest::reads_what_is_there()
-{
-    const TestFolder folder;
-    auto file = ByteFile::open(folder.makeFile(u"a"_s, "0123456789"), Access::ReadWrite);
-    QVERIFY(file);
-    QCOMPARE(file->readAt(8, 128), "89");
-    QCOMPARE(file->readAt(10, 1), "");
-    QCOMPARE(file->readAt(-1, 4), "");
-    QCOMPARE(file->readAt(0, -1), "");
-    QVERIFY(!file->writeAt(-1, "x"));
-    QVERIFY(file->writeAt(12, "x"));
-    QCOMPARE(file->length(), 13);
-    QCOMPARE(file->readAt(9, 99), QByteArray("9\0\0x", 4));
-}
-
-void FileAccessTest::opens_normal_files_alone()
-{
-    const TestFolder folder;
-    folder.makeFolder(u"folder"_s);
-    QCOMPARE(::mkfifo(QFile::encodeName(folder.hostPath() + u"/pipe"_s).constData(), 0600), 0);
-    for (const auto &name : {u"folder"_s, u"folder\\"_s, u"pipe"_s, u"missing"_s, u""_s}) { // A pipe never waits.
-        QVERIFY2(!ByteFile::open(folder.path(name), Access::Read), qPrintable(name));
-        QVERIFY2(!ByteFile::open(folder.path(name), Access::ReadWrite), qPrintable(name));
-        QVERIFY2(!FileExists(folder.path(name)) || name.isEmpty(), qPrintable(name));
+    void reads_what_is_there()
+    {
+        const TestFolder folder;
+        auto file = ByteFile::open(folder.makeFile(u"a"_s, "0123456789"), Access::ReadWrite);
+        QVERIFY(file);
+        QCOMPARE(file->readAt(8, 128), "89");
+        QCOMPARE(file->readAt(10, 1), "");
+        QCOMPARE(file->readAt(-1, 4), "");
+        QCOMPARE(file->readAt(0, -1), "");
+        QVERIFY(!file->writeAt(-1, "x"));
+        QVERIFY(file->writeAt(12, "x"));
+        QCOMPARE(file->length(), 13);
+        QCOMPARE(file->readAt(9, 99), QByteArray("9\0\0x", 4));
     }
-    QVERIFY(!ByteFile::open({}, Access::Read));
-    QVERIFY(!ByteFile::open(u"d:\\a"_s, Access::Read));
-    QVERIFY(!folderExists(folder.path(u"missing"_s)));
-}
 
-void FileAccessTest::a_write_that_fails_is_put_back()
-{
-    const TestFolder folder;
-    const QString path = folder.makeFile(u"a"_s, "0123456789");
-    auto readOnly = ByteFile::open(path, Access::Read);
-    QVERIFY(readOnly && !readOnly->writeAt(0, "x") && !readOnly->resize(2));
-    const Fate fate = runWithFault(Fault::DiskFull, 99, [&] {
-        const rlimit room = {15, 15}; // The write from 8 on ends in its middle.
-        std::signal(SIGXFSZ, SIG_IGN);
-        auto file = ByteFile::open(path, Access::ReadWrite);
-        const bool kept = file && ::setrlimit(RLIMIT_FSIZE, &room) == 0 && !file->writeAt(8, "abcdefghij");
-        if (!kept || file->length() != 10)
-            std::abort();
-    });
-    QCOMPARE(fate, Fate::Spared);
-    QCOMPARE(folder.bytesOf(u"a"_s), "0123456789");
-}
-
-void FileAccessTest::a_folder_exists_for_its_files()
-{
-    const TestFolder folder;
-    folder.makeFolder(u"in"_s);
-    for (const auto &file : {u"in/deep.mp3"_s, u".hidden.mp3"_s, u"any.txt"_s}) {
-        folder.makeFile(file);
-        QCOMPARE(FileExists(folder.path() + u'\\'), file == u"any.txt"_s);
-    }
-    QVERIFY(!FileExists(folder.path()) && folderExists(folder.path()));
-    MakeFolder(folder.path(u"a\\b"_s)); // One level at a time.
-    QCOMPARE(foldersIn(folder.path()), QStringList(u"in"_s));
-    MakeFolder(folder.path(u"IN"_s));
-    QCOMPARE(foldersIn(folder.path()), QStringList(u"in"_s));
-}
-
-void FileAccessTest::lists_what_fits()
-{
-    const TestFolder folder;
-    folder.makeFolder(u"Folder.mp3"_s);
-    folder.makeFolder(u".hidden folder"_s);
-    for (const auto &name : {u"a.MP3"_s, u"b.wav"_s, u"mp3"_s, u".c.mp3"_s, u"d.mp3.txt"_s, u"e.xmp3"_s})
-        folder.makeFile(name);
-    const auto link = [&](const QString &to, const QString &name) {
-        return QFile::link(folder.hostPath() + u'/' + to, folder.hostPath() + u'/' + name);
-    };
-    QVERIFY(link(u"b.wav"_s, u"l.mp3"_s) && link(u"Folder.mp3"_s, u"m.mp3"_s) && link(u"missing"_s, u"n.mp3"_s));
-    QCOMPARE(sorted(filesIn(folder.path(), {u"mp3"_s, u"wav"_s})), QStringList({u"a.MP3"_s, u"b.wav"_s, u"l.mp3"_s}));
-    QCOMPARE(sorted(foldersIn(folder.path())), QStringList({u"Folder.mp3"_s, u"m.mp3"_s}));
-    QCOMPARE(filesIn(folder.path(u"missing"_s)), QStringList());
-    QCOMPARE(filesIn(u"d:\\"_s), QStringList());
-    QVERIFY(!fileLength(folder.path(u"n.mp3"_s)));
-    QVERIFY(!removeFile(folder.path(u"Folder.mp3"_s)));
-}
-
-void FileAccessTest::a_save_succeeds_or_leaves_the_old_file()
-{
-    const TestFolder folder;
-    folder.makeFile(u"a"_s, "old");
-    const QString path = folder.path(u"A"_s);
-    bool metOne = false;
-    for (const Fault fault : {Fault::Death, Fault::DiskFull}) {
-        Fate fate = Fate::Met;
-        for (int step = 1; fate == Fate::Met; ++step) {
-            fate = runWithFault(fault, step, [&] { saveFile(path, "new bytes"); });
-            metOne = metOne || fate == Fate::Met;
-            const QByteArray now = folder.bytesOf(u"a"_s);
-            QVERIFY2(now == "old" || now == "new bytes", QByteArray::number(step) + now);
+    void opens_normal_files_alone()
+    {
+        const TestFolder folder;
+        folder.makeFolder(u"folder"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(folder.hostPath() + u"/pipe"_s).constData(), 0600), 0);
+        for (const auto &name : {u"folder"_s, u"folder\\"_s, u"pipe"_s, u"missing"_s, u""_s}) { // A pipe never waits.
+            QVERIFY2(!ByteFile::open(folder.path(name), Access::Read), qPrintable(name));
+            QVERIFY2(!ByteFile::open(folder.path(name), Access::ReadWrite), qPrintable(name));
+            QVERIFY2(!FileExists(folder.path(name)) || name.isEmpty(), qPrintable(name));
         }
-        QCOMPARE(fate, Fate::Spared);
-        QCOMPARE(folder.bytesOf(u"a"_s), "new bytes");
-        QVERIFY(saveFile(path, "old"));
+        QVERIFY(!ByteFile::open({}, Access::Read));
+        QVERIFY(!ByteFile::open(u"d:\\a"_s, Access::Read));
+        QVERIFY(!folderExists(folder.path(u"missing"_s)));
     }
-    QVERIFY(metOne);
-    QVERIFY(!saveFile(folder.path(u"missing\\a"_s), "new"));
-}
 
-void FileAccessTest::forbidden_things_fail_quietly()
-{
-    const TestFolder folder;
-    folder.makeFolder(u"locked"_s);
-    folder.makeFile(u"locked/a"_s, "old");
-    folder.makeFile(u"secret"_s, "song");
-    QVERIFY(setMode(folder, u"."_s, 0755) && setMode(folder, u"secret"_s, 0));
-    QVERIFY(setMode(folder, u"locked/a"_s, 0444) && setMode(folder, u"locked"_s, 0555));
-    QVERIFY(holdsForOrdinaryUser([&] {
-        return !saveFile(folder.path(u"locked\\a"_s), "new") && !removeFile(folder.path(u"locked\\a"_s)) &&
-               !loadFile(folder.path(u"secret"_s)) && fileLength(folder.path(u"secret"_s)) == 4;
-    }));
-    QVERIFY(setMode(folder, u"locked"_s, 0755));
-    QCOMPARE(folder.bytesOf(u"locked/a"_s), "old");
-    QVERIFY(setMode(folder, u"locked"_s, 0));
-    QVERIFY(holdsForOrdinaryUser([&] { return filesIn(folder.path(u"locked"_s)).isEmpty(); }));
-    QVERIFY(setMode(folder, u"locked"_s, 0755)); // Else it cannot be cleared away.
-}
+    void a_write_that_fails_is_put_back()
+    {
+        const TestFolder folder;
+        const QString path = folder.makeFile(u"a"_s, "0123456789");
+        auto readOnly = ByteFile::open(path, Access::Read);
+        QVERIFY(readOnly && !readOnly->writeAt(0, "x") && !readOnly->resize(2));
+        const Fate fate = runWithFault(Fault::DiskFull, 99, [&] {
+            const rlimit room = {15, 15}; // The write from 8 on ends in its middle.
+            std::signal(SIGXFSZ, SIG_IGN);
+            auto file = ByteFile::open(path, Access::ReadWrite);
+            const bool kept = file && ::setrlimit(RLIMIT_FSIZE, &room) == 0 && !file->writeAt(8, "abcdefghij");
+            if (!kept || file->length() != 10)
+                std::abort();
+        });
+        QCOMPARE(fate, Fate::Spared);
+        QCOMPARE(folder.bytesOf(u"a"_s), "0123456789");
+    }
+
+    void a_folder_exists_for_its_files()
+    {
+        const TestFolder folder;
+        folder.makeFolder(u"in"_s);
+        for (const auto &file : {u"in/deep.mp3"_s, u".hidden.mp3"_s, u"any.txt"_s}) {
+            folder.makeFile(file);
+            QCOMPARE(FileExists(folder.path() + u'\\'), file == u"any.txt"_s);
+        }
+        QVERIFY(!FileExists(folder.path()) && folderExists(folder.path()));
+        MakeFolder(folder.path(u"a\\b"_s)); // One level at a time.
+        QCOMPARE(foldersIn(folder.path()), QStringList(u"in"_s));
+        MakeFolder(folder.path(u"IN"_s));
+        QCOMPARE(foldersIn(folder.path()), QStringList(u"in"_s));
+    }
+
+    void lists_what_fits()
+    {
+        const TestFolder folder;
+        folder.makeFolder(u"Folder.mp3"_s);
+        folder.makeFolder(u".hidden folder"_s);
+        for (const auto &name : {u"a.MP3"_s, u"b.wav"_s, u"mp3"_s, u".c.mp3"_s, u"d.mp3.txt"_s, u"e.xmp3"_s})
+            folder.makeFile(name);
+        const auto link = [&](const QString &to, const QString &name) {
+            return QFile::link(folder.hostPath() + u'/' + to, folder.hostPath() + u'/' + name);
+        };
+        QVERIFY(link(u"b.wav"_s, u"l.mp3"_s) && link(u"Folder.mp3"_s, u"m.mp3"_s) && link(u"missing"_s, u"n.mp3"_s));
+        QCOMPARE(sorted(filesIn(folder.path(), {u"mp3"_s, u"wav"_s})),
+                 QStringList({u"a.MP3"_s, u"b.wav"_s, u"l.mp3"_s}));
+        QCOMPARE(sorted(foldersIn(folder.path())), QStringList({u"Folder.mp3"_s, u"m.mp3"_s}));
+        QCOMPARE(filesIn(folder.path(u"missing"_s)), QStringList());
+        QCOMPARE(filesIn(u"d:\\"_s), QStringList());
+        QVERIFY(!fileLength(folder.path(u"n.mp3"_s)));
+        QVERIFY(!removeFile(folder.path(u"Folder.mp3"_s)));
+    }
+
+    void a_save_succeeds_or_leaves_the_old_file()
+    {
+        const TestFolder folder;
+        folder.makeFile(u"a"_s, "old");
+        const QString path = folder.path(u"A"_s);
+        bool metOne = false;
+        for (const Fault fault : {Fault::Death, Fault::DiskFull}) {
+            Fate fate = Fate::Met;
+            for (int step = 1; fate == Fate::Met; ++step) {
+                fate = runWithFault(fault, step, [&] { saveFile(path, "new bytes"); });
+                metOne = metOne || fate == Fate::Met;
+                const QByteArray now = folder.bytesOf(u"a"_s);
+                QVERIFY2(now == "old" || now == "new bytes", QByteArray::number(step) + now);
+            }
+            QCOMPARE(fate, Fate::Spared);
+            QCOMPARE(folder.bytesOf(u"a"_s), "new bytes");
+            QVERIFY(saveFile(path, "old"));
+        }
+        QVERIFY(metOne);
+        QVERIFY(!saveFile(folder.path(u"missing\\a"_s), "new"));
+    }
+
+    void forbidden_things_fail_quietly()
+    {
+        const TestFolder folder;
+        folder.makeFolder(u"locked"_s);
+        folder.makeFile(u"locked/a"_s, "old");
+        folder.makeFile(u"secret"_s, "song");
+        QVERIFY(setMode(folder, u"."_s, 0755) && setMode(folder, u"secret"_s, 0));
+        QVERIFY(setMode(folder, u"locked/a"_s, 0444) && setMode(folder, u"locked"_s, 0555));
+        QVERIFY(holdsForOrdinaryUser([&] {
+            return !saveFile(folder.path(u"locked\\a"_s), "new") && !removeFile(folder.path(u"locked\\a"_s)) &&
+                   !loadFile(folder.path(u"secret"_s)) && fileLength(folder.path(u"secret"_s)) == 4;
+        }));
+        QVERIFY(setMode(folder, u"locked"_s, 0755));
+        QCOMPARE(folder.bytesOf(u"locked/a"_s), "old");
+        QVERIFY(setMode(folder, u"locked"_s, 0));
+        QVERIFY(holdsForOrdinaryUser([&] { return filesIn(folder.path(u"locked"_s)).isEmpty(); }));
+        QVERIFY(setMode(folder, u"locked"_s, 0755)); // Else it cannot be cleared away.
+    }
+};
 
 QTEST_GUILESS_MAIN(FileAccessTest)
 #include "tst_file_access.moc"

@@ -19,26 +19,6 @@
 
 using namespace Qt::StringLiterals;
 
-class TestShellFiles : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void copyKeepsBytesTimesAndLabelsAcrossFileSystems();
-    void impossibleChangesChangeNothing();
-    void longCopyReportsAndStops();
-    void copyIsWholeOrNoneAtEveryFault();
-    void questionsComeBeforeReplacing();
-    void fileThatAppearsMeanwhileIsKept();
-    void renameTakesAnyNameThatIsPossible();
-    void deletedFileCanBeRestored();
-    void deleteWithoutTrashAsksAgain();
-    void onlyAFileWithoutOwnersWriteBitIsReadOnly();
-
-private:
-    ShellAnswers m_yes;
-};
-
 namespace
 {
 const QByteArray oldBytes = "old song";
@@ -50,173 +30,182 @@ QStringList entriesOf(const TestFolder &folder)
 }
 } // namespace
 
-void TestShellFiles::copyKeepsBytesTimesAndLabelsAcrossFileSystems()
+class TestShellFiles : public QObject
 {
-    const TestFolder folder;
-    const QTemporaryDir memory(u"/dev/shm/kiv-test-XXXXXX"_s); // Mostly another file system.
-    const QString source = folder.makeFile(u"a.mp3"_s, manyBytes);
-    const timespec times[] = {{1'000'000'000, 5}, {1'100'000'000, 7}};
-    QVERIFY(::utimensat(AT_FDCWD, hostPath(source), times, 0) == 0 && ::chmod(hostPath(source), 0640) == 0);
-    const bool labelled = ::setxattr(hostPath(source), "user.rating", "5", 1, 0) == 0;
-    const QString longName = QString(251, u'n') + u".mp3"_s;
-    for (const QString &copy : {folder.path(u"b.mp3"_s), programPath(memory.path()) + u'\\' + longName}) {
-        QCOMPARE(ShellCopyFile(source, copy, m_yes), ShellOutcome::Done);
-        struct stat status = {};
-        QVERIFY(::stat(hostPath(copy), &status) == 0 && status.st_size == manyBytes.size());
-        QVERIFY(status.st_mtim.tv_sec == 1'100'000'000 && status.st_mtim.tv_nsec == 7);
-        QCOMPARE(status.st_mode & 07777, 0640U);
-    }
-    char rating = 0;
-    QVERIFY(!labelled || ::getxattr(hostPath(folder.path(u"b.mp3"_s)), "user.rating", &rating, 1) == 1);
-    QCOMPARE(folder.bytesOf(u"b.mp3"_s), manyBytes);
-    QCOMPARE(entriesOf(folder), QStringList({u"a.mp3"_s, u"b.mp3"_s}));
-}
+    Q_OBJECT
 
-void TestShellFiles::impossibleChangesChangeNothing()
-{
-    const TestFolder folder;
-    const QString song = folder.makeFile(u"a.mp3"_s, oldBytes);
-    folder.makeFolder(u"folder"_s);
-    QVERIFY(::symlink("a.mp3", hostPath(folder.path(u"link.mp3"_s))) == 0);
-    QVERIFY(::mkfifo(hostPath(folder.path(u"pipe"_s)), 0600) == 0);
-    const QStringList before = entriesOf(folder);
-    for (const QString &name : {u""_s, u"."_s, u"folder\\.."_s, u"folder/b.mp3"_s, u"folder"_s, u"a.mp3"_s,
-                                u"link.mp3"_s, u"nowhere\\b.mp3"_s, u"b"_s + QChar(0), QString(128, u'é')}) {
-        QCOMPARE(ShellCopyFile(song, folder.path(name), m_yes), ShellOutcome::Failed);
-        QCOMPARE(ShellRenameFile(song, folder.path(name), m_yes), ShellOutcome::Failed);
-    }
-    QCOMPARE(ShellRenameFile(song, folder.path(u"folder\\b.mp3"_s), m_yes), ShellOutcome::Failed);
-    for (const QString &name : {u"gone.mp3"_s, u"folder"_s, u"pipe"_s})
-        QCOMPARE(ShellCopyFile(folder.path(name), folder.path(u"b.mp3"_s), m_yes), ShellOutcome::Failed);
-    for (const QString &path : {folder.path(), folder.path(u""_s), folder.path(u"gone"_s), u""_s, u"q:\\a.mp3"_s})
-        QCOMPARE(ShellDeleteFile(path, m_yes), ShellOutcome::Failed);
-    const QString b = folder.path(u"b.mp3"_s);
-    QVERIFY(::chmod(hostPath(folder.path()), 0555) == 0);
-    QVERIFY(holdsForOrdinaryUser([&] {
-        return ShellCopyFile(song, b, m_yes) == ShellOutcome::Failed &&
-               ShellRenameFile(song, b, m_yes) == ShellOutcome::Failed &&
-               ShellDeleteFile(song, m_yes) == ShellOutcome::Failed;
-    }));
-    QVERIFY(::chmod(hostPath(folder.path()), 0755) == 0);
-    QVERIFY(entriesOf(folder) == before && filesIn(folder.path(u"folder"_s)).isEmpty());
-    QCOMPARE(folder.bytesOf(u"a.mp3"_s), oldBytes);
-}
-
-void TestShellFiles::longCopyReportsAndStops()
-{
-    const TestFolder folder;
-    const QString source = folder.makeFile(u"a.mp3"_s);
-    QVERIFY(::truncate(hostPath(source), 1LL << 40) == 0); // A hole of a terabyte takes longer than any patience.
-    ShellAnswers answers;
-    answers.refused = u"progress"_s;
-    QCOMPARE(ShellCopyFile(source, folder.path(u"b.mp3"_s), answers), ShellOutcome::Declined);
-    QCOMPARE(answers.asked, QStringList(u"progress"_s));
-    QCOMPARE(entriesOf(folder), QStringList(u"a.mp3"_s));
-}
-
-void TestShellFiles::copyIsWholeOrNoneAtEveryFault()
-{
-    const TestFolder folder;
-    const QString source = folder.makeFile(u"a.mp3"_s, manyBytes);
-    for (const Fault fault : {Fault::DiskFull, Fault::Death}) {
-        int step = 1;
-        for (Fate fate = Fate::Met; fate == Fate::Met; ++step) {
-            const QString destination = folder.makeFile(u"b.mp3"_s, oldBytes);
-            fate = runWithFault(fault, step, [&] { ShellCopyFile(source, destination, m_yes); });
-            const QByteArray bytes = folder.bytesOf(u"b.mp3"_s);
-            QVERIFY(bytes == manyBytes || (fate == Fate::Met && bytes == oldBytes));
-            QVERIFY(fault == Fault::Death || entriesOf(folder).size() == 2);
+private Q_SLOTS:
+    void copyKeepsBytesTimesAndLabelsAcrossFileSystems()
+    {
+        const TestFolder folder;
+        const QTemporaryDir memory(u"/dev/shm/kiv-test-XXXXXX"_s); // Mostly another file system.
+        const QString source = folder.makeFile(u"a.mp3"_s, manyBytes);
+        const timespec times[] = {{1'000'000'000, 5}, {1'100'000'000, 7}};
+        QVERIFY(::utimensat(AT_FDCWD, hostPath(source), times, 0) == 0 && ::chmod(hostPath(source), 0640) == 0);
+        const bool labelled = ::setxattr(hostPath(source), "user.rating", "5", 1, 0) == 0;
+        const QString longName = QString(251, u'n') + u".mp3"_s;
+        for (const QString &copy : {folder.path(u"b.mp3"_s), programPath(memory.path()) + u'\\' + longName}) {
+            QCOMPARE(ShellCopyFile(source, copy, m_yes), ShellOutcome::Done);
+            struct stat status = {};
+            QVERIFY(::stat(hostPath(copy), &status) == 0 && status.st_size == manyBytes.size());
+            QVERIFY(status.st_mtim.tv_sec == 1'100'000'000 && status.st_mtim.tv_nsec == 7);
+            QCOMPARE(status.st_mode & 07777, 0640U);
         }
-        QVERIFY(step > 7); // Three writes, a flush, a rename and the flush of the folder were met.
+        char rating = 0;
+        QVERIFY(!labelled || ::getxattr(hostPath(folder.path(u"b.mp3"_s)), "user.rating", &rating, 1) == 1);
+        QCOMPARE(folder.bytesOf(u"b.mp3"_s), manyBytes);
+        QCOMPARE(entriesOf(folder), QStringList({u"a.mp3"_s, u"b.mp3"_s}));
     }
-    QCOMPARE(folder.bytesOf(u"a.mp3"_s), manyBytes);
-}
 
-void TestShellFiles::questionsComeBeforeReplacing()
-{
-    const TestFolder folder;
-    const QString a = folder.makeFile(u"a.mp3"_s, "new");
-    const QString b = folder.makeFile(u"b.mp3"_s, oldBytes);
-    ShellAnswers answers;
-    answers.refused = u"replace"_s;
-    QCOMPARE(ShellCopyFile(a, b, answers), ShellOutcome::Declined);
-    QCOMPARE(ShellRenameFile(a, b, answers), ShellOutcome::Declined);
-    QCOMPARE(folder.bytesOf(u"b.mp3"_s), oldBytes);
-    answers.refused.clear();
-    QCOMPARE(ShellCopyFile(a, b, answers), ShellOutcome::Done);
-    QCOMPARE(ShellRenameFile(a, b, answers), ShellOutcome::Done);
-    QCOMPARE(answers.asked, QStringList(4, u"replace"_s));
-    QCOMPARE(entriesOf(folder), QStringList(u"b.mp3"_s));
-    QCOMPARE(folder.bytesOf(u"b.mp3"_s), "new");
-}
-
-void TestShellFiles::fileThatAppearsMeanwhileIsKept()
-{
-    const TestFolder folder;
-    const QByteArray source = hostPath(folder.makeFile(u"a.mp3"_s, "new"));
-    auto copy = WaitingCopy::make(source, hostPath(folder.path(u"b.mp3"_s)), FileTimes::Kept);
-    folder.makeFile(u"b.mp3"_s, oldBytes);
-    QVERIFY(copy && copy->takeName(Existing::Keep) == NameTaken::OtherExists);
-    QCOMPARE(folder.bytesOf(u"b.mp3"_s), oldBytes);
-}
-
-void TestShellFiles::renameTakesAnyNameThatIsPossible()
-{
-    const TestFolder folder;
-    QString song = folder.makeFile(u"a.mp3"_s, oldBytes);
-    ShellAnswers answers;
-    for (const QString &name : {u"A.mp3"_s, nameFromHost("a\xFF.mp3"), u"\uF05C.mp3"_s}) {
-        QCOMPARE(ShellRenameFile(song, folder.path(name), answers), ShellOutcome::Done);
-        song = folder.path(name);
+    void impossibleChangesChangeNothing()
+    {
+        const TestFolder folder;
+        const QString song = folder.makeFile(u"a.mp3"_s, oldBytes);
+        folder.makeFolder(u"folder"_s);
+        QVERIFY(::symlink("a.mp3", hostPath(folder.path(u"link.mp3"_s))) == 0);
+        QVERIFY(::mkfifo(hostPath(folder.path(u"pipe"_s)), 0600) == 0);
+        const QStringList before = entriesOf(folder);
+        for (const QString &name : {u""_s, u"."_s, u"folder\\.."_s, u"folder/b.mp3"_s, u"folder"_s, u"a.mp3"_s,
+                                    u"link.mp3"_s, u"nowhere\\b.mp3"_s, u"b"_s + QChar(0), QString(128, u'é')}) {
+            QCOMPARE(ShellCopyFile(song, folder.path(name), m_yes), ShellOutcome::Failed);
+            QCOMPARE(ShellRenameFile(song, folder.path(name), m_yes), ShellOutcome::Failed);
+        }
+        QCOMPARE(ShellRenameFile(song, folder.path(u"folder\\b.mp3"_s), m_yes), ShellOutcome::Failed);
+        for (const QString &name : {u"gone.mp3"_s, u"folder"_s, u"pipe"_s})
+            QCOMPARE(ShellCopyFile(folder.path(name), folder.path(u"b.mp3"_s), m_yes), ShellOutcome::Failed);
+        for (const QString &path : {folder.path(), folder.path(u""_s), folder.path(u"gone"_s), u""_s, u"q:\\a.mp3"_s})
+            QCOMPARE(ShellDeleteFile(path, m_yes), ShellOutcome::Failed);
+        const QString b = folder.path(u"b.mp3"_s);
+        QVERIFY(::chmod(hostPath(folder.path()), 0555) == 0);
+        QVERIFY(holdsForOrdinaryUser([&] {
+            return ShellCopyFile(song, b, m_yes) == ShellOutcome::Failed &&
+                   ShellRenameFile(song, b, m_yes) == ShellOutcome::Failed &&
+                   ShellDeleteFile(song, m_yes) == ShellOutcome::Failed;
+        }));
+        QVERIFY(::chmod(hostPath(folder.path()), 0755) == 0);
+        QVERIFY(entriesOf(folder) == before && filesIn(folder.path(u"folder"_s)).isEmpty());
+        QCOMPARE(folder.bytesOf(u"a.mp3"_s), oldBytes);
     }
-    QCOMPARE(entriesOf(folder), QStringList(u"\\.mp3"_s));
-    QVERIFY(answers.asked.isEmpty());
-    // A second name of the same file: renaming onto it would leave both.
-    QVERIFY(::link(hostPath(song), hostPath(folder.path(u"b.mp3"_s))) == 0);
-    QCOMPARE(ShellRenameFile(song, folder.path(u"b.mp3"_s), answers), ShellOutcome::Done);
-    QCOMPARE(entriesOf(folder), QStringList(u"b.mp3"_s));
-    QCOMPARE(folder.bytesOf(u"b.mp3"_s), oldBytes);
-}
 
-void TestShellFiles::deletedFileCanBeRestored()
-{
-    const TestFolder folder(QDir::homePath()); // It has the trash; the temporary folder may be another file system.
-    const QString song = folder.makeFile(u"a.mp3"_s);
-    const QString link = folder.path(u"b.mp3"_s);
-    QVERIFY(::symlink("a.mp3", hostPath(link)) == 0);
-    ShellAnswers answers;
-    answers.refused = u"trash"_s;
-    QCOMPARE(ShellDeleteFile(link, answers), ShellOutcome::Declined);
-    QVERIFY(FileExists(link));
-    QCOMPARE(ShellDeleteFile(link, m_yes), ShellOutcome::Done);
-    QVERIFY(FileExists(song));
-    QCOMPARE(ShellDeleteFile(song, m_yes), ShellOutcome::Done);
-    QVERIFY(!FileExists(song) && QFile::exists(qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash/files/a.mp3"_s));
-}
+    void longCopyReportsAndStops()
+    {
+        const TestFolder folder;
+        const QString source = folder.makeFile(u"a.mp3"_s);
+        QVERIFY(::truncate(hostPath(source), 1LL << 40) == 0); // A hole of a terabyte takes longer than any patience.
+        ShellAnswers answers;
+        answers.refused = u"progress"_s;
+        QCOMPARE(ShellCopyFile(source, folder.path(u"b.mp3"_s), answers), ShellOutcome::Declined);
+        QCOMPARE(answers.asked, QStringList(u"progress"_s));
+        QCOMPARE(entriesOf(folder), QStringList(u"a.mp3"_s));
+    }
 
-void TestShellFiles::deleteWithoutTrashAsksAgain()
-{
-    const TestFolder folder;
-    const QString odd = folder.path(nameFromHost("a\xFF.mp3")); // Cannot be named to the trash.
-    QCOMPARE(ShellRenameFile(folder.makeFile(u"a.mp3"_s), odd, m_yes), ShellOutcome::Done);
-    ShellAnswers answers;
-    answers.refused = u"delete"_s;
-    QCOMPARE(ShellDeleteFile(odd, answers), ShellOutcome::Declined);
-    QVERIFY(FileExists(odd));
-    QCOMPARE(ShellDeleteFile(odd, m_yes), ShellOutcome::Done);
-    QVERIFY(!FileExists(odd));
-}
+    void copyIsWholeOrNoneAtEveryFault()
+    {
+        const TestFolder folder;
+        const QString source = folder.makeFile(u"a.mp3"_s, manyBytes);
+        for (const Fault fault : {Fault::DiskFull, Fault::Death}) {
+            int step = 1;
+            for (Fate fate = Fate::Met; fate == Fate::Met; ++step) {
+                const QString destination = folder.makeFile(u"b.mp3"_s, oldBytes);
+                fate = runWithFault(fault, step, [&] { ShellCopyFile(source, destination, m_yes); });
+                const QByteArray bytes = folder.bytesOf(u"b.mp3"_s);
+                QVERIFY(bytes == manyBytes || (fate == Fate::Met && bytes == oldBytes));
+                QVERIFY(fault == Fault::Death || entriesOf(folder).size() == 2);
+            }
+            QVERIFY(step > 7); // Three writes, a flush, a rename and the flush of the folder were met.
+        }
+        QCOMPARE(folder.bytesOf(u"a.mp3"_s), manyBytes);
+    }
 
-void TestShellFiles::onlyAFileWithoutOwnersWriteBitIsReadOnly()
-{
-    const TestFolder folder;
-    const QString song = folder.makeFile(u"a.mp3"_s);
-    QVERIFY(::chmod(hostPath(song), 0466) == 0 && ::chmod(hostPath(folder.makeFolder(u"folder"_s)), 0555) == 0);
-    QCOMPARE(FileAttributeText(song), u"Read Only"_s);
-    QVERIFY(::chmod(hostPath(song), 0200) == 0);
-    for (const QString &path : {song, folder.path(u"folder"_s), folder.path(u"gone"_s)})
-        QCOMPARE(FileAttributeText(path), u"Normal"_s);
-}
+    void questionsComeBeforeReplacing()
+    {
+        const TestFolder folder;
+        const QString a = folder.makeFile(u"a.mp3"_s, "new");
+        const QString b = folder.makeFile(u"b.mp3"_s, oldBytes);
+        ShellAnswers answers;
+        answers.refused = u"replace"_s;
+        QCOMPARE(ShellCopyFile(a, b, answers), ShellOutcome::Declined);
+        QCOMPARE(ShellRenameFile(a, b, answers), ShellOutcome::Declined);
+        QCOMPARE(folder.bytesOf(u"b.mp3"_s), oldBytes);
+        answers.refused.clear();
+        QCOMPARE(ShellCopyFile(a, b, answers), ShellOutcome::Done);
+        QCOMPARE(ShellRenameFile(a, b, answers), ShellOutcome::Done);
+        QCOMPARE(answers.asked, QStringList(4, u"replace"_s));
+        QCOMPARE(entriesOf(folder), QStringList(u"b.mp3"_s));
+        QCOMPARE(folder.bytesOf(u"b.mp3"_s), "new");
+    }
+
+    void fileThatAppearsMeanwhileIsKept()
+    {
+        const TestFolder folder;
+        const QByteArray source = hostPath(folder.makeFile(u"a.mp3"_s, "new"));
+        auto copy = WaitingCopy::make(source, hostPath(folder.path(u"b.mp3"_s)), FileTimes::Kept);
+        folder.makeFile(u"b.mp3"_s, oldBytes);
+        QVERIFY(copy && copy->takeName(Existing::Keep) == NameTaken::OtherExists);
+        QCOMPARE(folder.bytesOf(u"b.mp3"_s), oldBytes);
+    }
+
+    void renameTakesAnyNameThatIsPossible()
+    {
+        const TestFolder folder;
+        QString song = folder.makeFile(u"a.mp3"_s, oldBytes);
+        ShellAnswers answers;
+        for (const QString &name : {u"A.mp3"_s, nameFromHost("a\xFF.mp3"), u"\uF05C.mp3"_s}) {
+            QCOMPARE(ShellRenameFile(song, folder.path(name), answers), ShellOutcome::Done);
+            song = folder.path(name);
+        }
+        QCOMPARE(entriesOf(folder), QStringList(u"\\.mp3"_s));
+        QVERIFY(answers.asked.isEmpty());
+        // A second name of the same file: renaming onto it would leave both.
+        QVERIFY(::link(hostPath(song), hostPath(folder.path(u"b.mp3"_s))) == 0);
+        QCOMPARE(ShellRenameFile(song, folder.path(u"b.mp3"_s), answers), ShellOutcome::Done);
+        QCOMPARE(entriesOf(folder), QStringList(u"b.mp3"_s));
+        QCOMPARE(folder.bytesOf(u"b.mp3"_s), oldBytes);
+    }
+
+    void deletedFileCanBeRestored()
+    {
+        const TestFolder folder(QDir::homePath()); // It has the trash; the temporary folder may be another file system.
+        const QString song = folder.makeFile(u"a.mp3"_s);
+        const QString link = folder.path(u"b.mp3"_s);
+        QVERIFY(::symlink("a.mp3", hostPath(link)) == 0);
+        ShellAnswers answers;
+        answers.refused = u"trash"_s;
+        QCOMPARE(ShellDeleteFile(link, answers), ShellOutcome::Declined);
+        QVERIFY(FileExists(link));
+        QCOMPARE(ShellDeleteFile(link, m_yes), ShellOutcome::Done);
+        QVERIFY(FileExists(song));
+        QCOMPARE(ShellDeleteFile(song, m_yes), ShellOutcome::Done);
+        QVERIFY(!FileExists(song) && QFile::exists(qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash/files/a.mp3"_s));
+    }
+
+    void deleteWithoutTrashAsksAgain()
+    {
+        const TestFolder folder;
+        const QString odd = folder.path(nameFromHost("a\xFF.mp3")); // Cannot be named to the trash.
+        QCOMPARE(ShellRenameFile(folder.makeFile(u"a.mp3"_s), odd, m_yes), ShellOutcome::Done);
+        ShellAnswers answers;
+        answers.refused = u"delete"_s;
+        QCOMPARE(ShellDeleteFile(odd, answers), ShellOutcome::Declined);
+        QVERIFY(FileExists(odd));
+        QCOMPARE(ShellDeleteFile(odd, m_yes), ShellOutcome::Done);
+        QVERIFY(!FileExists(odd));
+    }
+
+    void onlyAFileWithoutOwnersWriteBitIsReadOnly()
+    {
+        const TestFolder folder;
+        const QString song = folder.makeFile(u"a.mp3"_s);
+        QVERIFY(::chmod(hostPath(song), 0466) == 0 && ::chmod(hostPath(folder.makeFolder(u"folder"_s)), 0555) == 0);
+        QCOMPARE(FileAttributeText(song), u"Read Only"_s);
+        QVERIFY(::chmod(hostPath(song), 0200) == 0);
+        for (const QString &path : {song, folder.path(u"folder"_s), folder.path(u"gone"_s)})
+            QCOMPARE(FileAttributeText(path), u"Normal"_s);
+    }
+
+private:
+    ShellAnswers m_yes;
+};
 
 QTEST_GUILESS_MAIN(TestShellFiles)
 #include "tst_shell_files.moc"

@@ -31,41 +31,37 @@ class SingleInstanceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void the_first_one_holds_the_lock();
-    void what_a_dead_one_left_is_no_hindrance();
-    void plays_where_no_lock_can_be();
-};
-
-void SingleInstanceTest::the_first_one_holds_the_lock()
-{
+    void the_first_one_holds_the_lock()
     {
-        const SingleInstance first;
-        QVERIFY(!first.isPreviousRunning());
-        QVERIFY(SingleInstance().isPreviousRunning());
-        QVERIFY(anotherFindsOneRunning());
-        QVERIFY(SingleInstance().isPreviousRunning()); // The second one's end took nothing away.
+        {
+            const SingleInstance first;
+            QVERIFY(!first.isPreviousRunning());
+            QVERIFY(SingleInstance().isPreviousRunning());
+            QVERIFY(anotherFindsOneRunning());
+            QVERIFY(SingleInstance().isPreviousRunning()); // The second one's end took nothing away.
+        }
+        QVERIFY(!SingleInstance().isPreviousRunning());
     }
-    QVERIFY(!SingleInstance().isPreviousRunning());
-}
 
-void SingleInstanceTest::what_a_dead_one_left_is_no_hindrance()
-{
-    QVERIFY(!anotherFindsOneRunning());
-    QVERIFY(QFile::exists(lockPath()));
-    QVERIFY(!SingleInstance().isPreviousRunning());
-    for (const char *damage : {"", "garbage", "1\n"}) {
-        QFile lock(lockPath());
-        QVERIFY(lock.open(QIODevice::WriteOnly) && lock.write(damage) >= 0);
-        lock.close();
-        QVERIFY2(!SingleInstance().isPreviousRunning(), damage);
+    void what_a_dead_one_left_is_no_hindrance()
+    {
+        QVERIFY(!anotherFindsOneRunning());
+        QVERIFY(QFile::exists(lockPath()));
+        QVERIFY(!SingleInstance().isPreviousRunning());
+        for (const char *damage : {"", "garbage", "1\n"}) {
+            QFile lock(lockPath());
+            QVERIFY(lock.open(QIODevice::WriteOnly) && lock.write(damage) >= 0);
+            lock.close();
+            QVERIFY2(!SingleInstance().isPreviousRunning(), damage);
+        }
     }
-}
 
-void SingleInstanceTest::plays_where_no_lock_can_be()
-{
-    qputenv("XDG_RUNTIME_DIR", "/proc");
-    QVERIFY(!SingleInstance().isPreviousRunning());
-}
+    void plays_where_no_lock_can_be()
+    {
+        qputenv("XDG_RUNTIME_DIR", "/proc");
+        QVERIFY(!SingleInstance().isPreviousRunning());
+    }
+};
 
 QTEST_GUILESS_MAIN(SingleInstanceTest)
 #include "tst_single_instance.moc"

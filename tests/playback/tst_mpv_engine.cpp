@@ -126,21 +126,13 @@ private Q_SLOTS:
         QVERIFY(!x.engine.isPlaying());
     }
 
-    void volumeIsExactInDecibels_data()
-    {
-        QTest::addColumn<QString>("song");
-        for (const char *song : {"tone-440.mp3", "tone-440.wav"})
-            QTest::newRow(song) << QString::fromLatin1(song);
-    }
-
     void volumeIsExactInDecibels()
     {
-        QFETCH(QString, song);
         double full = 0;
         for (const int volume : {0, -600, -2290, -9999, -20000}) {
             Listening x(Listening::Output::Recorded); // The volume is known before the library is loaded.
             x.engine.setVolume(volume);
-            QVERIFY(x.playToEnd(x.folder.copySample(song)));
+            QVERIFY(x.playToEnd(x.folder.copySample(u"tone-440.mp3"_s)));
             const double level = rms(x.heard().mid(rate / 10, rate / 3));
             if (volume == 0)
                 full = level;
@@ -158,12 +150,9 @@ private Q_SLOTS:
         QTest::addColumn<int>("number");
         QTest::newRow("missing") << u"missing.mp3"_s << 53;
         QTest::newRow("empty") << u"empty.mp3"_s << 62;
-        QTest::newRow("folder") << u"folder.mp3"_s << 75;
-        QTest::newRow("folder without a name behind") << u"folder.mp3\\"_s << 75;
-        QTest::newRow("text") << u"text.mp3"_s << 321;
+        QTest::newRow("folder") << u"folder.mp3\\"_s << 75;
         QTest::newRow("garbage") << u"garbage.mp3"_s << 321;
         QTest::newRow("play list that names a song") << u"list.mp3"_s << 321;
-        QTest::newRow("stream list that names a song") << u"stream.mp3"_s << 321;
         QTest::newRow("picture") << u"picture.mp3"_s << 326;
     }
 
@@ -174,12 +163,10 @@ private Q_SLOTS:
         Listening x(Listening::Output::Recorded);
         const QByteArray tone = QFile::encodeName(x.folder.hostPath() + u"/tone-440.mp3"_s);
         x.folder.copySample(u"tone-440.mp3"_s);
-        for (const QString &sample : {u"empty.mp3"_s, u"text.mp3"_s, u"garbage.mp3"_s, u"picture.mp3"_s})
+        for (const QString &sample : {u"empty.mp3"_s, u"garbage.mp3"_s, u"picture.mp3"_s})
             x.folder.copySample(sample);
         x.folder.makeFolder(u"folder.mp3"_s);
         x.folder.makeFile(u"list.mp3"_s, "#EXTM3U\n" + tone + "\n");
-        x.folder.makeFile(u"stream.mp3"_s,
-                          "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\n" + tone + "\n#EXT-X-ENDLIST\n");
 
         x.start(x.folder.path(song));
         QTRY_COMPARE_WITH_TIMEOUT(x.errors.size(), 1, patienceMs);

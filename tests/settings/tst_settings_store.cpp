@@ -14,94 +14,84 @@ class SettingsStoreTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_a_key_data();
-    void reads_a_key();
-    void cuts_long_values();
-    void writes_in_place_data();
-    void writes_in_place();
-    void a_file_survives_a_round_trip();
-    void a_write_without_its_folder_is_lost();
-};
-
-void SettingsStoreTest::reads_a_key_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("value");
-    QTest::newRow("empty") << u""_s << u""_s;
-    QTest::newRow("no section") << u"KEY=1"_s << u""_s;
-    QTest::newRow("other section") << u"[A]\r\nKEY=1\r\n[S]\r\nX=2"_s << u""_s;
-    QTest::newRow("case and blanks") << u" [ s ] \n  kEy \t=  a b  \n"_s << u"a b"_s;
-    QTest::newRow("CR only") << u"[S]\rX=1\rKEY=2\r"_s << u"2"_s;
-    QTest::newRow("first of two keys") << u"[S]\nKEY=1\nKEY=2"_s << u"1"_s;
-    QTest::newRow("first of two sections") << u"[S]\nX=1\n[S]\nKEY=2"_s << u""_s;
-    QTest::newRow("comment") << u"[S]\n;KEY=1\n; KEY=1\nKEY=2"_s << u"2"_s;
-    QTest::newRow("longer key") << u"[S]\nKEYS=1\nKE=2\nKEY"_s << u""_s;
-    QTest::newRow("equals in value") << u"[S]\nKEY=a=b"_s << u"a=b"_s;
-    QTest::newRow("one pair of quotes") << u"[S]\nKEY = \"'a '\" "_s << u"'a '"_s;
-    QTest::newRow("unlike quotes") << u"[S]\nKEY=\"a'"_s << u"\"a'"_s;
-    QTest::newRow("one quote") << u"[S]\nKEY=\""_s << u"\""_s;
-    QTest::newRow("unclosed section") << u"[S\nKEY=1"_s << u""_s;
-    QTest::newRow("zero bytes") << u"[S]\n"_s + QString(9, QChar()) + u"\nKEY=a"_s + QChar() + u"b"_s << u"a"_s;
-    QTest::newRow("huge line") << u"[S]\n"_s + QString(1 << 20, u'x') + u"\nKEY=1"_s << u"1"_s;
-    QTest::newRow("a name's own wide blank") << u"[S]\nKEY=a\u00A0"_s << u"a\u00A0"_s;
-}
-
-void SettingsStoreTest::reads_a_key()
-{
-    QFETCH(QString, text);
-    QTEST(iniValue(text, u"S", u"key"), "value");
-}
-
-void SettingsStoreTest::cuts_long_values()
-{
-    for (const qsizetype length : {749, 750, 751}) {
-        const QString text = u"[S]\nKEY=\""_s + QString(length, u'v') + u"\"\n"_s;
-        QCOMPARE(iniValue(text, u"S", u"KEY"), QString(749, u'v'));
+    void reads_a_key_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("value");
+        QTest::newRow("empty") << u""_s << u""_s;
+        QTest::newRow("other section") << u"[A]\r\nKEY=1\r\n[S]\r\nX=2"_s << u""_s;
+        QTest::newRow("case and blanks") << u" [ s ] \n  kEy \t=  a b  \n"_s << u"a b"_s;
+        QTest::newRow("CR only") << u"[S]\rX=1\rKEY=2\r"_s << u"2"_s;
+        QTest::newRow("first of two keys") << u"[S]\nKEY=1\nKEY=2"_s << u"1"_s;
+        QTest::newRow("first of two sections") << u"[S]\nX=1\n[S]\nKEY=2"_s << u""_s;
+        QTest::newRow("comment") << u"[S]\n;KEY=1\n; KEY=1\nKEY=2"_s << u"2"_s;
+        QTest::newRow("longer key") << u"[S]\nKEYS=1\nKE=2\nKEY"_s << u""_s;
+        QTest::newRow("one pair of quotes") << u"[S]\nKEY = \"'a '\" "_s << u"'a '"_s;
+        QTest::newRow("one quote") << u"[S]\nKEY=\""_s << u"\""_s;
+        QTest::newRow("unclosed section") << u"[S\nKEY=1"_s << u""_s;
+        QTest::newRow("equals in value") << u"[S]\nKEY=a=b"_s << u"a=b"_s;
+        QTest::newRow("zero bytes") << u"[S]\n"_s + QString(9, QChar()) + u"\nKEY=a"_s + QChar() + u"b"_s << u"a"_s;
+        QTest::newRow("huge line") << u"[S]\n"_s + QString(1 << 20, u'x') + u"\nKEY=1"_s << u"1"_s;
+        QTest::newRow("a name's own wide blank") << u"[S]\nKEY=a\u00A0"_s << u"a\u00A0"_s;
     }
-}
 
-void SettingsStoreTest::writes_in_place_data()
-{
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("empty") << u""_s << u"[S]\r\nKEY=v\r\n"_s;
-    QTest::newRow("last line open") << u"[A]\nx=1"_s << u"[A]\nx=1\n[S]\nKEY=v\n"_s;
-    QTest::newRow("replaced") << u"; c\n\n[S]\n a=1\n key = 2\r\nb=3"_s << u"; c\n\n[S]\n a=1\nKEY=v\r\nb=3"_s;
-    QTest::newRow("added before the gap") << u"[s]\rx=1\r\r[T]\rKEY=2"_s << u"[s]\rx=1\rKEY=v\r\r[T]\rKEY=2"_s;
-    QTest::newRow("empty section at the end") << u"[S]"_s << u"[S]\r\nKEY=v\r\n"_s;
-}
+    void reads_a_key()
+    {
+        QFETCH(QString, text);
+        QTEST(iniValue(text, u"S", u"key"), "value");
+    }
 
-void SettingsStoreTest::writes_in_place()
-{
-    QFETCH(QString, before);
-    QTEST(withIniValue(before, u"S", u"KEY", u"v"_s), "after");
-}
+    void cuts_long_values()
+    {
+        for (const qsizetype length : {749, 750, 751}) {
+            const QString text = u"[S]\nKEY=\""_s + QString(length, u'v') + u"\"\n"_s;
+            QCOMPARE(iniValue(text, u"S", u"KEY"), QString(749, u'v'));
+        }
+    }
 
-void SettingsStoreTest::a_file_survives_a_round_trip()
-{
-    const TestFolder folder;
-    const QString file = folder.makeFile(u"s.ini"_s, "\xEF\xBB\xBF[zelkmp3]\nvolume=-5\n");
-    const QString japanese = u"z:\\\u97F3\u697D"_s;
-    QString key = u"Mp3PATH"_s;
-    WriteIniKey(u"ZelkMp3"_s, key, japanese + u"\n[ZelkMp3]"_s, file);
-    QCOMPARE(ReadIniKey(u"ZelkMp3"_s, key, file), japanese + u" [ZelkMp3]"_s);
-    QCOMPARE(key, u"mp3path"_s);
-    WriteIniKey(u"ZelkMp3"_s, key, u"z:\\Ol\u00E9"_s, file);
-    QCOMPARE(folder.bytesOf(u"s.ini"_s), QByteArray("[zelkmp3]\nvolume=-5\nMP3PATH=z:\\Ol\xE9\n"));
-}
+    void writes_in_place_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("empty") << u""_s << u"[S]\r\nKEY=v\r\n"_s;
+        QTest::newRow("last line open") << u"[A]\nx=1"_s << u"[A]\nx=1\n[S]\nKEY=v\n"_s;
+        QTest::newRow("replaced") << u"; c\n\n[S]\n a=1\n key = 2\r\nb=3"_s << u"; c\n\n[S]\n a=1\nKEY=v\r\nb=3"_s;
+        QTest::newRow("added before the gap") << u"[s]\rx=1\r\r[T]\rKEY=2"_s << u"[s]\rx=1\rKEY=v\r\r[T]\rKEY=2"_s;
+        QTest::newRow("empty section at the end") << u"[S]"_s << u"[S]\r\nKEY=v\r\n"_s;
+    }
 
-void SettingsStoreTest::a_write_without_its_folder_is_lost()
-{
-    writeSetting(Setting::Volume, u"1"_s);
-    QVERIFY(readSetting(Setting::Volume).isEmpty());
-    QVERIFY(!FileExists(paths::settingsFolderTest));
-    ensureSettingsFolder();
-    writeSetting(Setting::Volume, u"-600"_s);
-    QCOMPARE(readSetting(Setting::Volume), u"-600"_s);
-    QVERIFY(FileExists(paths::settingsFolderTest));
-    writeSideSetting(Setting::Mp3Path, u"c:\\a"_s);
-    QVERIFY(FileExists(paths::sideFile) && readSetting(Setting::Mp3Path).isEmpty());
-}
+    void writes_in_place()
+    {
+        QFETCH(QString, before);
+        QTEST(withIniValue(before, u"S", u"KEY", u"v"_s), "after");
+    }
+
+    void a_file_survives_a_round_trip()
+    {
+        const TestFolder folder;
+        const QString file = folder.makeFile(u"s.ini"_s, "\xEF\xBB\xBF[zelkmp3]\nvolume=-5\n");
+        const QString japanese = u"z:\\\u97F3\u697D"_s;
+        QString key = u"Mp3PATH"_s;
+        WriteIniKey(u"ZelkMp3"_s, key, japanese + u"\n[ZelkMp3]"_s, file);
+        QCOMPARE(ReadIniKey(u"ZelkMp3"_s, key, file), japanese + u" [ZelkMp3]"_s);
+        QCOMPARE(key, u"mp3path"_s);
+        WriteIniKey(u"ZelkMp3"_s, key, u"z:\\Ol\u00E9"_s, file);
+        QCOMPARE(folder.bytesOf(u"s.ini"_s), QByteArray("[zelkmp3]\nvolume=-5\nMP3PATH=z:\\Ol\xE9\n"));
+    }
+
+    void a_write_without_its_folder_is_lost()
+    {
+        writeSetting(Setting::Volume, u"1"_s);
+        QVERIFY(readSetting(Setting::Volume).isEmpty());
+        QVERIFY(!FileExists(paths::settingsFolderTest));
+        ensureSettingsFolder();
+        writeSetting(Setting::Volume, u"-600"_s);
+        QCOMPARE(readSetting(Setting::Volume), u"-600"_s);
+        QVERIFY(FileExists(paths::settingsFolderTest));
+        writeSideSetting(Setting::Mp3Path, u"c:\\a"_s);
+        QVERIFY(FileExists(paths::sideFile) && readSetting(Setting::Mp3Path).isEmpty());
+    }
+};
 
 QTEST_GUILESS_MAIN(SettingsStoreTest)
 #include "tst_settings_store.moc"

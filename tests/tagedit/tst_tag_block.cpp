@@ -31,109 +31,103 @@ class TestTagBlock : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void workChangesItsBytesOrNoneAtEveryFault_data();
-    void workChangesItsBytesOrNoneAtEveryFault();
-    void removalKeepsLinksAndPermissions();
-    void readingTrimsBlanksAlone();
-    void nameGivesArtistAndTitle();
-    void genresKeepTheirOwnNumbers();
-};
+    void workChangesItsBytesOrNoneAtEveryFault_data()
+    {
+        QTest::addColumn<Work>("work");
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("after");
+        const Work save = [](const QString &path) { return saveTag(path, jazz); };
+        QTest::newRow("add") << Work(addTag) << audio << audio.chopped(1) + '\0' + emptyTag;
+        QTest::newRow("add to nothing") << Work(addTag) << QByteArray() << emptyTag;
+        QTest::newRow("save") << save << audio + emptyTag << audio + jazzBlock;
+        QTest::newRow("save without a tag") << save << audio << audio.chopped(128) + jazzBlock;
+        QTest::newRow("save, shorter") << save << QByteArray(127, 'x') << QByteArray(127, 'x');
+        QTest::newRow("remove") << Work(removeTag) << audio + jazzBlock << audio;
+        QTest::newRow("remove without a tag") << Work(removeTag) << audio << audio.chopped(128);
+        QTest::newRow("remove all there is") << Work(removeTag) << emptyTag << QByteArray();
+        QTest::newRow("remove, shorter") << Work(removeTag) << QByteArray(127, 'x') << QByteArray(127, 'x');
+    }
 
-void TestTagBlock::workChangesItsBytesOrNoneAtEveryFault_data()
-{
-    QTest::addColumn<Work>("work");
-    QTest::addColumn<QByteArray>("before");
-    QTest::addColumn<QByteArray>("after");
-    const Work save = [](const QString &path) { return saveTag(path, jazz); };
-    QTest::newRow("add") << Work(addTag) << audio << audio.chopped(1) + '\0' + emptyTag;
-    QTest::newRow("add to one byte") << Work(addTag) << QByteArray("x") << QByteArray(1, '\0') + emptyTag;
-    QTest::newRow("add to nothing") << Work(addTag) << QByteArray() << emptyTag;
-    QTest::newRow("save") << save << audio + emptyTag << audio + jazzBlock;
-    QTest::newRow("save without a tag") << save << audio << audio.chopped(128) + jazzBlock;
-    QTest::newRow("save, shorter") << save << QByteArray(127, 'x') << QByteArray(127, 'x');
-    QTest::newRow("remove") << Work(removeTag) << audio + jazzBlock << audio;
-    QTest::newRow("remove without a tag") << Work(removeTag) << audio << audio.chopped(128);
-    QTest::newRow("remove all there is") << Work(removeTag) << emptyTag << QByteArray();
-    QTest::newRow("remove, shorter") << Work(removeTag) << QByteArray(127, 'x') << QByteArray(127, 'x');
-}
-
-void TestTagBlock::workChangesItsBytesOrNoneAtEveryFault()
-{
-    QFETCH(Work, work);
-    QFETCH(QByteArray, before);
-    QFETCH(QByteArray, after);
-    QVERIFY(!work(TestFolder().path(u"gone.mp3"_s)));
-    for (const Fault fault : {Fault::Death, Fault::DiskFull}) {
-        Fate fate = Fate::Met;
-        for (int step = 1; fate == Fate::Met; ++step) {
-            const TestFolder folder;
-            const QString path = folder.makeFile(u"a.mp3"_s, before);
-            fate = runWithFault(fault, step, [&] { work(path); });
-            const QByteArray left = folder.bytesOf(u"a.mp3"_s);
-            const bool added = fault == Fault::Death && left == before + emptyTag; // The former last byte goes last.
-            QVERIFY(left == after || (fate == Fate::Met && (left == before || added)));
-            QVERIFY(fault == Fault::Death || QDir(folder.hostPath()).entryList(QDir::Files | QDir::Hidden).size() == 1);
+    void workChangesItsBytesOrNoneAtEveryFault()
+    {
+        QFETCH(Work, work);
+        QFETCH(QByteArray, before);
+        QFETCH(QByteArray, after);
+        QVERIFY(!work(TestFolder().path(u"gone.mp3"_s)));
+        for (const Fault fault : {Fault::Death, Fault::DiskFull}) {
+            Fate fate = Fate::Met;
+            for (int step = 1; fate == Fate::Met; ++step) {
+                const TestFolder folder;
+                const QString path = folder.makeFile(u"a.mp3"_s, before);
+                fate = runWithFault(fault, step, [&] { work(path); });
+                const QByteArray left = folder.bytesOf(u"a.mp3"_s);
+                const bool added =
+                    fault == Fault::Death && left == before + emptyTag; // The former last byte goes last.
+                QVERIFY(left == after || (fate == Fate::Met && (left == before || added)));
+                QVERIFY(fault == Fault::Death ||
+                        QDir(folder.hostPath()).entryList(QDir::Files | QDir::Hidden).size() == 1);
+            }
         }
     }
-}
 
-void TestTagBlock::removalKeepsLinksAndPermissions()
-{
-    const TestFolder folder;
-    const QString song = folder.makeFile(u"a.mp3"_s, audio + jazzBlock);
-    folder.makeFolder(u"links"_s);
-    const QByteArray link = hostPath(folder.path(u"links\\b.mp3"_s));
-    QVERIFY(::symlink("../a.mp3", link) == 0 && ::chmod(hostPath(song), 0604) == 0);
-    const bool given = ::chown(hostPath(song), 65534, 65534) == 0;
-    QVERIFY(removeTag(folder.path(u"links\\b.mp3"_s)));
-    struct stat status = {};
-    QVERIFY(::lstat(link, &status) == 0 && S_ISLNK(status.st_mode));
-    QVERIFY(::stat(link, &status) == 0 && (status.st_mode & 07777) == 0604);
-    QVERIFY(!given || (status.st_uid == 65534 && status.st_gid == 65534));
-    QCOMPARE(folder.bytesOf(u"a.mp3"_s), audio);
-    QVERIFY(::chmod(folder.hostPath().toUtf8(), 0777) == 0 && ::chmod(hostPath(song), 0444) == 0);
-    QVERIFY(holdsForOrdinaryUser([&] { return !addTag(song) && !saveTag(song, jazz) && !removeTag(song); }));
-    QCOMPARE(folder.bytesOf(u"a.mp3"_s), audio);
-}
+    void removalKeepsLinksAndPermissions()
+    {
+        const TestFolder folder;
+        const QString song = folder.makeFile(u"a.mp3"_s, audio + jazzBlock);
+        folder.makeFolder(u"links"_s);
+        const QByteArray link = hostPath(folder.path(u"links\\b.mp3"_s));
+        QVERIFY(::symlink("../a.mp3", link) == 0 && ::chmod(hostPath(song), 0604) == 0);
+        const bool given = ::chown(hostPath(song), 65534, 65534) == 0;
+        QVERIFY(removeTag(folder.path(u"links\\b.mp3"_s)));
+        struct stat status = {};
+        QVERIFY(::lstat(link, &status) == 0 && S_ISLNK(status.st_mode));
+        QVERIFY(::stat(link, &status) == 0 && (status.st_mode & 07777) == 0604);
+        QVERIFY(!given || (status.st_uid == 65534 && status.st_gid == 65534));
+        QCOMPARE(folder.bytesOf(u"a.mp3"_s), audio);
+        QVERIFY(::chmod(folder.hostPath().toUtf8(), 0777) == 0 && ::chmod(hostPath(song), 0444) == 0);
+        QVERIFY(holdsForOrdinaryUser([&] { return !addTag(song) && !saveTag(song, jazz) && !removeTag(song); }));
+        QCOMPARE(folder.bytesOf(u"a.mp3"_s), audio);
+    }
 
-void TestTagBlock::readingTrimsBlanksAlone()
-{
-    const TestFolder folder;
-    QByteArray bytes = audio + jazzBlock;
-    bytes.replace("TAG", "tAg").replace("c   ", "c\t\0 "_ba);
-    const auto tag = readTag(folder.makeFile(u"a.mp3"_s, bytes));
-    QVERIFY(tag.has_value());
-    QCOMPARE(tag->title, u"Títle —"_s);
-    QCOMPARE(tag->comment, u"c\t"_s + QChar(0));
-    QCOMPARE(tag->genre, 146);
-    QVERIFY(!readTag(folder.makeFile(u"b.mp3"_s, audio)) && !readTag(folder.makeFile(u"c.mp3"_s, "TAG")));
-}
+    void readingTrimsBlanksAlone()
+    {
+        const TestFolder folder;
+        QByteArray bytes = audio + jazzBlock;
+        bytes.replace("TAG", "tAg").replace("c   ", "c\t\0 "_ba);
+        const auto tag = readTag(folder.makeFile(u"a.mp3"_s, bytes));
+        QVERIFY(tag.has_value());
+        QCOMPARE(tag->title, u"Títle —"_s);
+        QCOMPARE(tag->comment, u"c\t"_s + QChar(0));
+        QCOMPARE(tag->genre, 146);
+        QVERIFY(!readTag(folder.makeFile(u"b.mp3"_s, audio)) && !readTag(folder.makeFile(u"c.mp3"_s, "TAG")));
+    }
 
-void TestTagBlock::nameGivesArtistAndTitle()
-{
-    const auto texts = [](const QString &name) {
-        const Id3v1Tag tag = tagFromName(name);
-        return QStringList{tag.artist, tag.title};
-    };
-    QCOMPARE(texts(u"Some Artist - Some Song.mp3"_s), QStringList({u"Some Artist"_s, u"Some Song"_s}));
-    QCOMPARE(texts(u" a  -b - c .mp3"_s), QStringList({u" a"_s, u"b - c "_s}));
-    QCOMPARE(texts(u" Song.mp3"_s), QStringList({u""_s, u" Song"_s}));
-    QCOMPARE(texts(u"a-b"_s), QStringList({u"a"_s, u""_s}));
-}
+    void nameGivesArtistAndTitle()
+    {
+        const auto texts = [](const QString &name) {
+            const Id3v1Tag tag = tagFromName(name);
+            return QStringList{tag.artist, tag.title};
+        };
+        QCOMPARE(texts(u"Some Artist - Some Song.mp3"_s), QStringList({u"Some Artist"_s, u"Some Song"_s}));
+        QCOMPARE(texts(u" a  -b - c .mp3"_s), QStringList({u" a"_s, u"b - c "_s}));
+        QCOMPARE(texts(u" Song.mp3"_s), QStringList({u""_s, u" Song"_s}));
+        QCOMPARE(texts(u"a-b"_s), QStringList({u"a"_s, u""_s}));
+    }
 
-void TestTagBlock::genresKeepTheirOwnNumbers()
-{
-    const auto nameOf = [](int number) {
-        return QByteArray(
-            editorGenres[static_cast<std::size_t>(genrePosition(static_cast<std::uint8_t>(number)))].name);
-    };
-    QCOMPARE(nameOf(8), "Jazz+Funk");
-    QCOMPARE(nameOf(148), "Turbo Folk");
-    QCOMPARE(nameOf(0), "Blues");
-    QCOMPARE(genrePosition(149), noGenrePosition);
-    QCOMPARE(genreNumber(noGenrePosition), noGenreNumber);
-    QCOMPARE(genreNumber(149), noGenreNumber);
-}
+    void genresKeepTheirOwnNumbers()
+    {
+        const auto nameOf = [](int number) {
+            return QByteArray(
+                editorGenres[static_cast<std::size_t>(genrePosition(static_cast<std::uint8_t>(number)))].name);
+        };
+        QCOMPARE(nameOf(8), "Jazz+Funk");
+        QCOMPARE(nameOf(148), "Turbo Folk");
+        QCOMPARE(nameOf(0), "Blues");
+        QCOMPARE(genrePosition(149), noGenrePosition);
+        QCOMPARE(genreNumber(noGenrePosition), noGenreNumber);
+        QCOMPARE(genreNumber(149), noGenreNumber);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestTagBlock)
 #include "tst_tag_block.moc"
