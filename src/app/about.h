@@ -1,7 +1,7 @@
 // What this is and where it runs: version, a message, the system, and on demand the running processes.
 #pragma once
 
-#include "controls/button.h"
+#include "controls/label.h"
 #include "controls/list_box.h"
 #include "controls/skin_window.h"
 

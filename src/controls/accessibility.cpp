@@ -2,7 +2,6 @@
 #include "controls/accessibility.h"
 
 #include "controls/label.h"
-#include "controls/picture_box.h"
 
 #include <QAccessibleWidget>
 
@@ -28,23 +27,20 @@ public:
 
     void doAction(const QString &name) override
     {
-        if (name != pressAction())
-            return;
-        if (label())
-            label()->press();
-        else if (auto *picture = qobject_cast<PictureBox *>(widget()))
-            picture->press();
+        if (name == pressAction())
+            control()->press();
     }
 
 private:
     Label *label() const { return qobject_cast<Label *>(widget()); }
-    bool isPressable() const { return label() ? label()->isButton() : widget()->focusPolicy() != Qt::NoFocus; }
+    Pressable *control() const { return static_cast<Pressable *>(widget()); }
+    bool isPressable() const { return control()->isButton(); }
 };
 
 QAccessibleInterface *makeInterface(const QString &, QObject *object)
 {
-    const bool isOurs = qobject_cast<Label *>(object) || qobject_cast<PictureBox *>(object);
-    return isOurs ? new PressableInterface(static_cast<QWidget *>(object)) : nullptr;
+    auto *control = qobject_cast<Pressable *>(object);
+    return control ? new PressableInterface(control) : nullptr;
 }
 } // namespace
 

@@ -3,14 +3,14 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/pressable.h"
 
 #include <QColor>
 #include <QPixmap>
-#include <QWidget>
 
 #include <optional>
 
-class Label : public QWidget
+class Label : public Pressable
 {
     Q_OBJECT
 
@@ -24,7 +24,6 @@ public:
 
     /// Makes the label a button, or a plain text again.
     void setButton(bool isButton);
-    bool isButton() const { return m_isButton; }
 
     void setAlignment(Qt::Alignment alignment);
     void setColour(const QColor &colour);
@@ -36,26 +35,9 @@ public:
     /// shifted, and the label paints the skin under it itself. At the left, not for a button.
     void setMarquee();
 
-    /// Runs the command as a click does, when the control is enabled.
-    void press();
-
-Q_SIGNALS:
-    void Click();
-
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
-
-    /// What lies under the text: on a skin nothing but the light of the mouse on a button.
-    virtual void paintFace(QPainter &painter) const;
-
-    bool isPressed() const { return m_pressed; }
-    bool isHovered() const { return m_hovered; }
 
 private:
     /// The text of a marquee twice in a row, and where each of its characters begins there.
@@ -65,6 +47,7 @@ private:
         qsizetype turn = 0; // The character that is the first one just now.
     };
 
+    void paintLight(QPainter &painter) const;
     bool turns(const QString &caption) const;
     QRect lineRect() const;
     void layOut();
@@ -75,8 +58,5 @@ private:
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
     std::optional<Strip> m_strip; // Of a marquee whose text has been painted.
     bool m_isMarquee = false;
-    bool m_isButton = false;
     bool m_elided = false;
-    bool m_pressed = false;
-    bool m_hovered = false;
 };

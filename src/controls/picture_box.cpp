@@ -4,11 +4,9 @@
 #include "controls/skin_style.h"
 #include "skins/palette.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 
-PictureBox::PictureBox(QWidget *parent, const ControlSetup &setup) : QWidget(parent)
+PictureBox::PictureBox(QWidget *parent, const ControlSetup &setup) : Pressable(parent)
 {
     setUpControl(*this, setup);
 }
@@ -33,9 +31,7 @@ void PictureBox::setButton(Picture normal, Picture hovered, Picture pressed, con
     m_pictures = {normal, hovered, pressed};
     m_pixmaps = {};
     m_glyph = glyph;
-    m_isButton = true;
-    setFocusPolicy(Qt::TabFocus);
-    setAttribute(Qt::WA_Hover);
+    makeButton(true);
 }
 
 QImage PictureBox::image() const
@@ -51,17 +47,11 @@ void PictureBox::setShape(const QRegion &region)
         setMask(region);
 }
 
-void PictureBox::press()
-{
-    if (isEnabled())
-        Q_EMIT Click();
-}
-
 PictureBox::Look PictureBox::look() const
 {
-    if (!m_isButton || !isEnabled())
+    if (!isButton() || !isEnabled())
         return Look::Normal;
-    return m_pressed ? Look::Pressed : m_hovered ? Look::Hovered : Look::Normal;
+    return isPressed() ? Look::Pressed : isHovered() ? Look::Hovered : Look::Normal;
 }
 
 const QPixmap &PictureBox::pixmap(Look look)
@@ -79,51 +69,11 @@ void PictureBox::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (const QPixmap &shown = pixmap(look()); !shown.isNull())
         painter.drawPixmap(rect(), shown);
-    else if (m_isButton) {
-        paintButtonFace(painter, rect(), m_pressed ? ButtonLook::Pressed : ButtonLook::Normal);
+    else if (isButton()) {
+        paintButtonFace(painter, rect(), isPressed() ? ButtonLook::Pressed : ButtonLook::Normal);
         painter.setPen(QColor::fromRgb(palette::warmWhite));
         painter.drawText(rect(), Qt::AlignCenter, m_glyph);
     }
     if (hasFocus())
         paintFocusRing(painter, rect().adjusted(1, 1, -1, -1));
-}
-
-void PictureBox::mousePressEvent(QMouseEvent *event)
-{
-    event->setAccepted(m_isButton && event->button() == Qt::LeftButton);
-    m_pressed = event->isAccepted();
-    update();
-}
-
-void PictureBox::mouseReleaseEvent(QMouseEvent *event)
-{
-    const bool wasPressed = m_pressed && event->button() == Qt::LeftButton;
-    event->setAccepted(wasPressed);
-    if (!wasPressed)
-        return;
-    m_pressed = false;
-    update();
-    if (rect().contains(event->position().toPoint()))
-        press();
-}
-
-void PictureBox::keyPressEvent(QKeyEvent *event)
-{
-    const bool runs = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
-    if (m_isButton && runs)
-        press();
-    else
-        QWidget::keyPressEvent(event);
-}
-
-void PictureBox::enterEvent(QEnterEvent *)
-{
-    m_hovered = true;
-    update();
-}
-
-void PictureBox::leaveEvent(QEvent *)
-{
-    m_hovered = false;
-    update();
 }

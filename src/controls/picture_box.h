@@ -4,12 +4,11 @@
 
 #include "controls/control.h"
 #include "controls/pictures.h"
-
-#include <QWidget>
+#include "controls/pressable.h"
 
 #include <optional>
 
-class PictureBox : public QWidget
+class PictureBox : public Pressable
 {
     Q_OBJECT
 
@@ -31,19 +30,8 @@ public:
     /// Cuts the control to a region of its own logical pixels; an empty one leaves it whole.
     void setShape(const QRegion &region);
 
-    /// Runs the command as a click does, when the control is enabled.
-    void press();
-
-Q_SIGNALS:
-    void Click();
-
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
 
 private:
     enum class Look { Normal, Hovered, Pressed };
@@ -53,7 +41,4 @@ private:
     std::array<Picture, 3> m_pictures = {Picture::Count, Picture::Count, Picture::Count};
     std::array<std::optional<QPixmap>, 3> m_pixmaps;
     QString m_glyph;
-    bool m_isButton = false;
-    bool m_hovered = false;
-    bool m_pressed = false;
 };

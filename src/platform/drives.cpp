@@ -38,11 +38,6 @@ QString withSlashes(const QString &rest)
     return text;
 }
 
-bool isFolderOrFile(const QByteArray &path)
-{
-    return hostEntryExists(path);
-}
-
 // The entry of folder equal to name when case is ignored, the first in byte order when several are; name when none is.
 QByteArray spellingOnDisk(const QByteArray &folder, const QByteArray &name)
 {
@@ -90,7 +85,7 @@ QByteArray hostPath(const QString &path)
 QByteArray hostPathOnDisk(const QString &path)
 {
     const QByteArray exact = hostPath(path);
-    if (exact.isEmpty() || isFolderOrFile(exact))
+    if (exact.isEmpty() || hostEntryExists(exact))
         return exact;
     QByteArray found = exact.startsWith('/') ? QByteArray("/") : QByteArray();
     for (const QByteArray &name : exact.split('/')) {
@@ -98,7 +93,7 @@ QByteArray hostPathOnDisk(const QString &path)
             continue;
         const QByteArray folder = found.isEmpty() ? QByteArray(".") : found;
         const QByteArray separator = found.isEmpty() || found.endsWith('/') ? QByteArray() : QByteArray("/");
-        const bool exactName = isFolderOrFile(found + separator + name);
+        const bool exactName = hostEntryExists(found + separator + name);
         found += separator + (exactName ? name : spellingOnDisk(folder, name));
     }
     return exact.endsWith('/') ? found + '/' : found;
