@@ -118,22 +118,23 @@ void Mp3Frm::Load()
 {
     for (PictureBox *button : {&bPrev, &bPlay, &bPause, &bStop, &bNext})
         ShapeFromPicture(*button);
-    File1.setPath(firstMusicFolder(File1.extensions()));
     Label7.setCaption({});
+    const QString firstFolder = firstMusicFolder(File1.extensions());
     if (!FileExists(paths::settingsFile))
-        firstStart();
+        firstStart(folderExists(firstFolder) ? firstFolder : QString());
     const QString folder = readSetting(Setting::Mp3Path);
     const QString volume = readSetting(Setting::Volume);
-    if (FileExists(pathIn(folder, {})))
-        setMusicFolder(folder);
+    const bool isStoredThere = FileExists(pathIn(folder, {})); // Each folder is read once: it may be a huge one.
+    if (!isStoredThere || !File1.setPath(programPath(folder)))
+        File1.setPath(firstFolder);
     m_songs.rebuildDisplayCopy();
     setVolumeFrom(volume);
 }
 
 // The first settings. The volume written is the position slider's value: a stored 0 asks for the engine's own loudness.
-void Mp3Frm::firstStart()
+void Mp3Frm::firstStart(const QString &folder)
 {
-    writeSetting(Setting::Mp3Path, File1.Path());
+    writeSetting(Setting::Mp3Path, folder);
     writeSetting(Setting::Volume, QString::number(HScroll1.Value()));
     writeSetting(Setting::ShortCut, u"1"_s);
 }

@@ -88,7 +88,7 @@ Q_SIGNALS:
 private:
     void dress();
     void connectHandlers();
-    void firstStart();
+    void firstStart(const QString &folder);
     void setVolumeFrom(const QString &stored);
 
     void Label6_Click();
