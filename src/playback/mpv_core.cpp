@@ -65,14 +65,14 @@ constexpr Option options[] = {
     {"demuxer-thread", "no"},
     {"demuxer-max-bytes", "1MiB"},
     {"demuxer-max-back-bytes", "0"},
-    {"audio-buffer", "1"},
+    {"audio-buffer", "2"},
 };
 
 // How far ahead the sound device is filled. Far ahead is thrifty: at 100 ms a sound server wakes the player 150 times a
-// second, at 500 ms 28 times. But loudness is applied before the device, so it would be heard late. So the first change
-// of loudness in a song opens the device anew, near ahead, and what follows is heard at once.
+// second, at 1000 ms 17 times. But loudness is applied before the device, so it would be heard late. So the first
+// change of loudness in a song opens the device anew, near ahead, and what follows is heard at once.
 constexpr Option farAhead[] = {
-    {"pulse-buffer", "500"}, {"alsa-buffer-time", "500000"}, {"pipewire-buffer", "500"}, {"ao-null-buffer", "1"}};
+    {"pulse-buffer", "1000"}, {"alsa-buffer-time", "1000000"}, {"pipewire-buffer", "500"}, {"ao-null-buffer", "2"}};
 constexpr Option nearAhead[] = {
     {"pulse-buffer", "60"}, {"alsa-buffer-time", "60000"}, {"pipewire-buffer", "20"}, {"ao-null-buffer", "0.06"}};
 
@@ -210,14 +210,15 @@ void MpvCore::setPause(bool on)
     m_mpv->set_property_async(m_handle, 0, "pause", MPV_FORMAT_FLAG, &flag);
 }
 
-void MpvCore::setVolume(int hundredthsOfDecibel)
+bool MpvCore::setVolume(int hundredthsOfDecibel)
 {
     double volume = mpvVolume(hundredthsOfDecibel);
     m_mpv->set_property_async(m_handle, noSerial, "volume", MPV_FORMAT_DOUBLE, &volume);
-    if (m_isDeviceOpen && m_isFarAhead && !m_isRecording) {
-        setFarAhead(false);
-        command({"ao-reload"});
-    }
+    if (!m_isDeviceOpen || !m_isFarAhead || m_isRecording)
+        return false;
+    setFarAhead(false);
+    command({"ao-reload"});
+    return true;
 }
 
 // Counts for the device that is opened next.

@@ -45,7 +45,9 @@ public:
     void stop();
     void seek(double seconds);
     void setPause(bool on);
-    void setVolume(int hundredthsOfDecibel);
+
+    /// True when the sound device was closed and opened anew for it: the caller seeks to where the song was.
+    bool setVolume(int hundredthsOfDecibel);
 
     /// Answered by positionTold() (not at all when there is no position) and durationTold().
     void askPosition(quint64 serial);

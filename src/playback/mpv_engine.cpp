@@ -105,7 +105,7 @@ void MpvEngine::setCurrentPosition(double seconds)
     if (m_request == Request::None && m_song == Song::None)
         return;
     m_seekTarget = std::max(seconds, 0.0);
-    if (m_request == Request::None && m_song >= Song::Open)
+    if (isOpen())
         seek();
     Q_EMIT stateChanged();
 }
@@ -113,8 +113,8 @@ void MpvEngine::setCurrentPosition(double seconds)
 void MpvEngine::setVolume(int hundredthsOfDecibel)
 {
     const int wanted = std::clamp(hundredthsOfDecibel, silentVolume, 0);
-    if (std::exchange(m_volume, wanted) != wanted && m_core)
-        m_core->setVolume(m_volume);
+    if (std::exchange(m_volume, wanted) != wanted && m_core && m_core->setVolume(m_volume) && isOpen())
+        seekTo(currentPosition()); // What lay ready in the device that was closed is still to be heard.
 }
 
 bool MpvEngine::isPlaying() const
@@ -214,11 +214,16 @@ void MpvEngine::refreshClock() const
 // Goes to the place that is shown already. At the end, or beyond it, the song's last moment is still heard.
 void MpvEngine::seek()
 {
+    const double end = m_duration > 0 ? std::max(m_duration - lastMomentSeconds, 0.0) : *m_seekTarget;
+    seekTo(std::clamp(*m_seekTarget, 0.0, end));
+}
+
+void MpvEngine::seekTo(double seconds)
+{
     ++m_serial;
-    if (m_duration > 0)
-        m_seekTarget = std::clamp(*m_seekTarget, 0.0, std::max(m_duration - lastMomentSeconds, 0.0));
+    m_seekTarget = seconds;
     m_sinceSeek.start();
-    m_core->seek(*m_seekTarget);
+    m_core->seek(seconds);
 }
 
 void MpvEngine::fail(PlayFault fault, const QString &detail)

@@ -53,7 +53,9 @@ private:
     double clock() const;
     void setClock(double seconds);
     void refreshClock() const;
+    bool isOpen() const { return m_request == Request::None && m_song >= Song::Open; }
     void seek();
+    void seekTo(double seconds);
     void fail(PlayFault fault, const QString &detail = {});
     bool isCurrent(qint64 entry) const;
 

@@ -4,6 +4,7 @@
 #include "playback/mpv_engine.h"
 #include "support/test_files.h"
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -265,6 +266,19 @@ private Q_SLOTS:
         x.engine.setCurrentPosition(500);
         QCOMPARE(x.engine.currentPosition(), 2.5); // Its last moment is still heard.
         QTRY_COMPARE_WITH_TIMEOUT(x.ends.size(), 1, patienceMs);
+    }
+
+    void changingTheLoudnessSkipsNothing()
+    {
+        Listening x(Listening::Output::Silent);
+        x.start(x.folder.makeFile(u"long.wav"_s, longWav()));
+        QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > 0.3, patienceMs);
+        const double rest = 3 - x.engine.currentPosition();
+        QElapsedTimer playing;
+        playing.start();
+        x.engine.setVolume(-600);
+        QVERIFY(x.ends.wait(patienceMs));
+        QVERIFY2(playing.elapsed() > 1000 * rest - 250, QByteArray::number(playing.elapsed()).constData());
     }
 
     void songWaitsUntilTheWindowIsShown()
