@@ -27,7 +27,10 @@ void Label::setCaption(const QString &caption)
     else
         m_strip.reset();
     m_caption = caption;
-    update(m_isMarquee ? lineRect() : rect());
+    if (m_isMarquee)
+        repaint(lineRect()); // At once: its timer has woken the player for this, a paint event would wake it again.
+    else
+        update();
     if (QAccessible::isActive()) {
         QAccessibleEvent change(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&change);

@@ -71,7 +71,8 @@ void Timer::wait(int ms)
         m_clock.stop();
         return;
     }
-    m_clock.setTimerType(ms < preciseBelowMs ? Qt::PreciseTimer : Qt::CoarseTimer);
+    // A coarse clock runs up to a twentieth too early; a tick waited for then shows nothing new and must wait again.
+    m_clock.setTimerType(ms < preciseBelowMs || m_quietMs > 0 ? Qt::PreciseTimer : Qt::CoarseTimer);
     m_clock.start(ms);
 }
 
