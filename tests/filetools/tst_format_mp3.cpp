@@ -133,6 +133,19 @@ private Q_SLOTS:
         QCOMPARE(tools.engine.volume(), -2290);
     }
 
+    void listsWhatTheChosenFileTells()
+    {
+        NameTools tools({u"a.mp3"_s});
+        tools.openOn(u"a.mp3"_s);
+        QWidget window;
+        ListBox list(&window, {u"List1"_s, u"Facts"_s, {}});
+        tools.formatMp3.LoadMp3Info(window, list);
+        QVERIFY(window.isVisible());
+        const QString facts = list.items().join(u'|').remove(QChar());
+        QCOMPARE(facts, u"Artest = Ärger & Söhne|Title = Blue Café|Album = Album|Hz = 44100|Year = 1999|Seconds = 0|"
+                        "Size = 5.8 KB|Comments = A comment"_s);
+    }
+
     void tellsOfTheFileUnderTheMouse()
     {
         NameTools tools({u"a.mp3"_s, u"b.mp3"_s});
