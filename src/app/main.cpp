@@ -13,6 +13,8 @@
 
 #include <QApplication>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -20,10 +22,10 @@ namespace
 // The player places its own windows, which only X11 allows: it is preferred where both are there.
 void preferX11()
 {
-    const bool hasBoth = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY");
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && hasBoth)
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
+
 // The windows are small: a picture of one goes to the X server with the request itself. In shared memory the server
 // would have to tell after each painting that it has read it, which wakes the player up twice as often.
 void paintWithoutSharedMemory()
