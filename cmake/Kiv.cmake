@@ -18,6 +18,11 @@ if(KIV_FUZZ)
   target_link_options(kiv_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# What Debian asks of programs: a mistake with memory ends the player instead of doing harm.
+target_compile_options(kiv_options INTERFACE $<$<CONFIG:Release>:
+  -fstack-protector-strong -fstack-clash-protection -fcf-protection -D_FORTIFY_SOURCE=2 -Wformat -Werror=format-security>)
+target_link_options(kiv_options INTERFACE $<$<CONFIG:Release>:-Wl,-z,relro,-z,now>)
+
 find_program(KIV_MOLD mold)
 if(KIV_MOLD)
   add_link_options(-fuse-ld=mold)

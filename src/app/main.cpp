@@ -1,45 +1,31 @@
-// The start of the program: options that need no window, the application, the engine, and then the player.
+// The start of the program: answers that need no window, the application, the engine, and then the player.
 #include "app/program.h"
-#include "app/version.h"
+#include "app/start_options.h"
 #include "controls/accessibility.h"
 #include "controls/fonts.h"
 #include "controls/skin_style.h"
 #include "platform/command_line.h"
+#include "platform/ending_signals.h"
 #include "platform/file_names.h"
+#include "platform/folders.h"
+#include "platform/terminal.h"
 #include "playback/mpv_engine.h"
 
 #include <QApplication>
 
-#include <cstdio>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr char usage[] = "Usage: kiv-mp3 [FILE]\n"
-                         "Plays MP3 files. With FILE, plays it at once.\n\n"
-                         "  --help     shows this text\n"
-                         "  --version  shows the version\n";
-
-// Answers an option that needs no window. False when there is none.
-bool answersOption(const char *argument)
-{
-    const QByteArrayView option(argument);
-    if (option == "--help")
-        std::fputs(usage, stdout);
-    else if (option == "--version")
-        std::printf("kiv-mp3 %s\n", qPrintable(versionText()));
-    else
-        return false;
-    return true;
-}
-
 // The player places its own windows, which only X11 allows: it is preferred where both are there.
 void preferX11()
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
+
 // The windows are small: a picture of one goes to the X server with the request itself. In shared memory the server
 // would have to tell after each painting that it has read it, which wakes the player up twice as often.
 void paintWithoutSharedMemory()
@@ -47,24 +33,31 @@ void paintWithoutSharedMemory()
     if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM"))
         qputenv("QT_XCB_NO_MITSHM", "1");
 }
-// The arguments that Qt has left, the bytes of odd file names kept.
-QStringList argumentsOf(int argc, char *argv[])
+
+// The files of the command line, the bytes of odd names kept.
+QString textOf(const QList<QByteArray> &files)
 {
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments += textFromBytes(argv[i]);
-    return arguments;
+    QStringList names;
+    for (const QByteArray &file : files)
+        names += textFromBytes(file);
+    return commandLineText(names);
 }
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    if (argc == 2 && answersOption(argv[1]))
-        return 0;
+    StartOptions options = readStartOptions({argv, static_cast<std::size_t>(argc)}, hostEntryExists);
+    if (options.wish != StartOptions::Wish::Play)
+        return answerInTerminal(options);
+    qSetMessagePattern(u"kiv-mp3: %{if-category}%{category}: %{endif}%{message}"_s);
     preferX11();
     paintWithoutSharedMemory();
     QApplication::setStyle(new SkinStyle);
-    QApplication application(argc, argv);
+    std::optional<DisplaySearch> search(std::in_place);
+    int toolkitCount = static_cast<int>(options.toolkit.size());
+    options.toolkit.push_back(nullptr);
+    const QApplication application(toolkitCount, options.toolkit.data());
+    search.reset();
     QApplication::setApplicationName(u"KiV Mp3"_s);
     QApplication::setDesktopFileName(u"kiv-mp3"_s);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -75,5 +68,9 @@ int main(int argc, char *argv[])
     engine.holdUntilShown(); // The sound library takes longer to load than the window to show.
     Program program(engine);
     QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &MpvEngine::release);
-    return program.start(commandLineText(argumentsOf(argc, argv))) ? QApplication::exec() : 0;
+    if (!program.start(textOf(options.files)))
+        return Fine;
+    // Before this a signal ends the program as usual: there is no loop yet to leave.
+    onEndingSignals(&program, [&program] { program.mainWindow().close(); });
+    return QApplication::exec();
 }

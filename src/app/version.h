@@ -4,13 +4,15 @@
 #include <QString>
 
 struct ProgramVersion {
-    int major = 2;
-    int minor = 4;
-    int revision = 67;
+    int major;
+    int minor;
+    int revision;
 };
 
+inline constexpr ProgramVersion programVersion{KIV_VERSION}; // CMakeLists.txt says it, for everything that is made.
+
 /// "2.4 Build [67]".
-inline QString versionText(const ProgramVersion &version = {})
+inline QString versionText(const ProgramVersion &version = programVersion)
 {
     return QStringLiteral("%1.%2 Build [%3]").arg(version.major).arg(version.minor).arg(version.revision);
 }

@@ -16,8 +16,8 @@ namespace
 QString ownFolder(const QString &name)
 {
     const QString program = QCoreApplication::applicationDirPath();
-    for (const QString &place : {program + u"/../share/kiv-mp3/"_s, program + u"/../../../../"_s}) {
-        const QString folder = QDir::cleanPath(place + name);
+    for (const QString &place : {u"/" KIV_DATA_FROM_PROGRAM "/kiv-mp3/"_s, u"/../../../../"_s}) {
+        const QString folder = QDir::cleanPath(program + place + name);
         if (QDir(folder).exists())
             return folder;
     }

@@ -3,6 +3,8 @@
 // libmpv's own threads call wake(), which only queues drain() on the user-interface thread.
 #include "playback/mpv_core.h"
 
+#include "platform/terminal.h"
+
 #include <QElapsedTimer>
 
 #include <clocale>
@@ -319,6 +321,6 @@ void MpvCore::deliverAnswer(const mpv_event &event)
             m_listener.positionTold(event.reply_userdata, *static_cast<double *>(property.data));
     } else if (isKnown && !m_isSilenceExpected && qstrcmp(*static_cast<char **>(property.data), "null") == 0) {
         m_isSilenceExpected = true; // One notice is enough.
-        qWarning("There is no sound device that can be opened: songs play silently.");
+        complain("no sound device can be opened: songs play silently");
     }
 }

@@ -1,0 +1,98 @@
+// Sorting the arguments, and the answers that need no window.
+#include "app/start_options.h"
+
+#include "app/version.h"
+#include "platform/terminal.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace
+{
+constexpr char help[] =
+    "Usage: kiv-mp3 [OPTION]... [FILE]\n"
+    "Plays the songs of a folder. With FILE, plays that song at once; its folder becomes the music folder.\n"
+    "There is one player for each user: a second one ends at once.\n"
+    "\n"
+    "  -h, --help     show this help\n"
+    "  -v, --version  show the version\n"
+    "  --             what follows is a file, even if its name begins with \"-\"\n"
+    "\n"
+    "Options of the Qt toolkit, such as -platform and -display, are understood too.\n"
+    "\n"
+    "Environment:\n"
+    "  KIV_MP3_HOME   folder of settings and play lists (else $XDG_DATA_HOME/kiv-mp3)\n"
+    "  KIV_MP3_SKINS  folder of pictures used in place of the player's own\n"
+    "  KIV_MP3_SOUND  \"null\": play to nobody; \"pcm:FILE\": record into FILE\n"
+    "\n"
+    "Exit status: 0 fine, also for a second player; 1 cannot start, as without a display; 2 wrong use.\n";
+
+// Qt's own options: it takes them with one dash or two.
+constexpr std::array<std::string_view, 16> toolkitOptionsWithValue = {
+    "display",         "geometry",           "icon",          "name",
+    "platform",        "platformpluginpath", "platformtheme", "plugin",
+    "qwindowgeometry", "qwindowicon",        "qwindowtitle",  "session",
+    "style",           "stylesheet",         "title",         "visual"};
+constexpr std::array<std::string_view, 7> toolkitOptions = {"dograb",  "nograb",      "qdebug",     "qdevel",
+                                                            "reverse", "testability", "widgetcount"};
+constexpr std::array<std::string_view, 3> toolkitOptionsWithEquals = {"qmljsdebugger=", "style=", "stylesheet="};
+
+bool isOneOf(const auto &options, std::string_view option)
+{
+    return std::find(options.begin(), options.end(), option) != options.end();
+}
+
+// How many of the arguments, from this one on, are an option of Qt's and its value; 0 for anything else.
+std::size_t toolkitWords(std::string_view argument)
+{
+    argument.remove_prefix(argument.starts_with("--") ? 2 : 1);
+    if (isOneOf(toolkitOptionsWithValue, argument))
+        return 2;
+    const bool isWhole = isOneOf(toolkitOptions, argument);
+    return isWhole || isOneOf(toolkitOptionsWithEquals, argument.substr(0, argument.find('=') + 1)) ? 1 : 0;
+}
+} // namespace
+
+StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &isThere)
+{
+    using Wish = StartOptions::Wish;
+    StartOptions options;
+    options.toolkit.assign(arguments.begin(), arguments.begin() + std::min<std::size_t>(arguments.size(), 1));
+    bool onlyFiles = false;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string_view argument = arguments[i];
+        if (onlyFiles || argument.size() < 2 || argument.front() != '-')
+            options.files += arguments[i];
+        else if (argument == "--")
+            onlyFiles = true;
+        else if (argument == "--help" || argument == "-h")
+            return {Wish::ShowHelp, {}, {}, {}};
+        else if (argument == "--version" || argument == "-v")
+            return {Wish::ShowVersion, {}, {}, {}};
+        else if (const std::size_t words = toolkitWords(argument); words > 0) {
+            const std::size_t end = std::min(i + words, arguments.size());
+            options.toolkit.insert(options.toolkit.end(), arguments.begin() + i, arguments.begin() + end);
+            i = end - 1;
+        } else if (isThere(arguments[i]))
+            options.files += arguments[i];
+        else if (options.unknown.isEmpty())
+            options.unknown = arguments[i];
+    }
+    if (!options.unknown.isEmpty())
+        options.wish = Wish::Refuse;
+    return options;
+}
+
+int answerInTerminal(const StartOptions &options)
+{
+    switch (options.wish) {
+    case StartOptions::Wish::ShowHelp:
+        return printAnswer(help);
+    case StartOptions::Wish::ShowVersion:
+        return printAnswer("kiv-mp3 " + versionText().toUtf8() + '\n');
+    default:
+        complain("unknown option \"" + options.unknown + "\"; kiv-mp3 --help tells the known ones");
+        return WrongUse;
+    }
+}

@@ -1,0 +1,28 @@
+// What the program's arguments ask for, told before there is an application: an answer in the terminal, or a start.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include <functional>
+#include <span>
+#include <vector>
+
+struct StartOptions {
+    enum class Wish { Play, ShowHelp, ShowVersion, Refuse };
+
+    Wish wish = Wish::Play;
+    QByteArray unknown;          // The refused option.
+    QList<QByteArray> files;     // As the shell gave them.
+    std::vector<char *> toolkit; // What Qt is to see: the program's name and Qt's own options.
+};
+
+using FileTest = std::function<bool(const QByteArray &name)>;
+
+/// Sorts the arguments, the program's name among them. An argument that begins with "-" is a file if there is one of
+/// that name; what follows "--" always is.
+StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &isThere);
+
+/// Answers in the terminal what is no wish to play: help and version on stdout, a complaint on stderr. Gives the status
+/// to exit with.
+int answerInTerminal(const StartOptions &options);
