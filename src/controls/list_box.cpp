@@ -2,10 +2,12 @@
 #include "controls/list_box.h"
 
 #include "controls/fonts.h"
+#include "controls/skin_style.h"
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 
 class ListBoxModel : public QAbstractListModel
@@ -194,4 +196,24 @@ void ListBox::contextMenuEvent(QContextMenuEvent *event)
     m_menuRow = ListIndex();
     m_menuPosition = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint(0, 0));
     Q_EMIT MouseDown(Qt::RightButton);
+}
+
+// Qt would make the first row the current one.
+void ListBox::focusInEvent(QFocusEvent *event)
+{
+    if (currentIndex().isValid()) {
+        QListView::focusInEvent(event);
+        return;
+    }
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void ListBox::paintEvent(QPaintEvent *event)
+{
+    QListView::paintEvent(event);
+    if (!hasFocus() || currentIndex().isValid())
+        return;
+    QPainter painter(viewport());
+    paintFocusRing(painter, viewport()->rect());
 }
