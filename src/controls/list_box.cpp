@@ -138,6 +138,8 @@ int ListBox::rowAt(const QPoint &point) const
 void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
+    if (current.isValid() != previous.isValid())
+        viewport()->update(); // The ring of a list without a choice comes or goes.
     if (m_quiet || !current.isValid())
         return;
     m_clickSent = true;
