@@ -2,12 +2,10 @@
 #include "controls/list_box.h"
 
 #include "controls/fonts.h"
-#include "controls/skin_style.h"
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScopedValueRollback>
 
 class ListBoxModel : public QAbstractListModel
@@ -139,7 +137,7 @@ void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &prev
 {
     QListView::currentChanged(current, previous);
     if (current.isValid() != previous.isValid())
-        viewport()->update(); // The ring of a list without a choice comes or goes.
+        update(); // A list without a choice has its ring around itself.
     if (m_quiet || !current.isValid())
         return;
     m_clickSent = true;
@@ -203,19 +201,8 @@ void ListBox::contextMenuEvent(QContextMenuEvent *event)
 // Qt would make the first row the current one.
 void ListBox::focusInEvent(QFocusEvent *event)
 {
-    if (currentIndex().isValid()) {
+    if (currentIndex().isValid())
         QListView::focusInEvent(event);
-        return;
-    }
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
-}
-
-void ListBox::paintEvent(QPaintEvent *event)
-{
-    QListView::paintEvent(event);
-    if (!hasFocus() || currentIndex().isValid())
-        return;
-    QPainter painter(viewport());
-    paintFocusRing(painter, viewport()->rect());
+    else
+        QAbstractScrollArea::focusInEvent(event);
 }

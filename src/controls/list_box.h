@@ -1,7 +1,7 @@
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
-// nothing. A right click never changes the choice, and neither does the keyboard's coming: a list without a choice shows
-// the ring around itself. 100,000 rows are normal: nothing here costs time by the row but filling it.
+// nothing. A right click never changes the choice, and neither does the keyboard's coming. 100,000 rows are normal:
+// nothing here costs time by the row but filling it.
 #pragma once
 
 #include "controls/control.h"
@@ -74,7 +74,6 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
     /// Chooses a row without Click().
