@@ -136,6 +136,8 @@ int ListBox::rowAt(const QPoint &point) const
 void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
+    if (current.isValid() != previous.isValid())
+        update(); // A list without a choice has its ring around itself.
     if (m_quiet || !current.isValid())
         return;
     m_clickSent = true;
@@ -194,4 +196,13 @@ void ListBox::contextMenuEvent(QContextMenuEvent *event)
     m_menuRow = ListIndex();
     m_menuPosition = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint(0, 0));
     Q_EMIT MouseDown(Qt::RightButton);
+}
+
+// Qt would make the first row the current one.
+void ListBox::focusInEvent(QFocusEvent *event)
+{
+    if (currentIndex().isValid())
+        QListView::focusInEvent(event);
+    else
+        QAbstractScrollArea::focusInEvent(event);
 }

@@ -1,7 +1,7 @@
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
-// nothing. A right click never changes the choice. 100,000 rows are normal: nothing here costs time by the row but
-// filling it.
+// nothing. A right click never changes the choice, and neither does the keyboard's coming. 100,000 rows are normal:
+// nothing here costs time by the row but filling it.
 #pragma once
 
 #include "controls/control.h"
@@ -73,6 +73,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
     /// Chooses a row without Click().

@@ -94,6 +94,22 @@ QRect thumbPlace(const QStyleOptionSlider &option, bool shortThumb)
                       : QRect(option.rect.x(), option.rect.y() + start, option.rect.width(), length);
 }
 
+// The groove on the left of the thumb, or above it.
+QRect grooveBefore(const QStyleOptionSlider &option, const QRect &thumb)
+{
+    const bool horizontal = option.orientation == Qt::Horizontal;
+    return {option.rect.topLeft(),
+            horizontal ? QPoint(thumb.left() - 1, option.rect.bottom()) : QPoint(option.rect.right(), thumb.top() - 1)};
+}
+
+// The groove on the right of the thumb, or below it.
+QRect grooveAfter(const QStyleOptionSlider &option, const QRect &thumb)
+{
+    const bool horizontal = option.orientation == Qt::Horizontal;
+    return {horizontal ? QPoint(thumb.right() + 1, option.rect.top()) : QPoint(option.rect.left(), thumb.bottom() + 1),
+            option.rect.bottomRight()};
+}
+
 void paintTick(QPainter &painter, const QRect &box)
 {
     painter.setPen(QPen(colour(palette::warmWhite), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -225,18 +241,14 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     if (control != CC_ScrollBar || !bar)
         return QProxyStyle::subControlRect(control, option, part, widget);
     const QRect thumb = thumbPlace(*bar, isSlider(widget));
-    const bool horizontal = bar->orientation == Qt::Horizontal;
     switch (part) {
     case SC_ScrollBarGroove:
         return bar->rect;
     case SC_ScrollBarSlider:
         return thumb;
     case SC_ScrollBarSubPage:
-        return horizontal ? QRect(bar->rect.topLeft(), QPoint(thumb.left() - 1, bar->rect.bottom()))
-                          : QRect(bar->rect.topLeft(), QPoint(bar->rect.right(), thumb.top() - 1));
-    case SC_ScrollBarAddPage:
-        return horizontal ? QRect(QPoint(thumb.right() + 1, bar->rect.top()), bar->rect.bottomRight())
-                          : QRect(QPoint(bar->rect.left(), thumb.bottom() + 1), bar->rect.bottomRight());
+    case SC_ScrollBarAddPage: // A slider that grows upwards has them the other way round.
+        return (part == SC_ScrollBarSubPage) != bar->upsideDown ? grooveBefore(*bar, thumb) : grooveAfter(*bar, thumb);
     default:
         return {};
     }

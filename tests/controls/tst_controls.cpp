@@ -130,6 +130,9 @@ private Q_SLOTS:
         send(volume, QEvent::MouseMove, volume.mapToGlobal(QPoint(thumb.x(), 0)), Qt::NoButton, Qt::LeftButton);
         QTest::mouseRelease(&volume, Qt::LeftButton, {}, {thumb.x(), 0});
         QCOMPARE(volume.Value(), 0);
+        volume.setLargeChange(20);
+        QTest::mouseClick(&volume, Qt::LeftButton, {}, {10, 180}); // On the groove below the thumb.
+        QCOMPARE(volume.Value(), -20);
     }
 
     void only_the_user_scrolls()

@@ -33,6 +33,10 @@ private Q_SLOTS:
         list.show();
         const QSignalSpy clicks(&list, &ListBox::Click);
         const QSignalSpy doubles(&list, &ListBox::DblClick);
+        list.activateWindow();
+        list.setFocus(Qt::TabFocusReason); // The keyboard comes, and nothing is chosen by that.
+        QTRY_VERIFY(list.hasFocus());
+        QCOMPARE(list.ListIndex(), -1);
         list.setListIndex(1);
         list.setListIndex(1);
         QCOMPARE(clicks.size(), 1);
