@@ -43,12 +43,13 @@ endfunction()
 # Tests of these folders are labelled "gui": they run on a screen too (KIV_TEST_DISPLAY, see scripts/with-own-home).
 set(KIV_FOLDERS_WITH_WINDOWS controls settings playlist tagedit filetools app)
 
-# kiv_test(NAME LIBRARIES library...): tst_NAME.cpp of this folder as one test with a home of its own.
+# kiv_test(NAME [UNDER command...] LIBRARIES library...): tst_NAME.cpp of this folder as one test with a home of its own,
+# run by that command where one is given.
 function(kiv_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "UNDER;LIBRARIES")
   add_executable(tst_${name} tst_${name}.cpp)
   target_link_libraries(tst_${name} PRIVATE kiv_options test_support ${arg_LIBRARIES} Qt6::Test)
-  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-own-home $<TARGET_FILE:tst_${name}>)
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-own-home ${arg_UNDER} $<TARGET_FILE:tst_${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 120)
   get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} NAME)
   if(folder IN_LIST KIV_FOLDERS_WITH_WINDOWS)

@@ -30,7 +30,9 @@ Program::Program(MediaEngine &engine)
       m_menus(this, {m_modes, m_mp3Frm.songs(), m_mp3Frm.player(), m_mp3Frm.AutoPlaySong, m_mp3Frm.Timer2, m_formatMp3,
                      [this](const QString &title, const QString &startFolder) {
                          return FolderPicker::BrowseForFolder(&m_formatMp3, title, startFolder);
-                     }})
+                     }}),
+      m_remote({engine, m_mp3Frm.player(), m_mp3Frm.File1, m_mp3Frm.VScroll1, m_mp3Frm.Label1, m_mp3Frm.Label2,
+                m_mp3Frm.Label3, m_mp3Frm.Label4, m_mp3Frm.Label10, m_mp3Frm.Label6})
 {
     connectMainWindow();
     connectOtherWindows();
@@ -41,6 +43,7 @@ Program::Program(MediaEngine &engine)
 void Program::connectMainWindow()
 {
     connect(&m_mp3Frm, &SkinWindow::firstPainted, &m_trayIcon, &TrayIcon::AddTrayIcon);
+    connect(&m_mp3Frm, &SkinWindow::firstPainted, &m_remote, &RemoteControl::start);
     connect(&m_mp3Frm, &SkinWindow::seenChanged, &m_playlist, &Playlist::followMainWindow);
     connect(&m_mp3Frm, &Mp3Frm::songMenuRequested, &m_menus, &Menus::openSongMenu);
     connect(&m_mp3Frm, &Mp3Frm::songPicked, this, &Program::addPickedSong);
@@ -65,6 +68,8 @@ void Program::connectOtherWindows()
     connect(&m_formatMp3, &FormatMp3::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_about, &About::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_trayIcon, &TrayIcon::Click, this, &Program::trayClicked);
+    connect(&m_remote, &RemoteControl::raiseWanted, &m_mp3Frm, &Mp3Frm::bringBack);
+    connect(&m_remote, &RemoteControl::songWanted, this, &Program::playWithFolder);
 }
 
 void Program::connectMenus()
@@ -107,7 +112,12 @@ bool Program::start(const QString &commandLine)
 // The text is one path in quotation marks; its first and last character go, whatever they are.
 void Program::playCommandLine(const QString &commandLine)
 {
-    const QString path = commandLine.mid(1, std::max<qsizetype>(commandLine.size() - 2, 0));
+    playWithFolder(commandLine.mid(1, std::max<qsizetype>(commandLine.size() - 2, 0)));
+}
+
+// A song from outside plays, and its folder becomes the music folder.
+void Program::playWithFolder(const QString &path)
+{
     m_mp3Frm.player().playFile(path, FileNameFromPath(path));
     m_mp3Frm.setMusicFolder(FolderFromPath(path));
 }

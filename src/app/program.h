@@ -10,6 +10,7 @@
 #include "platform/single_instance.h"
 #include "playlist/playlist.h"
 #include "playlist/song_search.h"
+#include "remote/remote_control.h"
 #include "settings/frm_options.h"
 #include "settings/tool_bar.h"
 #include "settings/tray_icon.h"
@@ -37,6 +38,7 @@ private:
     void connectMenus();
     void load();
     void playCommandLine(const QString &commandLine);
+    void playWithFolder(const QString &path);
 
     void addPickedSong(const QString &name);
     void chooseFolder();
@@ -63,6 +65,7 @@ private:
     About m_about;
     SongSearch m_songSearch;
     Menus m_menus;
+    RemoteControl m_remote;
     TrayIcon m_trayIcon;
     QIcon m_trayPicture; // Handed to the tray with each tip; the first time it hands the player's own back.
 };

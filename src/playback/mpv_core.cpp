@@ -258,15 +258,15 @@ void MpvCore::wake(void *core)
     QMetaObject::invokeMethod(static_cast<MpvCore *>(core), &MpvCore::drain, Qt::QueuedConnection);
 }
 
-// A listener may let events run and so come here again; what an event holds is gone then.
+// A listener may let events run, as an error box does; what an event holds is gone then. What libmpv says meanwhile is
+// not to wait for the listener's return, so each event is delivered from the event loop.
 void MpvCore::drain()
 {
-    for (;;) {
-        const mpv_event *event = m_mpv->wait_event(m_handle, 0);
-        if (event->event_id == MPV_EVENT_NONE)
-            return;
-        deliver(*event);
-    }
+    const mpv_event *event = m_mpv->wait_event(m_handle, 0);
+    if (event->event_id == MPV_EVENT_NONE)
+        return;
+    wake(this);
+    deliver(*event);
 }
 
 void MpvCore::deliver(const mpv_event &event)

@@ -56,9 +56,10 @@ void PlayerControl::connectHandlers()
 
 void PlayerControl::open(const QString &path)
 {
+    ++m_openedSongs;
     m_engine.setFileName(path);
     m_engine.play();
-    noteSong(true);
+    noteSong(Song::Playing);
     m_display.startTime();
 }
 
@@ -77,12 +78,12 @@ void PlayerControl::playSelected()
 void PlayerControl::stopEngine()
 {
     m_engine.stop();
-    noteSong(false);
+    noteSong(Song::None);
 }
 
-void PlayerControl::noteSong(bool hasSong)
+void PlayerControl::noteSong(Song song)
 {
-    m_hasSong = hasSong;
+    m_song = song;
     Q_EMIT playingPathChanged();
 }
 
@@ -131,9 +132,11 @@ void PlayerControl::Label10_Click()
     const bool isPaused = PlayStatus == paused;
     if (isPaused) {
         m_engine.play();
-        noteSong(true);
+        noteSong(Song::Playing);
     } else {
         m_engine.pause();
+        if (m_song != Song::None)
+            noteSong(Song::Held);
     }
     PlayStatus = isPaused ? playing : paused;
 }
@@ -169,7 +172,7 @@ void PlayerControl::Timer3_Timer()
 // starts which timer is as old as the player: "Auto Play" repeats, and the mark that would advance is one no menu sets.
 void PlayerControl::MediaPlayer1_EndOfStream()
 {
-    noteSong(false);
+    noteSong(Song::None);
     m_display.showIdleTime();
     m_display.stopTitle();
     Q_EMIT songEnded();
@@ -182,6 +185,6 @@ void PlayerControl::MediaPlayer1_EndOfStream()
 // The engine failed: its reason in an error box, nothing else.
 void PlayerControl::MediaPlayer1_Error()
 {
-    noteSong(false);
+    noteSong(Song::None);
     MsgBox::showError(lastError());
 }

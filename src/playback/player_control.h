@@ -63,7 +63,13 @@ public:
     int engineVolume() const { return m_engine.volume(); }
 
     /// The song that plays or is held, as a program path; "" before the first, and once it was stopped or has ended.
-    QString playingPath() const { return m_hasSong ? m_engine.fileName() : QString(); }
+    QString playingPath() const { return m_song == Song::None ? QString() : m_engine.fileName(); }
+
+    /// Is the song held? It is not sounding then, and keeps its place.
+    bool isHeld() const { return m_song == Song::Held; }
+
+    /// How many songs were opened so far: tells one playing of a song from the next.
+    int openedSongs() const { return m_openedSongs; }
 
     std::int32_t SongIndex = 0; // Row of File1 that the automatic advance starts from.
     QString PlayStatus;         // "Paused" after a pause, "Playing" after going on, "" before the first.
@@ -73,10 +79,12 @@ Q_SIGNALS:
     /// The song has played to its end and the display is idle. Who has a song to follow starts it later, not in here.
     void songEnded();
 
-    /// playingPath() may be another one.
+    /// playingPath() may be another one, or isHeld().
     void playingPathChanged();
 
 private:
+    enum class Song { None, Playing, Held };
+
     void connectHandlers();
     void Label1_Click();
     void Label2_Click();
@@ -89,12 +97,13 @@ private:
     void MediaPlayer1_EndOfStream();
     void MediaPlayer1_Error();
     void startSelected();
-    void noteSong(bool hasSong);
+    void noteSong(Song song);
 
     MediaEngine &m_engine;
     SongList &m_songs;
     PlayModes &m_modes;
     PositionDisplay &m_display;
     TransportControls m_controls;
-    bool m_hasSong = false; // A song plays or is held.
+    int m_openedSongs = 0;
+    Song m_song = Song::None;
 };

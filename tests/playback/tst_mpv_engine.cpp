@@ -182,6 +182,18 @@ private Q_SLOTS:
         QVERIFY(x.heard().size() < rate);
     }
 
+    void aSongPlaysWhileAnErrorIsShown()
+    {
+        Listening x(Listening::Output::Recorded);
+        bool hasEnded = false;
+        connect(&x.engine, &MediaEngine::errorOccurred, &x.engine, [&] {
+            QTest::qWait(100); // What libmpv has said at once is not what counts.
+            hasEnded = x.playToEnd(x.folder.copySample(u"tone-440.mp3"_s));
+        });
+        x.start(x.folder.copySample(u"text.mp3"_s));
+        QVERIFY(x.errors.wait(patienceMs) && hasEnded);
+    }
+
     void onlyTheLastOfManyRequestsSounds()
     {
         Listening x(Listening::Output::Recorded);

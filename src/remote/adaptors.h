@@ -1,0 +1,97 @@
+// The two interfaces by which the desktop knows a media player (MPRIS 2.2), each by the names and types it prescribes.
+// They hold nothing; the remote control knows and does it all.
+#pragma once
+
+#include "remote/remote_control.h"
+
+#include <QDBusAbstractAdaptor>
+#include <QDBusObjectPath>
+#include <QGuiApplication>
+#include <QStringList>
+
+/// The program: who it is, how to bring it back and to end it.
+class RootAdaptor : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2")
+    Q_PROPERTY(bool CanQuit READ yes)
+    Q_PROPERTY(bool CanRaise READ yes)
+    Q_PROPERTY(bool HasTrackList READ no)
+    Q_PROPERTY(QString Identity READ identity)
+    Q_PROPERTY(QString DesktopEntry READ desktopEntry)
+    Q_PROPERTY(QStringList SupportedUriSchemes READ supportedUriSchemes)
+    Q_PROPERTY(QStringList SupportedMimeTypes READ supportedMimeTypes)
+
+public:
+    explicit RootAdaptor(RemoteControl &remote) : QDBusAbstractAdaptor(&remote), m_remote(remote) {}
+
+    bool yes() const { return true; }
+    bool no() const { return false; }
+    QString identity() const { return QCoreApplication::applicationName(); }
+    QString desktopEntry() const { return QGuiApplication::desktopFileName(); } // Where its icon is found.
+    QStringList supportedUriSchemes() const;
+    QStringList supportedMimeTypes() const;
+
+public Q_SLOTS:
+    void Raise() { Q_EMIT m_remote.raiseWanted(); }
+    void Quit() { m_remote.quit(); }
+
+private:
+    RemoteControl &m_remote;
+};
+
+/// The player: what plays, where, how loud, and the transport.
+class PlayerAdaptor : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
+    Q_PROPERTY(QString PlaybackStatus READ playbackStatus)
+    Q_PROPERTY(QVariantMap Metadata READ metadata)
+    Q_PROPERTY(double Volume READ volume WRITE setVolume)
+    Q_PROPERTY(qlonglong Position READ position)
+    Q_PROPERTY(double Rate READ rate WRITE setRate)
+    Q_PROPERTY(double MinimumRate READ rate)
+    Q_PROPERTY(double MaximumRate READ rate)
+    Q_PROPERTY(bool CanGoNext READ canGoNext)
+    Q_PROPERTY(bool CanGoPrevious READ canGoPrevious)
+    Q_PROPERTY(bool CanPlay READ canPlay)
+    Q_PROPERTY(bool CanPause READ yes)
+    Q_PROPERTY(bool CanSeek READ canSeek)
+    Q_PROPERTY(bool CanControl READ yes)
+
+public:
+    explicit PlayerAdaptor(RemoteControl &remote);
+
+    QString playbackStatus() const { return m_remote.now(u"PlaybackStatus").toString(); }
+    QVariantMap metadata() const { return m_remote.now(u"Metadata").toMap(); }
+    double volume() const { return m_remote.now(u"Volume").toDouble(); }
+    void setVolume(double volume) { m_remote.setVolume(volume); }
+    qlonglong position() const { return microseconds(m_remote.positionSeconds()); }
+    double rate() const { return 1; }
+    void setRate(double rate);
+    bool canGoNext() const { return m_remote.now(u"CanGoNext").toBool(); }
+    bool canGoPrevious() const { return m_remote.now(u"CanGoPrevious").toBool(); }
+    bool canPlay() const { return m_remote.now(u"CanPlay").toBool(); }
+    bool canSeek() const { return m_remote.now(u"CanSeek").toBool(); }
+    bool yes() const { return true; }
+
+public Q_SLOTS:
+    void Next() { m_remote.next(); }
+    void Previous() { m_remote.previous(); }
+    void Pause() { m_remote.pause(); }
+    void PlayPause() { m_remote.playPause(); }
+    void Stop() { m_remote.stop(); }
+    void Play() { m_remote.play(); }
+    void Seek(qlonglong Offset) { m_remote.jump(Offset); }
+    void SetPosition(const QDBusObjectPath &TrackId, qlonglong Position)
+    {
+        m_remote.setPosition(TrackId.path(), Position);
+    }
+    void OpenUri(const QString &Uri) { m_remote.open(Uri); }
+
+Q_SIGNALS:
+    void Seeked(qlonglong Position);
+
+private:
+    RemoteControl &m_remote;
+};

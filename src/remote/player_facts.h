@@ -1,0 +1,40 @@
+// What the player tells about itself over the desktop's bus, as plain values, and how those are counted there: loudness
+// from 0 to 1, time in microseconds.
+#pragma once
+
+#include <QString>
+#include <QVariantMap>
+
+#include <optional>
+
+enum class Playback { Stopped, Paused, Playing };
+
+struct PlayerFacts {
+    Playback playback = Playback::Stopped;
+    int songNumber = 0;       // Another one each time a song is opened.
+    double lengthSeconds = 0; // 0: not known (yet).
+    double volume = 0;        // 1 is full.
+    QVariantMap song;         // songMetadata() of the song that plays or is held; empty without one.
+    bool canPlay = false;     // There is a song to start.
+    bool canGoNext = false;
+    bool canGoPrevious = false;
+};
+
+/// The song's identity on the bus, an object path.
+QString trackPath(int songNumber);
+
+/// The facts by the names of the player interface's properties, those that are told when they change.
+QVariantMap playerProperties(const PlayerFacts &facts);
+
+/// What of now is not in before, or different there.
+QVariantMap changedProperties(const QVariantMap &before, const QVariantMap &now);
+
+/// A slider's value between 0 (1.0) and quietest (0.0), and back; nothing for what is not a number.
+double volumeOf(int sliderValue, int quietest);
+std::optional<int> sliderValueOf(double volume, int quietest);
+
+/// Whole microseconds of a time in seconds.
+qint64 microseconds(double seconds);
+
+/// Where a jump leads to, in seconds, never before the start; nothing when it leads beyond the song's end.
+std::optional<double> jumpTarget(double positionSeconds, qint64 offsetMicroseconds, double lengthSeconds);

@@ -1,0 +1,35 @@
+// Where a listener takes the song to be.
+#include "remote/reckoned_position.h"
+
+#include <cmath>
+
+namespace
+{
+constexpr double jumpSeconds = 0.5;
+}
+
+void ReckonedPosition::tell(double seconds)
+{
+    m_base = seconds;
+    if (m_sinceBase.isValid())
+        m_sinceBase.start();
+}
+
+void ReckonedPosition::setRunning(bool running)
+{
+    m_base = seconds();
+    if (running)
+        m_sinceBase.start();
+    else
+        m_sinceBase.invalidate();
+}
+
+double ReckonedPosition::seconds() const
+{
+    return m_base + (m_sinceBase.isValid() ? static_cast<double>(m_sinceBase.elapsed()) / 1000.0 : 0);
+}
+
+bool ReckonedPosition::isFarFrom(double seconds) const
+{
+    return std::abs(this->seconds() - seconds) > jumpSeconds;
+}

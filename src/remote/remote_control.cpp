@@ -1,0 +1,231 @@
+// The player on the session bus.
+#include "remote/remote_control.h"
+
+#include "controls/file_list_box.h"
+#include "controls/label.h"
+#include "controls/scroll_bars.h"
+#include "platform/folders.h"
+#include "playback/player_control.h"
+#include "remote/adaptors.h"
+#include "remote/song_metadata.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
+const QString serviceName = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
+const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
+const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+
+// Is a bus there without starting one? Asked for a bus that is in neither place, the bus library launches its own.
+bool isBusThere()
+{
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
+           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s);
+}
+
+// The player's name on the bus, with the process's number where another one has it already; "" when there is none.
+QString takeServiceName(QDBusConnection bus)
+{
+    for (const QString &name :
+         {serviceName, serviceName + u".instance"_s + QString::number(QCoreApplication::applicationPid())})
+        if (bus.registerService(name))
+            return name;
+    return {};
+}
+} // namespace
+
+RemoteControl::RemoteControl(RemoteParts parts) : m_parts(parts)
+{
+    m_tellTimer.setSingleShot(true);
+    connect(&m_tellTimer, &QTimer::timeout, this, &RemoteControl::tell);
+    new RootAdaptor(*this);
+    new PlayerAdaptor(*this);
+}
+
+RemoteControl::~RemoteControl()
+{
+    if (!m_serviceName.isEmpty())
+        QDBusConnection::sessionBus().unregisterService(m_serviceName);
+}
+
+void RemoteControl::start()
+{
+    if (!m_serviceName.isEmpty() || !isBusThere())
+        return;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || !bus.registerObject(objectPath, this))
+        return;
+    tell(); // Nobody knows the player yet: who finds it asks for everything.
+    m_serviceName = takeServiceName(bus);
+    if (!m_serviceName.isEmpty())
+        connectHandlers();
+}
+
+void RemoteControl::connectHandlers()
+{
+    connect(&m_parts.engine, &MediaEngine::stateChanged, this, &RemoteControl::tellSoon);
+    connect(&m_parts.player, &PlayerControl::playingPathChanged, this, &RemoteControl::tellSoon);
+    connect(&m_parts.VScroll1, &VScrollBar::Change, this, &RemoteControl::tellSoon);
+    connect(m_parts.File1.model(), &QAbstractItemModel::modelReset, this, &RemoteControl::tellSoon);
+    connect(m_parts.File1.selectionModel(), &QItemSelectionModel::currentChanged, this, &RemoteControl::tellSoon);
+}
+
+void RemoteControl::tellSoon()
+{
+    if (!m_tellTimer.isActive())
+        m_tellTimer.start(0);
+}
+
+// Tells what has changed since the last time, if anything has.
+void RemoteControl::tell()
+{
+    const PlayerFacts now = facts();
+    const QVariantMap properties = playerProperties(now);
+    const QVariantMap changed = changedProperties(std::exchange(m_told, properties), properties);
+    if (!changed.isEmpty()) {
+        QDBusMessage message = QDBusMessage::createSignal(objectPath, propertiesInterface, u"PropertiesChanged"_s);
+        QDBusConnection::sessionBus().send(message << playerInterface << changed << QStringList());
+    }
+    tellPosition(now);
+}
+
+void RemoteControl::tellPosition(const PlayerFacts &now)
+{
+    if (std::exchange(m_toldSong, now.songNumber) != now.songNumber)
+        m_toldPosition.tell(0); // A song that is new to the listeners begins at its start.
+    const double position = positionSeconds();
+    if (now.playback != Playback::Stopped && m_toldPosition.isFarFrom(position)) {
+        m_toldPosition.tell(position);
+        Q_EMIT jumped(microseconds(position));
+    }
+    m_toldPosition.setRunning(now.playback == Playback::Playing);
+}
+
+Playback RemoteControl::playback() const
+{
+    if (m_parts.player.playingPath().isEmpty())
+        return Playback::Stopped;
+    return m_parts.player.isHeld() ? Playback::Paused : Playback::Playing;
+}
+
+const QVariantMap &RemoteControl::song()
+{
+    if (std::exchange(m_songNumber, m_parts.player.openedSongs()) != m_parts.player.openedSongs())
+        m_song = songMetadata(m_parts.player.playingPath());
+    return m_song;
+}
+
+PlayerFacts RemoteControl::facts()
+{
+    PlayerFacts now;
+    now.playback = playback();
+    now.songNumber = m_parts.player.openedSongs();
+    now.volume = volumeOf(m_parts.VScroll1.Value(), m_parts.VScroll1.minimum());
+    const bool hasSong = now.playback != Playback::Stopped;
+    const bool isOneChosen = m_parts.File1.ListIndex() >= 0;
+    now.canPlay = hasSong || isOneChosen;
+    now.canGoNext = m_parts.File1.ListCount() > 0;
+    now.canGoPrevious = isOneChosen;
+    if (hasSong) {
+        now.song = song();
+        now.lengthSeconds = m_parts.engine.duration();
+    }
+    return now;
+}
+
+double RemoteControl::positionSeconds() const
+{
+    return playback() == Playback::Stopped ? 0 : m_parts.engine.currentPosition();
+}
+
+void RemoteControl::play()
+{
+    switch (playback()) {
+    case Playback::Stopped:
+        return m_parts.Label1.press();
+    case Playback::Paused:
+        return m_parts.Label10.press();
+    case Playback::Playing:
+        return;
+    }
+}
+
+// The first press may but end a pause that an earlier song was left in; then it takes another.
+void RemoteControl::pause()
+{
+    for (int presses = 0; presses < 2 && playback() == Playback::Playing; ++presses)
+        m_parts.Label10.press();
+}
+
+void RemoteControl::playPause()
+{
+    if (playback() == Playback::Playing)
+        pause();
+    else
+        play();
+}
+
+void RemoteControl::stop()
+{
+    m_parts.Label2.press();
+}
+
+void RemoteControl::next()
+{
+    m_parts.Label4.press();
+}
+
+void RemoteControl::previous()
+{
+    m_parts.Label3.press();
+}
+
+// Seeks from where the song is; beyond its end the next song follows.
+void RemoteControl::jump(qint64 offsetMicroseconds)
+{
+    const double length = facts().lengthSeconds;
+    if (length <= 0)
+        return;
+    if (const auto target = jumpTarget(positionSeconds(), offsetMicroseconds, length))
+        m_parts.engine.setCurrentPosition(*target);
+    else
+        next();
+}
+
+// Seeks within the song that was meant; a late wish for an earlier song is none.
+void RemoteControl::setPosition(const QString &track, qint64 positionMicroseconds)
+{
+    const PlayerFacts now = facts();
+    if (track != trackPath(now.songNumber) || positionMicroseconds < 0)
+        return;
+    if (const auto target = jumpTarget(0, positionMicroseconds, now.lengthSeconds))
+        m_parts.engine.setCurrentPosition(*target);
+}
+
+void RemoteControl::setVolume(double volume)
+{
+    if (const std::optional<int> value = sliderValueOf(volume, m_parts.VScroll1.minimum()))
+        m_parts.VScroll1.setValue(*value);
+}
+
+void RemoteControl::open(const QString &address)
+{
+    const QString path = pathOfAddress(address);
+    if (!path.isEmpty() && fileLength(path))
+        Q_EMIT songWanted(path);
+    else if (calledFromDBus())
+        sendErrorReply(QDBusError::InvalidArgs, u"There is no such file: "_s + address);
+}
+
+// Exit, once the wish has been answered.
+void RemoteControl::quit()
+{
+    QMetaObject::invokeMethod(&m_parts.Label6, &Label::press, Qt::QueuedConnection);
+}

@@ -1,0 +1,90 @@
+// The player on the desktop's session bus: media keys, desktop widgets and command line tools ask it what plays and
+// tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands are those of the main
+// window's labels. What changes is told once, after the handler that changed it; the position is only told when it
+// jumps. Without a bus nothing happens, and none is ever started.
+#pragma once
+
+#include "playback/media_engine.h"
+#include "remote/player_facts.h"
+#include "remote/reckoned_position.h"
+
+#include <QDBusContext>
+#include <QTimer>
+
+class FileListBox;
+class Label;
+class PlayerControl;
+class VScrollBar;
+
+/// What the remote control asks and presses.
+struct RemoteParts {
+    MediaEngine &engine;
+    PlayerControl &player;
+    FileListBox &File1;   // The songs that Play, Next and Previous choose from.
+    VScrollBar &VScroll1; // Loudness in hundredths of a decibel.
+    Label &Label1;        // Play.
+    Label &Label2;        // Stop.
+    Label &Label3;        // Previous song.
+    Label &Label4;        // Next song.
+    Label &Label10;       // Pause, or go on.
+    Label &Label6;        // Leave the program.
+};
+
+class RemoteControl : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+
+public:
+    explicit RemoteControl(RemoteParts parts);
+    ~RemoteControl() override;
+
+    /// Appears on the session bus, where there is one. To be called when the first window is on the screen.
+    void start();
+
+    /// One of playerProperties(), as it is now.
+    QVariant now(QStringView property) { return playerProperties(facts()).value(property.toString()); }
+
+    /// Where the song is; 0 without one.
+    double positionSeconds() const;
+
+    // The commands. Those that make no sense just now do nothing.
+    void play();
+    void pause();
+    void playPause();
+    void stop();
+    void next();
+    void previous();
+    void jump(qint64 offsetMicroseconds);
+    void setPosition(const QString &track, qint64 positionMicroseconds);
+    void setVolume(double volume);
+    void open(const QString &address);
+    void quit();
+
+Q_SIGNALS:
+    /// The main window is wanted back.
+    void raiseWanted();
+
+    /// A song (a program path) is to play, and its folder to be the music folder.
+    void songWanted(const QString &path);
+
+    /// The position is not where it would be by the passing of time.
+    void jumped(qint64 positionMicroseconds);
+
+private:
+    void connectHandlers();
+    void tellSoon();
+    void tell();
+    void tellPosition(const PlayerFacts &now);
+    PlayerFacts facts();
+    Playback playback() const;
+    const QVariantMap &song();
+
+    RemoteParts m_parts;
+    QString m_serviceName; // "" while not on the bus.
+    QTimer m_tellTimer;
+    QVariantMap m_song; // songMetadata() of song m_songNumber; its file is read once.
+    int m_songNumber = 0;
+    QVariantMap m_told; // The properties as last told.
+    int m_toldSong = 0;
+    ReckonedPosition m_toldPosition;
+};

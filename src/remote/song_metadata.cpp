@@ -1,0 +1,74 @@
+// What is told of a song.
+#include "remote/song_metadata.h"
+
+#include "mp3info/mp3_info.h"
+#include "platform/drives.h"
+#include "platform/file_names.h"
+
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// A tag's field as people read it: what follows a NUL is none of its text.
+QString readable(const QString &field)
+{
+    const qsizetype end = field.indexOf(QChar());
+    return field.left(end < 0 ? field.size() : end).trimmed();
+}
+
+QString nameWithoutEnding(const QString &path)
+{
+    const QString name = displayPath(path).section(u'/', -1);
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot > 0 ? name.left(dot) : name;
+}
+
+QVariantMap tagData(const Mp3Info &info)
+{
+    const QString genre = Mp3Info::GenreText(genrePosition(info.Genre()));
+    QVariantMap data;
+    for (const auto &[name, text] : {std::pair(u"xesam:title"_s, info.Title()), {u"xesam:album"_s, info.Album()}})
+        if (!readable(text).isEmpty())
+            data[name] = readable(text);
+    // A song may have several of these, so they are lists.
+    for (const auto &[name, text] : {std::pair(u"xesam:artist"_s, info.Artist()),
+                                     {u"xesam:genre"_s, genre},
+                                     {u"xesam:comment"_s, info.Comments()}})
+        if (!readable(text).isEmpty())
+            data[name] = QStringList(readable(text));
+    return data;
+}
+
+// The bytes of a file's address on this machine. They need not be text, so they never become one.
+QByteArray hostPathOf(const QUrl &address)
+{
+    const bool isHere = address.isLocalFile() && (address.host().isEmpty() || address.host() == u"localhost"_s);
+    return isHere ? QByteArray::fromPercentEncoding(address.path(QUrl::FullyEncoded).toLatin1()) : QByteArray();
+}
+} // namespace
+
+QVariantMap songMetadata(const QString &path)
+{
+    QVariantMap song{{u"xesam:title"_s, nameWithoutEnding(path)}};
+    if (const QString address = fileAddress(path); !address.isEmpty())
+        song[u"xesam:url"_s] = address;
+    Mp3Info info;
+    info.setFileName(path);
+    if (info.HasTag())
+        song.insert(tagData(info));
+    return song;
+}
+
+QString fileAddress(const QString &path)
+{
+    const QByteArray host = hostPathOnDisk(path);
+    return host.startsWith('/') ? u"file://"_s + QString::fromLatin1(host.toPercentEncoding("/")) : QString();
+}
+
+QString pathOfAddress(const QString &address)
+{
+    const QByteArray host = address.startsWith(u'/') ? textToBytes(address) : hostPathOf(QUrl(address));
+    return host.startsWith('/') && !host.contains('\0') ? programPath(textFromBytes(host)) : QString();
+}
