@@ -12,7 +12,6 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -22,13 +21,6 @@ const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
 const QString serviceName = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
-
-// Is a bus there without starting one? Asked for a bus that is in neither place, the bus library launches its own.
-bool isBusThere()
-{
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s);
-}
 
 // The player's name on the bus, with the process's number where another one has it already; "" when there is none.
 QString takeServiceName(QDBusConnection bus)
@@ -57,7 +49,7 @@ RemoteControl::~RemoteControl()
 
 void RemoteControl::start()
 {
-    if (!m_serviceName.isEmpty() || !isBusThere())
+    if (!m_serviceName.isEmpty())
         return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.registerObject(objectPath, this))

@@ -1,7 +1,7 @@
 // The player on the desktop's session bus: media keys, desktop widgets and command line tools ask it what plays and
 // tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands are those of the main
 // window's labels. What changes is told once, after the handler that changed it; the position is only told when it
-// jumps. Without a bus nothing happens, and none is ever started.
+// jumps. Without a bus nothing happens.
 #pragma once
 
 #include "playback/media_engine.h"
