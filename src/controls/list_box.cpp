@@ -62,7 +62,7 @@ ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : QListView(parent)
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
-    setFrameShape(NoFrame);
+    setFrameShape(StyledPanel); // The room for the focus ring.
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
     setFont(fonts::font(fonts::Face::Arial, 12));
@@ -142,6 +142,20 @@ void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &prev
     Q_EMIT Click();
 }
 
+// Assistive tools select a row without making it the current one.
+void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    QListView::selectionChanged(selected, deselected);
+    if (const QModelIndexList rows = selected.indexes(); !rows.isEmpty() && rows[0] != currentIndex())
+        setCurrentIndex(rows[0]);
+}
+
+void ListBox::focusInEvent(QFocusEvent *event)
+{
+    const QScopedValueRollback quiet(m_quiet, m_quiet || m_hasQuietFocus);
+    QListView::focusInEvent(event);
+}
+
 void ListBox::keyPressEvent(QKeyEvent *event)
 {
     event->ignore();
@@ -188,8 +202,12 @@ void ListBox::mouseMoveEvent(QMouseEvent *event)
 
 void ListBox::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (event->reason() != QContextMenuEvent::Keyboard)
-        return; // The press of the button has told it.
+    if (event->reason() == QContextMenuEvent::Keyboard) // Else the press of the button has told it.
+        askForMenu();
+}
+
+void ListBox::askForMenu()
+{
     const QRect row = visualRect(currentIndex());
     m_menuRow = ListIndex();
     m_menuPosition = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint(0, 0));

@@ -1,7 +1,7 @@
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
-// nothing. A right click never changes the choice. 100,000 rows are normal: nothing here costs time by the row but
-// filling it.
+// nothing. A right click never changes the choice. A row selected by assistive tools is chosen. 100,000 rows are
+// normal: nothing here costs time by the row but filling it.
 #pragma once
 
 #include "controls/control.h"
@@ -47,6 +47,12 @@ public:
     /// The row under a point of the list, -1 for none.
     int rowAt(const QPoint &point) const;
 
+    /// The keyboard's coming alone makes the first row the chosen one where none is; from now on without Click().
+    void setQuietFocus() { m_hasQuietFocus = true; }
+
+    /// Asks for the menu of the chosen row, as the menu key does: MouseDown() of the right button follows.
+    void askForMenu();
+
     /// Where a menu asked for by the last MouseDown() opens, on the screen: at the mouse, or below the chosen row.
     QPoint menuPosition() const { return m_menuPosition; }
 
@@ -73,7 +79,9 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
 
     /// Chooses a row without Click().
     void chooseQuietly(int row);
@@ -84,5 +92,6 @@ private:
     int m_menuRow = -1;
     int m_pressedRow = -1;
     bool m_quiet = false;
+    bool m_hasQuietFocus = false;
     bool m_clickSent = false;
 };

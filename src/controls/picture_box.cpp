@@ -6,6 +6,16 @@
 
 #include <QPainter>
 
+namespace
+{
+// The place nearest to another that begins with a whole pixel of the screen: there a picture stays sharp.
+QPointF onPixel(const QPainter &painter, const QPointF &place)
+{
+    const QTransform toScreen = painter.deviceTransform();
+    return toScreen.inverted().map(QPointF(toScreen.map(place).toPoint()));
+}
+} // namespace
+
 PictureBox::PictureBox(QWidget *parent, const ControlSetup &setup) : Pressable(parent)
 {
     setUpControl(*this, setup);
@@ -66,14 +76,13 @@ const QPixmap &PictureBox::pixmap(Look look)
 void PictureBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (const QPixmap &shown = pixmap(look()); !shown.isNull())
-        painter.drawPixmap(rect(), shown);
+        painter.drawPixmap(onPixel(painter, {}), shown);
     else if (isButton()) {
         paintButtonFace(painter, rect(), isPressed() ? ButtonLook::Pressed : ButtonLook::Normal);
         painter.setPen(QColor::fromRgb(palette::warmWhite));
         painter.drawText(rect(), Qt::AlignCenter, m_glyph);
     }
     if (hasFocus())
-        paintFocusRing(painter, rect().adjusted(1, 1, -1, -1));
+        paintFocusRing(painter, rect().adjusted(1, 1, -1, -1), mask().isEmpty() ? Ring::Plain : Ring::Round);
 }

@@ -12,7 +12,8 @@ namespace
 {
 constexpr int barThickness = 14;
 constexpr int shortestThumb = 28;
-constexpr int rowAir = 4; // Between the rows of a list.
+constexpr int rowAir = 4;   // Between the rows of a list.
+constexpr int ringRoom = 2; // Around a list.
 
 QColor colour(QRgb value)
 {
@@ -59,6 +60,11 @@ void paintListThumb(QPainter &painter, const QRect &place)
 bool isSlider(const QWidget *widget)
 {
     return widget && (widget->inherits("HScrollBar") || widget->inherits("VScrollBar"));
+}
+
+bool isList(const QWidget *widget)
+{
+    return widget && widget->inherits("ListBox");
 }
 
 void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
@@ -136,13 +142,18 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
     painter.restore();
 }
 
-void paintFocusRing(QPainter &painter, const QRect &place)
+void paintFocusRing(QPainter &painter, const QRect &place, Ring ring)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour(palette::focusRing), 1));
+    const double width = ring == Ring::Row ? 1 : 2;
+    painter.setPen(QPen(colour(palette::focusRing), width));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    const QRectF middle = QRectF(place).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    if (ring == Ring::Round)
+        painter.drawEllipse(middle);
+    else
+        painter.drawRoundedRect(middle, 3, 3);
     painter.restore();
 }
 
@@ -176,13 +187,16 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         paintCheckBox(*painter, *option);
         return;
     case PE_FrameFocusRect:
-        paintFocusRing(*painter, option->rect);
+        paintFocusRing(*painter, option->rect,
+                       widget && widget->inherits("QAbstractItemView") ? Ring::Row : Ring::Plain);
         return;
     case PE_PanelMenu:
     case PE_FrameMenu:
+        painter->save();
         painter->setPen(lit(palette::graphiteLight, 140));
         painter->setBrush(element == PE_PanelMenu ? QBrush(colour(palette::graphite)) : QBrush(Qt::NoBrush));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore(); // The items are painted with it too.
         return;
     case PE_PanelLineEdit:
         if (option->state & State_HasFocus)
@@ -193,6 +207,8 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
                         option->state & State_Sunken      ? ButtonLook::Pressed
                         : option->state & State_MouseOver ? ButtonLook::Hovered
                                                           : ButtonLook::Normal);
+        if (option->state & State_HasFocus)
+            paintFocusRing(*painter, option->rect);
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -202,10 +218,10 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
 void SkinStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                             const QWidget *widget) const
 {
-    if (element == CE_ShapedFrame && widget && widget->hasFocus())
-        paintFocusRing(*painter, option->rect);
-    else
+    if (element != CE_ShapedFrame || !isList(widget))
         QProxyStyle::drawControl(element, option, painter, widget);
+    else if (widget->hasFocus())
+        paintFocusRing(*painter, option->rect);
 }
 
 void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
@@ -256,6 +272,8 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
         return barThickness;
     case PM_ScrollBarSliderMin:
         return shortestThumb;
+    case PM_DefaultFrameWidth:
+        return isList(widget) ? ringRoom : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_MenuPanelWidth:
         return 1;
     case PM_MenuVMargin:

@@ -11,8 +11,10 @@ enum class ButtonLook { Normal, Hovered, Pressed, Disabled };
 /// A button's face: graphite with a lit upper edge, lower when pressed.
 void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look);
 
-/// The thin ring that shows where the keyboard is.
-void paintFocusRing(QPainter &painter, const QRect &place);
+enum class Ring { Plain, Round, Row };
+
+/// The ring that shows where the keyboard is; thinner around the row of a list, which has a ring itself.
+void paintFocusRing(QPainter &painter, const QRect &place, Ring ring = Ring::Plain);
 
 class SkinStyle : public QProxyStyle
 {

@@ -171,7 +171,7 @@ private Q_SLOTS:
         auto *picture = new PictureBox(nullptr, at({0, 0, 60, 20}));
         picture->setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
         QTest::newRow("label") << QSharedPointer<QWidget>(label) << u"Play"_s;
-        QTest::newRow("picture") << QSharedPointer<QWidget>(picture) << u""_s;
+        QTest::newRow("picture") << QSharedPointer<QWidget>(picture) << u"A control"_s;
     }
 
     void labels_and_pictures_are_pressed()
