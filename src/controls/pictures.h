@@ -41,8 +41,8 @@ enum class Picture {
     Count
 };
 
-/// A picture for a screen of that many pixels a logical one. Null when the file is missing or damaged: the caller shows
-/// plain controls then.
+/// A picture of just so many pixels a logical one, made from the sharper form where the screen is dense. Null when the
+/// file is missing or damaged: the caller shows plain controls then.
 QPixmap picture(Picture which, qreal devicePixelRatio = 1);
 
 /// The picture at one pixel a logical one, to compute with. Null as above.
