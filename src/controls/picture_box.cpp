@@ -51,10 +51,16 @@ QImage PictureBox::image() const
 
 void PictureBox::setShape(const QRegion &region)
 {
+    QRegion mask = region;
+    if (const qreal density = devicePixelRatioF(); density != 1 && density != 2) {
+        // The picture is scaled to the screen, whose pixels do not meet the shape's: none of its edge may be cut off.
+        for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
+            mask += region.translated(step);
+    }
     if (region.isEmpty())
         clearMask();
     else
-        setMask(region);
+        setMask(mask);
 }
 
 PictureBox::Look PictureBox::look() const

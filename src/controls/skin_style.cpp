@@ -3,6 +3,7 @@
 
 #include "skins/palette.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -65,6 +66,13 @@ bool isSlider(const QWidget *widget)
 bool isList(const QWidget *widget)
 {
     return widget && widget->inherits("ListBox");
+}
+
+// The ring around the current row does until the keyboard begins to go from control to control.
+bool needsRing(const QStyleOption &option, const QWidget &list)
+{
+    const bool hasRow = static_cast<const QAbstractItemView &>(list).currentIndex().isValid();
+    return !hasRow || (option.state & QStyle::State_KeyboardFocusChange);
 }
 
 void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
@@ -220,7 +228,7 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption *option, 
 {
     if (element != CE_ShapedFrame || !isList(widget))
         QProxyStyle::drawControl(element, option, painter, widget);
-    else if (widget->hasFocus())
+    else if (widget->hasFocus() && needsRing(*option, *widget))
         paintFocusRing(*painter, option->rect);
 }
 
