@@ -20,6 +20,8 @@ public:
 
     QVariant data(const QModelIndex &index, int role) const override
     {
+        if (role == Qt::AccessibleTextRole && m_toldForm)
+            return m_toldForm(index.row());
         return role == Qt::DisplayRole ? QVariant(shown(index.row())) : QVariant();
     }
 
@@ -53,6 +55,7 @@ public:
 
     QStringList m_items;
     std::function<QString(int, const QString &)> m_shownForm;
+    std::function<QString(int)> m_toldForm;
 };
 
 ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : QListView(parent), m_items(new ListBoxModel(this))
@@ -89,6 +92,11 @@ void ListBox::setShownForm(std::function<QString(int, const QString &)> shownFor
 {
     m_items->m_shownForm = std::move(shownForm);
     viewport()->update();
+}
+
+void ListBox::setToldForm(std::function<QString(int)> toldForm)
+{
+    m_items->m_toldForm = std::move(toldForm);
 }
 
 bool ListBox::RemoveItem(int row)

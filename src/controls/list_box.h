@@ -29,6 +29,9 @@ public:
     /// How an item is shown and told by List(), when that is not the item itself (made on demand, row by row).
     void setShownForm(std::function<QString(int row, const QString &item)> shownForm);
 
+    /// How assistive tools are told an item, when that is not the text shown.
+    void setToldForm(std::function<QString(int row)> toldForm);
+
     void Clear() { setItems({}); }
 
     /// Removes item row; false when there is none. The choice is gone when it was that row, and stays with its text

@@ -108,10 +108,9 @@ QRect thumbPlace(const QStyleOptionSlider &option, bool shortThumb)
                       : QRect(option.rect.x(), option.rect.y() + start, option.rect.width(), length);
 }
 
-void paintTick(QPainter &painter, const QRect &box)
+void paintTick(QPainter &painter, const QRectF &r)
 {
     painter.setPen(QPen(colour(palette::warmWhite), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QRectF r = box;
     painter.drawPolyline(QPolygonF{
         {r.left() + 3.5, r.center().y()}, {r.center().x() - 1, r.bottom() - 3.5}, {r.right() - 2.5, r.top() + 3.5}});
 }
@@ -121,9 +120,10 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option)
     const bool checked = option.state & QStyle::State_On;
     const bool hovered = option.state & QStyle::State_MouseOver;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(lit(palette::graphiteLight, hovered ? 180 : 140));
+    painter.setPen(option.state & QStyle::State_HasFocus ? colour(palette::focusRing)
+                                                         : lit(palette::graphiteLight, hovered ? 180 : 140));
     painter.setBrush(checked ? colour(palette::accent) : colour(palette::wellBackground));
-    const QRect box = option.rect.adjusted(0, 0, -1, -1);
+    const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(box, 2, 2);
     if (checked)
         paintTick(painter, box);
@@ -154,7 +154,7 @@ void paintFocusRing(QPainter &painter, const QRect &place, Ring ring)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const double width = ring == Ring::Row ? 1 : 2;
+    const double width = ring == Ring::Thin ? 1 : 2;
     painter.setPen(QPen(colour(palette::focusRing), width));
     painter.setBrush(Qt::NoBrush);
     const QRectF middle = QRectF(place).adjusted(width / 2, width / 2, -width / 2, -width / 2);
@@ -195,8 +195,7 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         paintCheckBox(*painter, *option);
         return;
     case PE_FrameFocusRect:
-        paintFocusRing(*painter, option->rect,
-                       widget && widget->inherits("QAbstractItemView") ? Ring::Row : Ring::Plain);
+        paintFocusRing(*painter, option->rect, Ring::Thin);
         return;
     case PE_PanelMenu:
     case PE_FrameMenu:
