@@ -117,7 +117,8 @@ QAccessibleInterface *makeInterface(const QString &, QObject *object)
         return new WindowInterface(window);
     if (auto *frame = qobject_cast<Frame *>(object))
         return new QAccessibleWidget(frame, QAccessible::Grouping);
-    return nullptr;
+    auto *bar = object->inherits("ProgressBar") ? qobject_cast<QWidget *>(object) : nullptr;
+    return bar ? new QAccessibleWidget(bar, QAccessible::ProgressBar) : nullptr;
 }
 } // namespace
 

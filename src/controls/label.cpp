@@ -105,7 +105,7 @@ void Label::paintMarquee(QPainter &painter, const QRect &part)
         skin->paintSkin(painter, part, mapTo(skin, QPoint()));
     if (m_caption.isEmpty())
         return;
-    if (!m_strip)
+    if (!m_strip || m_strip->picture.devicePixelRatio() != devicePixelRatioF())
         layOut();
     const qreal density = m_strip->picture.devicePixelRatio();
     const qreal start = m_strip->starts[m_strip->turn];

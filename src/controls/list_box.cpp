@@ -150,12 +150,15 @@ void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &prev
     Q_EMIT Click();
 }
 
-// Assistive tools select a row without making it the current one.
+// Assistive tools select a row without making it the current one. Everybody else does that next.
 void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
     QListView::selectionChanged(selected, deselected);
-    if (const QModelIndexList rows = selected.indexes(); !rows.isEmpty() && rows[0] != currentIndex())
-        setCurrentIndex(rows[0]);
+    const auto chooseSelected = [this] {
+        if (const QModelIndexList rows = selectedIndexes(); !rows.isEmpty() && rows[0] != currentIndex())
+            setCurrentIndex(rows[0]);
+    };
+    QMetaObject::invokeMethod(this, chooseSelected, Qt::QueuedConnection);
 }
 
 void ListBox::focusInEvent(QFocusEvent *event)

@@ -8,11 +8,11 @@
 
 namespace
 {
-// The place nearest to another that begins with a whole pixel of the screen: there a picture stays sharp.
-QPointF onPixel(const QPainter &painter, const QPointF &place)
+// The whole pixel of the screen that is nearest to the corner of what is painted: there a picture stays sharp.
+QPointF nearestPixel(const QPainter &painter)
 {
     const QTransform toScreen = painter.deviceTransform();
-    return toScreen.inverted().map(QPointF(toScreen.map(place).toPoint()));
+    return toScreen.inverted().map(QPointF(toScreen.map(QPointF()).toPoint()));
 }
 } // namespace
 
@@ -74,8 +74,10 @@ const QPixmap &PictureBox::pixmap(Look look)
 {
     const auto which = static_cast<std::size_t>(look);
     std::optional<QPixmap> &kept = m_pixmaps.at(which);
-    if (!kept)
-        kept = m_pictures.at(which) == Picture::Count ? QPixmap() : picture(m_pictures.at(which), devicePixelRatioF());
+    if (m_pictures.at(which) == Picture::Count)
+        kept = QPixmap();
+    else
+        keepPicture(kept, m_pictures.at(which), devicePixelRatioF());
     return *kept;
 }
 
@@ -83,7 +85,7 @@ void PictureBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     if (const QPixmap &shown = pixmap(look()); !shown.isNull())
-        painter.drawPixmap(onPixel(painter, {}), shown);
+        painter.drawPixmap(nearestPixel(painter), shown);
     else if (isButton()) {
         paintButtonFace(painter, rect(), isPressed() ? ButtonLook::Pressed : ButtonLook::Normal);
         painter.setPen(QColor::fromRgb(palette::warmWhite));

@@ -57,10 +57,16 @@ QPixmap picture(Picture which, qreal devicePixelRatio)
     const qreal scale = image.isNull() ? devicePixelRatio : devicePixelRatio / 2;
     if (image.isNull())
         image = pictureImage(which);
-    if (scale != 1)
+    if (scale != 1 && !image.isNull())
         image = image.scaled((QSizeF(image.size()) * scale).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     image.setDevicePixelRatio(devicePixelRatio);
     return QPixmap::fromImage(image);
+}
+
+void keepPicture(std::optional<QPixmap> &kept, Picture which, qreal devicePixelRatio)
+{
+    if (!kept || (!kept->isNull() && kept->devicePixelRatio() != devicePixelRatio))
+        kept = picture(which, devicePixelRatio);
 }
 
 QImage pictureImage(Picture which)

@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QWindow>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -49,8 +51,7 @@ void SkinWindow::DragBySkin(const QMouseEvent &event)
 
 void SkinWindow::paintEvent(QPaintEvent *event)
 {
-    if (!m_background)
-        m_background = picture(m_skin, devicePixelRatioF());
+    keepPicture(m_background, m_skin, devicePixelRatioF());
     QPainter painter(this);
     paintSkin(painter, event->rect(), {});
     if (!std::exchange(m_painted, true))
@@ -85,6 +86,8 @@ void SkinWindow::goToNextWindow() const
             shown += skin;
     }
     std::sort(shown.begin(), shown.end(), [](auto *a, auto *b) { return a->objectName() < b->objectName(); });
+    if (shown.isEmpty())
+        return;
     SkinWindow *next = shown[(shown.indexOf(this) + 1) % shown.size()];
     next->raise();
     next->activateWindow();
