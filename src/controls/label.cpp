@@ -22,13 +22,14 @@ void Label::setCaption(const QString &caption)
 {
     if (m_caption == caption)
         return;
-    if (m_strip && turns(caption))
+    const bool isTurn = m_isMarquee && turns(caption);
+    if (m_strip && isTurn)
         m_strip->turn = (m_strip->turn + 1) % caption.size();
     else
         m_strip.reset();
     m_caption = caption;
     update(m_isMarquee ? lineRect() : rect());
-    if (QAccessible::isActive()) {
+    if (QAccessible::isActive() && !isTurn) { // A turn says nothing new.
         QAccessibleEvent change(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&change);
     }
