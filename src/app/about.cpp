@@ -7,8 +7,6 @@
 #include "skins/palette.h"
 #include "skins/places.h"
 
-#include <QKeyEvent>
-
 using namespace Qt::StringLiterals;
 namespace place = places::About;
 
@@ -44,15 +42,6 @@ void About::showEvent(QShowEvent *event)
     SkinWindow::showEvent(event);
     labSystem.setCaption(systemVersionText());
     cmdOk.setFocus();
-}
-
-// Escape closes, as OK does.
-void About::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape)
-        cmdOk_Click();
-    else
-        SkinWindow::keyPressEvent(event);
 }
 
 // The list of processes comes into view, read anew, or goes.

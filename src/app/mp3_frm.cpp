@@ -83,11 +83,19 @@ void Mp3Frm::dress()
     HScroll1.setLargeChange(10);
     VScroll1.setSmallChange(5);
     VScroll1.setLargeChange(20);
+    VScroll1.setToldInPercent();
     bPrev.setButton(Picture::Previous, Picture::PreviousHover, Picture::PreviousPressed, u"|<"_s);
     bPlay.setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
     bPause.setButton(Picture::Pause, Picture::PauseHover, Picture::PausePressed, u"||"_s);
     bStop.setButton(Picture::Stop, Picture::StopHover, Picture::StopPressed, u"[]"_s);
     bNext.setButton(Picture::Next, Picture::NextHover, Picture::NextPressed, u">|"_s);
+    // A picture and the label below it are one command: the keyboard stops at the picture alone, where its ring is seen
+    // best. Assistive tools can press either.
+    for (const auto &[picture, label] :
+         {std::pair(&bPrev, &Label3), {&bPlay, &Label1}, {&bPause, &Label10}, {&bStop, &Label2}, {&bNext, &Label4}}) {
+        picture->setAccessibleName(label->Caption());
+        label->setFocusPolicy(Qt::NoFocus);
+    }
     List1.hide();
     File1.setFocus();
 }
@@ -106,6 +114,7 @@ void Mp3Frm::connectHandlers()
     connect(&File1, &ListBox::KeyDown, this, &Mp3Frm::File1_KeyDown);
     connect(&File1, &ListBox::MouseMove, this, &Mp3Frm::File1_MouseMove);
     connect(&List1, &ListBox::Click, this, &Mp3Frm::List1_Click);
+    connect(&List1, &ListBox::KeyDown, this, &Mp3Frm::List1_KeyDown);
     connect(&List1, &ListBox::MouseMove, this, &Mp3Frm::List1_MouseMove);
     for (ListBox *list : {static_cast<ListBox *>(&File1), &List1})
         connect(list, &ListBox::MouseDown, this, [this, list](Qt::MouseButton button) {
@@ -241,11 +250,32 @@ void Mp3Frm::List1_Click()
     m_player.open(pathIn(File1.Path(), List1.List(List1.ListIndex()) + u".mp3"_s));
 }
 
+// Enter plays the chosen name, as its click does.
+void Mp3Frm::List1_KeyDown(QKeyEvent *event)
+{
+    if (List1.ListIndex() < 0 || (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter))
+        return;
+    event->accept();
+    List1_Click();
+}
+
 // The mouse is over a song name: the menu would act on its file.
 void Mp3Frm::List1_MouseMove(int row)
 {
     if (!m_songs.SongMenuOpen)
         m_songs.setPointedSong(List1.items().value(row));
+}
+
+ListBox *Mp3Frm::listWithMenu()
+{
+    return File1.isVisibleTo(this) ? &File1 : &List1;
+}
+
+// Closing this window ends the program: Escape must not.
+void Mp3Frm::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Escape)
+        SkinWindow::keyPressEvent(event);
 }
 
 void Mp3Frm::openSongMenu(const ListBox &list)

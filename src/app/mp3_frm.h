@@ -33,6 +33,8 @@ public:
     /// Shows the window again wherever it was hidden to, in front.
     void bringBack();
 
+    ListBox *listWithMenu() override;
+
     PlayerControl &player() { return m_player; }
     SongList &songs() { return m_songs; }
 
@@ -85,6 +87,9 @@ Q_SIGNALS:
     /// The tray's tip: the song's file name without its ending.
     void songNameChanged(const QString &name);
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void dress();
     void connectHandlers();
@@ -98,6 +103,7 @@ private:
     void File1_KeyDown(QKeyEvent *event);
     void File1_MouseMove(int row);
     void List1_Click();
+    void List1_KeyDown(QKeyEvent *event);
     void List1_MouseMove(int row);
     void Form_Unload();
     void openSongMenu(const ListBox &list);

@@ -1,7 +1,11 @@
-// What assistive tools see of the player's own controls.
+// What assistive tools see of the player's own windows and controls.
 #include "controls/accessibility.h"
 
+#include "controls/frame.h"
 #include "controls/label.h"
+#include "controls/list_box.h"
+#include "controls/scroll_bars.h"
+#include "controls/skin_window.h"
 
 #include <QAccessibleWidget>
 
@@ -20,15 +24,21 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Name && label() ? label()->Caption() : QAccessibleWidget::text(kind);
+        const bool hasOwnName = label() && !(isPressable() && label()->Caption().isEmpty());
+        return kind == QAccessible::Name && hasOwnName ? label()->Caption() : QAccessibleWidget::text(kind);
     }
 
-    QStringList actionNames() const override { return isPressable() ? QStringList{pressAction()} : QStringList(); }
+    QStringList actionNames() const override
+    {
+        return (isPressable() ? QStringList{pressAction()} : QStringList()) + QAccessibleWidget::actionNames();
+    }
 
     void doAction(const QString &name) override
     {
         if (name == pressAction())
             control()->press();
+        else
+            QAccessibleWidget::doAction(name);
     }
 
 private:
@@ -37,10 +47,78 @@ private:
     bool isPressable() const { return control()->isButton(); }
 };
 
+// A slider: it moves by what it tells, in steps too, all of it as the user's doing.
+class SliderInterface : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit SliderInterface(SliderBar *bar) : QAccessibleWidget(bar, QAccessible::Slider) {}
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return bar()->toldValue(bar()->value()); }
+    QVariant minimumValue() const override { return bar()->toldValue(bar()->minimum()); }
+    QVariant maximumValue() const override { return bar()->toldValue(bar()->maximum()); }
+    QVariant minimumStepSize() const override
+    {
+        return std::max(1, bar()->toldValue(bar()->minimum() + bar()->singleStep()) - minimumValue().toInt());
+    }
+    void setCurrentValue(const QVariant &value) override { bar()->scrollToTold(value.toDouble()); }
+
+    QStringList actionNames() const override
+    {
+        return QStringList{increaseAction(), decreaseAction()} + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (name == increaseAction() || name == decreaseAction())
+            bar()->triggerAction(name == increaseAction() ? SliderBar::SliderSingleStepAdd
+                                                          : SliderBar::SliderSingleStepSub);
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    SliderBar *bar() const { return static_cast<SliderBar *>(widget()); }
+};
+
+// A window of the player; the menu over its list is its own menu.
+class WindowInterface : public QAccessibleWidget
+{
+public:
+    explicit WindowInterface(SkinWindow *window) : QAccessibleWidget(window, QAccessible::Window) {}
+
+    QStringList actionNames() const override
+    {
+        return skin()->listWithMenu() ? QStringList{showMenuAction()} : QStringList();
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (ListBox *list = skin()->listWithMenu(); list && name == showMenuAction())
+            list->askForMenu();
+    }
+
+private:
+    SkinWindow *skin() const { return static_cast<SkinWindow *>(widget()); }
+};
+
 QAccessibleInterface *makeInterface(const QString &, QObject *object)
 {
-    auto *control = qobject_cast<Pressable *>(object);
-    return control ? new PressableInterface(control) : nullptr;
+    if (auto *control = qobject_cast<Pressable *>(object))
+        return new PressableInterface(control);
+    if (auto *bar = qobject_cast<SliderBar *>(object))
+        return new SliderInterface(bar);
+    if (auto *window = qobject_cast<SkinWindow *>(object))
+        return new WindowInterface(window);
+    if (auto *frame = qobject_cast<Frame *>(object))
+        return new QAccessibleWidget(frame, QAccessible::Grouping);
+    auto *bar = object->inherits("ProgressBar") ? qobject_cast<QWidget *>(object) : nullptr;
+    return bar ? new QAccessibleWidget(bar, QAccessible::ProgressBar) : nullptr;
 }
 } // namespace
 

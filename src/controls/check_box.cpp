@@ -4,6 +4,7 @@
 CheckBox::CheckBox(QWidget *parent, const ControlSetup &setup, const QString &caption) : QCheckBox(caption, parent)
 {
     setUpControl(*this, setup);
+    setAccessibleName({}); // Its text is its name.
     connect(this, &QCheckBox::toggled, this, &CheckBox::Click);
 }
 

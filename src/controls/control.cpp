@@ -7,5 +7,6 @@ void setUpControl(QWidget &control, const ControlSetup &setup)
 {
     control.setObjectName(setup.name);
     control.setAccessibleDescription(setup.description);
+    control.setAccessibleName(setup.description); // Unless its own text is its name.
     control.setGeometry(setup.place);
 }

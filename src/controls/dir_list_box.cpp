@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+const QString openMark = u"▾"_s;
+
 struct FolderRows {
     QStringList folders; // Program paths.
     QStringList texts;   // What the rows show.
@@ -28,10 +30,10 @@ FolderRows rowsFor(const QString &path)
     const QStringList steps = path.split(u'\\', Qt::SkipEmptyParts);
     QString folder = steps.value(0) + u'\\';
     rows.folders += folder;
-    rows.texts += indented(0, u"▾"_s, displayPath(folder));
+    rows.texts += indented(0, openMark, displayPath(folder));
     for (const QString &step : steps.mid(1)) {
         folder = tidyPathIn(folder, step);
-        rows.texts += indented(rows.folders.size(), u"▾"_s, step);
+        rows.texts += indented(rows.folders.size(), openMark, step);
         rows.folders += folder;
     }
     rows.openRow = static_cast<int>(rows.folders.size()) - 1;
@@ -47,6 +49,10 @@ FolderRows rowsFor(const QString &path)
 
 DirListBox::DirListBox(QWidget *parent, const ControlSetup &setup) : ListBox(parent, setup)
 {
+    setToldForm([this](int row) { // Read out, the steps and marks before the names say nothing.
+        const QString text = List(row).trimmed();
+        return text.mid(2) + (text.startsWith(openMark) ? u", open"_s : QString());
+    });
     connect(this, &ListBox::DblClick, this, [this] { open(ListIndex()); });
     connect(this, &ListBox::KeyDown, this, [this](QKeyEvent *event) {
         if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)

@@ -42,8 +42,8 @@ ControlSetup Frame::inside(ControlSetup setup) const
 void Frame::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    if (m_isCovering && m_picture != Picture::Count && !m_background)
-        m_background = picture(m_picture, devicePixelRatioF());
+    if (m_isCovering && m_picture != Picture::Count)
+        keepPicture(m_background, m_picture, devicePixelRatioF());
     if (m_background && !m_background->isNull())
         painter.drawPixmap(0, 0, *m_background);
     else if (m_isCovering)

@@ -22,7 +22,8 @@ void Label::setCaption(const QString &caption)
 {
     if (m_caption == caption)
         return;
-    if (m_strip && turns(caption))
+    const bool isTurn = m_isMarquee && turns(caption);
+    if (m_strip && isTurn)
         m_strip->turn = (m_strip->turn + 1) % caption.size();
     else
         m_strip.reset();
@@ -31,7 +32,7 @@ void Label::setCaption(const QString &caption)
         repaint(lineRect()); // At once: its timer has woken the player for this, a paint event would wake it again.
     else
         update();
-    if (QAccessible::isActive()) {
+    if (QAccessible::isActive() && !isTurn) { // A turn says nothing new.
         QAccessibleEvent change(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&change);
     }
@@ -108,7 +109,7 @@ void Label::paintMarquee(QPainter &painter, const QRect &part)
         skin->paintSkin(painter, part, mapTo(skin, QPoint()));
     if (m_caption.isEmpty())
         return;
-    if (!m_strip)
+    if (!m_strip || m_strip->picture.devicePixelRatio() != devicePixelRatioF())
         layOut();
     const qreal density = m_strip->picture.devicePixelRatio();
     const qreal start = m_strip->starts[m_strip->turn];

@@ -20,6 +20,8 @@ public:
 
     QVariant data(const QModelIndex &index, int role) const override
     {
+        if (role == Qt::AccessibleTextRole && m_toldForm)
+            return m_toldForm(index.row());
         return role == Qt::DisplayRole ? QVariant(shown(index.row())) : QVariant();
     }
 
@@ -53,6 +55,7 @@ public:
 
     QStringList m_items;
     std::function<QString(int, const QString &)> m_shownForm;
+    std::function<QString(int)> m_toldForm;
 };
 
 ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : QListView(parent), m_items(new ListBoxModel(this))
@@ -62,7 +65,7 @@ ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : QListView(parent)
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
-    setFrameShape(NoFrame);
+    setFrameShape(StyledPanel); // The room for the focus ring.
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
     setFont(fonts::font(fonts::Face::Arial, 12));
@@ -89,6 +92,11 @@ void ListBox::setShownForm(std::function<QString(int, const QString &)> shownFor
 {
     m_items->m_shownForm = std::move(shownForm);
     viewport()->update();
+}
+
+void ListBox::setToldForm(std::function<QString(int)> toldForm)
+{
+    m_items->m_toldForm = std::move(toldForm);
 }
 
 bool ListBox::RemoveItem(int row)
@@ -144,6 +152,17 @@ void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &prev
     Q_EMIT Click();
 }
 
+// Assistive tools select a row without making it the current one. Everybody else does that next.
+void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    QListView::selectionChanged(selected, deselected);
+    const auto chooseSelected = [this] {
+        if (const QModelIndexList rows = selectedIndexes(); !rows.isEmpty() && rows[0] != currentIndex())
+            setCurrentIndex(rows[0]);
+    };
+    QMetaObject::invokeMethod(this, chooseSelected, Qt::QueuedConnection);
+}
+
 void ListBox::keyPressEvent(QKeyEvent *event)
 {
     event->ignore();
@@ -190,8 +209,12 @@ void ListBox::mouseMoveEvent(QMouseEvent *event)
 
 void ListBox::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (event->reason() != QContextMenuEvent::Keyboard)
-        return; // The press of the button has told it.
+    if (event->reason() == QContextMenuEvent::Keyboard) // Else the press of the button has told it.
+        askForMenu();
+}
+
+void ListBox::askForMenu()
+{
     const QRect row = visualRect(currentIndex());
     m_menuRow = ListIndex();
     m_menuPosition = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint(0, 0));

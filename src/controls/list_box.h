@@ -1,7 +1,7 @@
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
-// nothing. A right click never changes the choice, and neither does the keyboard's coming. 100,000 rows are normal:
-// nothing here costs time by the row but filling it.
+// nothing. A right click never changes the choice, and neither does the keyboard's coming. A row selected by assistive
+// tools is chosen. 100,000 rows are normal: nothing here costs time by the row but filling it.
 #pragma once
 
 #include "controls/control.h"
@@ -29,6 +29,9 @@ public:
     /// How an item is shown and told by List(), when that is not the item itself (made on demand, row by row).
     void setShownForm(std::function<QString(int row, const QString &item)> shownForm);
 
+    /// How assistive tools are told an item, when that is not the text shown.
+    void setToldForm(std::function<QString(int row)> toldForm);
+
     void Clear() { setItems({}); }
 
     /// Removes item row; false when there is none. The choice is gone when it was that row, and stays with its text
@@ -46,6 +49,9 @@ public:
 
     /// The row under a point of the list, -1 for none.
     int rowAt(const QPoint &point) const;
+
+    /// Asks for the menu of the chosen row, as the menu key does: MouseDown() of the right button follows.
+    void askForMenu();
 
     /// Where a menu asked for by the last MouseDown() opens, on the screen: at the mouse, or below the chosen row.
     QPoint menuPosition() const { return m_menuPosition; }
@@ -75,6 +81,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
 
     /// Chooses a row without Click().
     void chooseQuietly(int row);

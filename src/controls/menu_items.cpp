@@ -17,6 +17,12 @@ MenuItems::MenuItems(QObject *parent, const QString &name, const QStringList &ca
         m_items += Item{caption};
 }
 
+void MenuItems::setCheckable(std::initializer_list<int> indexes)
+{
+    for (const int index : indexes)
+        m_items[index].isCheckable = true;
+}
+
 void MenuItems::setChecked(int index, bool isChecked)
 {
     m_items[index].isChecked = isChecked;
@@ -55,7 +61,7 @@ void MenuItems::fill(QMenu &menu)
         QString text = item.caption;
         QAction *action = menu.addAction(text.replace(u'&', u"&&"_s));
         action->setData(index);
-        action->setCheckable(item.isChecked);
+        action->setCheckable(item.isCheckable);
         action->setChecked(item.isChecked);
     }
 }

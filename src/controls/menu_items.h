@@ -16,6 +16,9 @@ public:
     /// Captions by index; "-" is a separator and takes an index too.
     MenuItems(QObject *parent, const QString &name, const QStringList &captions);
 
+    /// Says which items have check marks, so that one without its mark can be told from one that never has any.
+    void setCheckable(std::initializer_list<int> indexes);
+
     bool Checked(int index) const { return m_items.at(index).isChecked; }
 
     /// Sets a check mark; fires nothing.
@@ -41,6 +44,7 @@ Q_SIGNALS:
 private:
     struct Item {
         QString caption;
+        bool isCheckable = false;
         bool isChecked = false;
     };
     void fill(QMenu &menu);

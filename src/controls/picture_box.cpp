@@ -6,6 +6,16 @@
 
 #include <QPainter>
 
+namespace
+{
+// The whole pixel of the screen that is nearest to the corner of what is painted: there a picture stays sharp.
+QPointF nearestPixel(const QPainter &painter)
+{
+    const QTransform toScreen = painter.deviceTransform();
+    return toScreen.inverted().map(QPointF(toScreen.map(QPointF()).toPoint()));
+}
+} // namespace
+
 PictureBox::PictureBox(QWidget *parent, const ControlSetup &setup) : Pressable(parent)
 {
     setUpControl(*this, setup);
@@ -41,10 +51,16 @@ QImage PictureBox::image() const
 
 void PictureBox::setShape(const QRegion &region)
 {
+    QRegion mask = region;
+    if (const qreal density = devicePixelRatioF(); density != 1 && density != 2) {
+        // The picture is scaled to the screen, whose pixels do not meet the shape's: none of its edge may be cut off.
+        for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
+            mask += region.translated(step);
+    }
     if (region.isEmpty())
         clearMask();
     else
-        setMask(region);
+        setMask(mask);
 }
 
 PictureBox::Look PictureBox::look() const
@@ -58,22 +74,23 @@ const QPixmap &PictureBox::pixmap(Look look)
 {
     const auto which = static_cast<std::size_t>(look);
     std::optional<QPixmap> &kept = m_pixmaps.at(which);
-    if (!kept)
-        kept = m_pictures.at(which) == Picture::Count ? QPixmap() : picture(m_pictures.at(which), devicePixelRatioF());
+    if (m_pictures.at(which) == Picture::Count)
+        kept = QPixmap();
+    else
+        keepPicture(kept, m_pictures.at(which), devicePixelRatioF());
     return *kept;
 }
 
 void PictureBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (const QPixmap &shown = pixmap(look()); !shown.isNull())
-        painter.drawPixmap(rect(), shown);
+        painter.drawPixmap(nearestPixel(painter), shown);
     else if (isButton()) {
         paintButtonFace(painter, rect(), isPressed() ? ButtonLook::Pressed : ButtonLook::Normal);
         painter.setPen(QColor::fromRgb(palette::warmWhite));
         painter.drawText(rect(), Qt::AlignCenter, m_glyph);
     }
     if (hasFocus())
-        paintFocusRing(painter, rect().adjusted(1, 1, -1, -1));
+        paintFocusRing(painter, rect().adjusted(1, 1, -1, -1), mask().isEmpty() ? Ring::Plain : Ring::Round);
 }

@@ -50,13 +50,23 @@ const PictureFile &fileOf(Picture which)
 }
 } // namespace
 
+// Scaled once here, and well, rather than at each painting.
 QPixmap picture(Picture which, qreal devicePixelRatio)
 {
-    const bool dense = devicePixelRatio > 1;
-    QPixmap pixmap = QPixmap::fromImage(load(fileOf(which), dense ? u"@2x"_s : QString()));
-    if (dense && !pixmap.isNull())
-        pixmap.setDevicePixelRatio(2);
-    return dense && pixmap.isNull() ? picture(which, 1) : pixmap;
+    QImage image = devicePixelRatio > 1 ? load(fileOf(which), u"@2x"_s) : QImage();
+    const qreal scale = image.isNull() ? devicePixelRatio : devicePixelRatio / 2;
+    if (image.isNull())
+        image = pictureImage(which);
+    if (scale != 1 && !image.isNull())
+        image = image.scaled((QSizeF(image.size()) * scale).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    image.setDevicePixelRatio(devicePixelRatio);
+    return QPixmap::fromImage(image);
+}
+
+void keepPicture(std::optional<QPixmap> &kept, Picture which, qreal devicePixelRatio)
+{
+    if (!kept || (!kept->isNull() && kept->devicePixelRatio() != devicePixelRatio))
+        kept = picture(which, devicePixelRatio);
 }
 
 QImage pictureImage(Picture which)

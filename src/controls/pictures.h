@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QPixmap>
 
+#include <optional>
+
 enum class Picture {
     SplashSkin,
     Mp3FrmSkin,
@@ -41,9 +43,12 @@ enum class Picture {
     Count
 };
 
-/// A picture for a screen of that many pixels a logical one. Null when the file is missing or damaged: the caller shows
-/// plain controls then.
+/// A picture of just so many pixels a logical one, made from the sharper form where the screen is dense. Null when the
+/// file is missing or damaged: the caller shows plain controls then.
 QPixmap picture(Picture which, qreal devicePixelRatio = 1);
+
+/// Keeps a picture in what it is painted from: made when first asked for, and anew for a screen of another density.
+void keepPicture(std::optional<QPixmap> &kept, Picture which, qreal devicePixelRatio);
 
 /// The picture at one pixel a logical one, to compute with. Null as above.
 QImage pictureImage(Picture which);

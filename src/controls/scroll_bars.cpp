@@ -28,6 +28,17 @@ void SliderBar::setRange(int smallest, int largest)
     QScrollBar::setRange(smallest, largest);
 }
 
+int SliderBar::toldValue(int value) const
+{
+    const int range = maximum() - minimum();
+    return !m_isToldInPercent ? value : range == 0 ? 0 : qRound(100.0 * (value - minimum()) / range);
+}
+
+void SliderBar::scrollToTold(double told)
+{
+    QScrollBar::setValue(qRound(m_isToldInPercent ? minimum() + told * (maximum() - minimum()) / 100 : told));
+}
+
 void SliderBar::tellChange()
 {
     const bool byGroove = std::exchange(m_byGroove, false);

@@ -23,6 +23,15 @@ public:
     void setSmallChange(int step) { setSingleStep(step); }
     void setLargeChange(int step) { setPageStep(step); }
 
+    /// Assistive tools are told how far up the slider is, in percent, instead of its value.
+    void setToldInPercent() { m_isToldInPercent = true; }
+
+    /// What assistive tools are told for a value.
+    int toldValue(int value) const;
+
+    /// Scrolls to what they tell.
+    void scrollToTold(double told);
+
 Q_SIGNALS:
     void Scroll();
     void Change();
@@ -32,6 +41,7 @@ private:
 
     bool m_byProgram = false;
     bool m_byGroove = false;
+    bool m_isToldInPercent = false;
 };
 
 /// A horizontal slider, its smallest value on the left.

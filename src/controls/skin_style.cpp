@@ -3,6 +3,7 @@
 
 #include "skins/palette.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -12,7 +13,8 @@ namespace
 {
 constexpr int barThickness = 14;
 constexpr int shortestThumb = 28;
-constexpr int rowAir = 4; // Between the rows of a list.
+constexpr int rowAir = 4;   // Between the rows of a list.
+constexpr int ringRoom = 2; // Around a list.
 
 QColor colour(QRgb value)
 {
@@ -59,6 +61,18 @@ void paintListThumb(QPainter &painter, const QRect &place)
 bool isSlider(const QWidget *widget)
 {
     return widget && (widget->inherits("HScrollBar") || widget->inherits("VScrollBar"));
+}
+
+bool isList(const QWidget *widget)
+{
+    return widget && widget->inherits("ListBox");
+}
+
+// The ring around the current row does until the keyboard begins to go from control to control.
+bool needsRing(const QStyleOption &option, const QWidget &list)
+{
+    const bool hasRow = static_cast<const QAbstractItemView &>(list).currentIndex().isValid();
+    return !hasRow || (option.state & QStyle::State_KeyboardFocusChange);
 }
 
 void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
@@ -110,10 +124,9 @@ QRect grooveAfter(const QStyleOptionSlider &option, const QRect &thumb)
             option.rect.bottomRight()};
 }
 
-void paintTick(QPainter &painter, const QRect &box)
+void paintTick(QPainter &painter, const QRectF &r)
 {
     painter.setPen(QPen(colour(palette::warmWhite), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QRectF r = box;
     painter.drawPolyline(QPolygonF{
         {r.left() + 3.5, r.center().y()}, {r.center().x() - 1, r.bottom() - 3.5}, {r.right() - 2.5, r.top() + 3.5}});
 }
@@ -123,9 +136,10 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option)
     const bool checked = option.state & QStyle::State_On;
     const bool hovered = option.state & QStyle::State_MouseOver;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(lit(palette::graphiteLight, hovered ? 180 : 140));
+    painter.setPen(option.state & QStyle::State_HasFocus ? colour(palette::focusRing)
+                                                         : lit(palette::graphiteLight, hovered ? 180 : 140));
     painter.setBrush(checked ? colour(palette::accent) : colour(palette::wellBackground));
-    const QRect box = option.rect.adjusted(0, 0, -1, -1);
+    const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(box, 2, 2);
     if (checked)
         paintTick(painter, box);
@@ -152,13 +166,18 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
     painter.restore();
 }
 
-void paintFocusRing(QPainter &painter, const QRect &place)
+void paintFocusRing(QPainter &painter, const QRect &place, Ring ring)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour(palette::focusRing), 1));
+    const double width = ring == Ring::Thin ? 1 : 2;
+    painter.setPen(QPen(colour(palette::focusRing), width));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    const QRectF middle = QRectF(place).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    if (ring == Ring::Round)
+        painter.drawEllipse(middle);
+    else
+        painter.drawRoundedRect(middle, 3, 3);
     painter.restore();
 }
 
@@ -192,13 +211,15 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         paintCheckBox(*painter, *option);
         return;
     case PE_FrameFocusRect:
-        paintFocusRing(*painter, option->rect);
+        paintFocusRing(*painter, option->rect, Ring::Thin);
         return;
     case PE_PanelMenu:
     case PE_FrameMenu:
+        painter->save();
         painter->setPen(lit(palette::graphiteLight, 140));
         painter->setBrush(element == PE_PanelMenu ? QBrush(colour(palette::graphite)) : QBrush(Qt::NoBrush));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore(); // The items are painted with it too.
         return;
     case PE_PanelLineEdit:
         if (option->state & State_HasFocus)
@@ -209,6 +230,8 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
                         option->state & State_Sunken      ? ButtonLook::Pressed
                         : option->state & State_MouseOver ? ButtonLook::Hovered
                                                           : ButtonLook::Normal);
+        if (option->state & State_HasFocus)
+            paintFocusRing(*painter, option->rect);
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -218,10 +241,10 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
 void SkinStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                             const QWidget *widget) const
 {
-    if (element == CE_ShapedFrame && widget && widget->hasFocus())
-        paintFocusRing(*painter, option->rect);
-    else
+    if (element != CE_ShapedFrame || !isList(widget))
         QProxyStyle::drawControl(element, option, painter, widget);
+    else if (widget->hasFocus() && needsRing(*option, *widget))
+        paintFocusRing(*painter, option->rect);
 }
 
 void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
@@ -268,6 +291,8 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
         return barThickness;
     case PM_ScrollBarSliderMin:
         return shortestThumb;
+    case PM_DefaultFrameWidth:
+        return isList(widget) ? ringRoom : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_MenuPanelWidth:
         return 1;
     case PM_MenuVMargin:

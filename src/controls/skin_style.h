@@ -11,8 +11,11 @@ enum class ButtonLook { Normal, Hovered, Pressed, Disabled };
 /// A button's face: graphite with a lit upper edge, lower when pressed.
 void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look);
 
-/// The thin ring that shows where the keyboard is.
-void paintFocusRing(QPainter &painter, const QRect &place);
+enum class Ring { Plain, Round, Thin };
+
+/// The ring that shows where the keyboard is; thin around a row of a list and the text of a check box, where it is not
+/// the only mark.
+void paintFocusRing(QPainter &painter, const QRect &place, Ring ring = Ring::Plain);
 
 class SkinStyle : public QProxyStyle
 {

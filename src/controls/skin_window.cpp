@@ -1,13 +1,18 @@
 // A borderless window that is a picture.
 #include "controls/skin_window.h"
 
+#include "controls/list_box.h"
 #include "skins/palette.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindow>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -46,11 +51,9 @@ void SkinWindow::DragBySkin(const QMouseEvent &event)
 
 void SkinWindow::paintEvent(QPaintEvent *event)
 {
-    if (!m_background)
-        m_background = picture(m_skin, devicePixelRatioF());
+    keepPicture(m_background, m_skin, devicePixelRatioF());
     QPainter painter(this);
-    for (const QRect &part : event->region())
-        paintSkin(painter, part, {});
+    paintSkin(painter, event->rect(), {});
     if (!std::exchange(m_painted, true))
         QMetaObject::invokeMethod(this, &SkinWindow::firstPainted, Qt::QueuedConnection);
 }
@@ -59,12 +62,43 @@ void SkinWindow::paintSkin(QPainter &painter, const QRect &part, const QPoint &o
 {
     if (!m_background)
         return;
-    const qreal density = m_background->devicePixelRatio();
-    const QRect place = part.translated(offset);
-    if (m_background->deviceIndependentSize().toSize() == size())
-        painter.drawPixmap(QRectF(part), *m_background, QRectF(place.topLeft() * density, place.size() * density));
+    if (m_background->deviceIndependentSize().toSize() == size()) // Pixel on pixel, whatever the scale.
+        painter.drawPixmap(-offset, *m_background);
     else
         paintPlainPanel(painter, part, rect().translated(-offset));
+}
+
+void SkinWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        Q_EMIT closeRequested();
+    else if (event->key() == Qt::Key_F6)
+        goToNextWindow();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void SkinWindow::goToNextWindow() const
+{
+    QList<SkinWindow *> shown;
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (auto *skin = qobject_cast<SkinWindow *>(window); skin && skin->isSeen())
+            shown += skin;
+    }
+    std::sort(shown.begin(), shown.end(), [](auto *a, auto *b) { return a->objectName() < b->objectName(); });
+    if (shown.isEmpty())
+        return;
+    SkinWindow *next = shown[(shown.indexOf(this) + 1) % shown.size()];
+    next->raise();
+    next->activateWindow();
+}
+
+void SkinWindow::contextMenuEvent(QContextMenuEvent *event)
+{
+    ListBox *list = event->reason() == QContextMenuEvent::Keyboard ? listWithMenu() : nullptr;
+    if (list)
+        list->askForMenu();
+    event->setAccepted(list);
 }
 
 void SkinWindow::mousePressEvent(QMouseEvent *event)
@@ -84,13 +118,17 @@ void SkinWindow::mouseReleaseEvent(QMouseEvent *)
     m_grip.reset();
 }
 
+// The desktop may give a hidden window the keyboard for a moment, which then goes to the first control it finds.
 void SkinWindow::showEvent(QShowEvent *)
 {
+    if (m_lastFocus)
+        m_lastFocus->setFocus();
     noteSeen();
 }
 
 void SkinWindow::hideEvent(QHideEvent *)
 {
+    m_lastFocus = focusWidget();
     noteSeen();
 }
 

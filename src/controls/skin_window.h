@@ -1,12 +1,16 @@
 // A borderless window that is a picture. Pressing the mouse on the picture moves the window; a missing or damaged
-// picture leaves a plain panel with all controls in their places.
+// picture leaves a plain panel with all controls in their places. Escape closes it as the window manager would, F6 goes
+// on to the player's next window, the menu key opens the menu of its list wherever the keyboard is.
 #pragma once
 
 #include "controls/pictures.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <optional>
+
+class ListBox;
 
 class SkinWindow : public QWidget
 {
@@ -17,6 +21,9 @@ public:
 
     /// Can somebody see the window: shown and not minimised?
     bool isSeen() const { return m_seen; }
+
+    /// The list whose menu is the window's own; none where there is no such menu.
+    virtual ListBox *listWithMenu() { return nullptr; }
 
     /// The skin's pixel at a place in logical pixels; the plain panel's colour without a skin.
     QColor skinColourAt(const QPoint &place) const;
@@ -39,6 +46,8 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -49,9 +58,11 @@ protected:
 
 private:
     void noteSeen();
+    void goToNextWindow() const;
 
     Picture m_skin;
     std::optional<QPixmap> m_background; // Loaded at the first paint, for the screen it is painted on.
+    QPointer<QWidget> m_lastFocus;       // Where the keyboard was when the window was hidden.
     std::optional<QPoint> m_grip;        // Where the mouse holds the window, from its top left corner.
     bool m_seen = false;
     bool m_painted = false;

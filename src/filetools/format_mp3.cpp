@@ -139,7 +139,7 @@ void FormatMp3::File1_KeyDown(QKeyEvent *event)
     if (isEnter(key))
         File1_DblClick();
     else if (key == Qt::Key_Escape)
-        Text1.setText(proposeName(chosenName()).name);
+        putProposalBack();
     else if (key == Qt::Key_Space)
         swapSides();
     else if (key == Qt::Key_Delete)
@@ -167,13 +167,16 @@ void FormatMp3::File1_MouseMove(int row)
                                              : m_pointedFile + u" is "_s + FileAttributeText(File1.filePath(row)));
 }
 
-// Enter in the new name: the same as Rename.
+// Enter in the new name: the same as Rename. Escape puts the proposal back.
 void FormatMp3::Text1_KeyDown(QKeyEvent *event)
 {
-    if (!isEnter(event->key()))
-        return;
     event->accept();
-    Label1_Click();
+    if (isEnter(event->key()))
+        Label1_Click();
+    else if (event->key() == Qt::Key_Escape)
+        putProposalBack();
+    else
+        event->ignore();
 }
 
 // Rename: the chosen file gets the new name.
@@ -224,6 +227,11 @@ void FormatMp3::deleteChosen()
     ShellWindows prompts;
     ShellDeleteFile(pathIn(File1.Path(), chosenName()), prompts);
     File1.Refresh();
+}
+
+void FormatMp3::putProposalBack()
+{
+    Text1.setText(proposeName(chosenName()).name);
 }
 
 void FormatMp3::swapSides()

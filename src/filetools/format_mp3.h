@@ -32,6 +32,8 @@ public:
     /// Shows a window with the data of the chosen file in its list.
     void LoadMp3Info(QWidget &target, ListBox &List1);
 
+    ListBox *listWithMenu() override { return &File1; }
+
     /// The name under the mouse, frozen while MoveMenuOpen; "" beside the files.
     QString pointedFile() const { return m_pointedFile; }
 
@@ -64,6 +66,7 @@ private:
     void showInTagEdit(const QString &path);
     void deleteChosen();
     void swapSides();
+    void putProposalBack();
     void changeVolume(int steps);
     void renameTo(const QString &oldPath, const QString &newPath);
     void refuseRename();

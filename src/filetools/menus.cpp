@@ -27,6 +27,7 @@ Menus::Menus(QObject *parent, MenuParts parts)
       mnuTagEditItems(this, u"mnuTagEditItems"_s, {u"Move"_s, u"Refresh"_s}), m_parts(std::move(parts)),
       mnuSongItem(m_parts.modes.songMenu())
 {
+    mnuPlayListItems.setCheckable({RandomItem, SortListItem});
     connectHandlers();
 }
 

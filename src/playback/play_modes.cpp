@@ -8,6 +8,7 @@ PlayModes::PlayModes(QObject *parent)
                  {u"Mp3 Name Tools"_s, u"Refresh"_s, u"Delete Song"_s, u"Options"_s, u"Auto Play"_s, u"Repeat Song"_s,
                   u"Repeat All"_s, u"PlayList"_s, u"Song Search"_s, u"-"_s, u"About..."_s, u"Mp3 Info"_s})
 {
+    m_songMenu.setCheckable({AutoPlayItem, RepeatSongItem, RepeatAllItem});
 }
 
 void PlayModes::choose(SongMenuItem mode)

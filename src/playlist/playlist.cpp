@@ -52,8 +52,6 @@ Playlist::Playlist(FileListBox &File1, PlayerControl &player)
     Picture1.setButton(Picture::Count, Picture::Count, Picture::Count, u"Close"_s);
     Picture1.setFont(fonts::font(fonts::Face::Arial, 11));
     Label1.setFont(fonts::font(fonts::Face::Arial, 12));
-    List1.setAccessibleName(u"Play list"_s);
-    List2.setAccessibleName(u"Play times"_s);
     List2.setFocusPolicy(Qt::NoFocus);
     List2.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Label1.setAlignment(Qt::AlignCenter);

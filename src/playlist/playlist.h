@@ -52,6 +52,8 @@ public:
     /// Is the play list in use: on the screen, or away only as long as the main window is?
     bool isOpen() const { return isVisible() || m_awayWithMain; }
 
+    ListBox *listWithMenu() override { return &List1; }
+
     /// The main window has left the screen or come back to it: the play list goes with it and comes back with it.
     void followMainWindow(bool mainIsSeen);
 

@@ -40,13 +40,9 @@ SongSearch::SongSearch(FileListBox &File1, PlayerControl &player)
     Label1.setButton(true);
     Label1.setFont(fonts::font(fonts::Face::Arial, 11));
     Text1.setFont(fonts::font(fonts::Face::Arial, 12));
-    Text1.setAccessibleName(u"Search"_s);
-    List1.setAccessibleName(u"Results"_s);
     List1.setShownForm([this](int row, const QString &name) {
         return capitalised(name, m_matches[static_cast<std::size_t>(row)].position, m_textLength);
     });
-    setTabOrder(&Text1, &List1);
-    setTabOrder(&List1, &Label1);
     connectHandlers();
 }
 
@@ -77,14 +73,6 @@ void SongSearch::hideEvent(QHideEvent *event)
 {
     SkinWindow::hideEvent(event);
     m_names = SongNames();
-}
-
-void SongSearch::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape)
-        hide();
-    else
-        SkinWindow::keyPressEvent(event);
 }
 
 // Close: the window goes; text and results stay for the next time.

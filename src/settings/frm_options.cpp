@@ -115,14 +115,13 @@ void frmOptions::showEvent(QShowEvent *event)
         Label1.setFont(fonts::font(fonts::Face::ComicSansMs, captionPixels, QFont::Bold));
     }
     SkinWindow::showEvent(event);
+    Check1.setFocus();
 }
 
-// Escape closes without storing, Enter is OK.
+// Enter is OK.
 void frmOptions::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape)
-        hide();
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         Label1.press();
     else
         SkinWindow::keyPressEvent(event);

@@ -14,7 +14,6 @@
 #include "skins/places.h"
 
 #include <QDir>
-#include <QKeyEvent>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -86,6 +85,7 @@ void ToolBar::showEvent(QShowEvent *event)
     if (!std::exchange(m_looked, true))
         prepareForFirstLook();
     SkinWindow::showEvent(event);
+    Dir1.setFocus();
 }
 
 void ToolBar::prepareForFirstLook()
@@ -97,17 +97,7 @@ void ToolBar::prepareForFirstLook()
     File1.setFocusPolicy(Qt::TabFocus);
     File1.setMouseTracking(true);
     Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
-    Dir1.setFocus();
     Dir1.setPath(m_firstFolder);
-}
-
-// Escape closes; nothing is chosen.
-void ToolBar::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape)
-        hide();
-    else
-        SkinWindow::keyPressEvent(event);
 }
 
 // Closed: the music folder stays.

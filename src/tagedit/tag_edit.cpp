@@ -19,6 +19,8 @@
 #include <QKeyEvent>
 #include <QScreen>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 namespace place = places::TagEdit;
 
@@ -150,11 +152,11 @@ void TagEdit::showBeside(QWidget &neighbour)
     neighbour.activateWindow();
 }
 
-// Escape puts the window away; the next song chosen brings it back.
+// Enter in a field saves.
 void TagEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape)
-        hide();
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        cmdSave.press();
     else
         SkinWindow::keyPressEvent(event);
 }
@@ -246,13 +248,16 @@ void TagEdit::showHeader(const QuickHeader &header)
     labOriginal.setCaption(u"Original: "_s + header.original);
 }
 
-// What lies below is hidden, so that the keyboard does not go there.
+// What lies below is hidden, so that the keyboard does not go there. What comes into its place is there first, to take
+// the keyboard over.
 void TagEdit::showTagFrames(bool hasTag)
 {
-    frmID3.setVisible(hasTag);
-    frmButtons.setVisible(hasTag);
-    frmNoTag.setVisible(!hasTag);
-    frmNoKeys.setVisible(!hasTag);
+    const std::array withTag = {&frmID3, &frmButtons};
+    const std::array withoutTag = {&frmNoTag, &frmNoKeys};
+    for (Frame *shown : hasTag ? withTag : withoutTag)
+        shown->show();
+    for (Frame *hidden : hasTag ? withoutTag : withTag)
+        hidden->hide();
 }
 
 void TagEdit::showTexts(const Id3v1Tag &tag)

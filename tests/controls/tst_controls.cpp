@@ -174,7 +174,7 @@ private Q_SLOTS:
         auto *picture = new PictureBox(nullptr, at({0, 0, 60, 20}));
         picture->setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
         QTest::newRow("label") << QSharedPointer<QWidget>(label) << u"Play"_s;
-        QTest::newRow("picture") << QSharedPointer<QWidget>(picture) << u""_s;
+        QTest::newRow("picture") << QSharedPointer<QWidget>(picture) << u"A control"_s;
     }
 
     void labels_and_pictures_are_pressed()
@@ -206,6 +206,7 @@ private Q_SLOTS:
         QStringList events;
         connect(&items, &MenuItems::Click, this, [&](int index) { events += QString::number(index); });
         connect(&items, &MenuItems::closed, this, [&] { events += u"closed"_s; });
+        items.setCheckable({2});
         items.setChecked(2, true);
         for (const int index : {1, 3, -1})
             items.choose(index);
@@ -215,7 +216,7 @@ private Q_SLOTS:
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         const QList<QAction *> actions = menu->actions();
         QCOMPARE(actions[0]->text(), u"Rock && Roll"_s);
-        QVERIFY(!actions[0]->isChecked() && actions[1]->isSeparator() && actions[2]->isChecked());
+        QVERIFY(!actions[0]->isCheckable() && actions[1]->isSeparator() && actions[2]->isChecked());
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(actions[2]).center());
         QTRY_COMPARE(events, QStringList({u"2"_s, u"closed"_s}));
         QVERIFY(items.Checked(2)); // The mark is the command's business.

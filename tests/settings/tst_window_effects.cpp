@@ -1,5 +1,7 @@
 // Shapes cut from pictures, and half transparent windows.
+#include "controls/label.h"
 #include "controls/picture_box.h"
+#include "controls/skin_window.h"
 #include "settings/translucency.h"
 #include "settings/window_shape.h"
 
@@ -70,6 +72,23 @@ private Q_SLOTS:
         QVERIFY(!box.mask().contains(QPoint(0, 0)));
         QVERIFY(box.mask().contains(box.rect().center()));
         QCOMPARE(window.childAt(1, 1), nullptr);
+    }
+
+    // At any scale of the screen (QT_SCALE_FACTOR). A grab paints the window as the screen shows it.
+    void pictures_are_shown_pixel_by_pixel()
+    {
+        SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
+        const QImage skin = picture(Picture::SplashSkin, window.devicePixelRatioF()).toImage();
+        QCOMPARE(window.grab().toImage().convertToFormat(skin.format()), skin);
+        Label title(&window, {u"Label7"_s, u"Title"_s, QRect(13, 7, 111, 21)});
+        title.setMarquee();
+        QCOMPARE(window.grab().toImage().convertToFormat(skin.format()), skin);
+        PictureBox box(&window, {u"bPlay"_s, u"Play"_s, QRect(35, 43, 52, 52)});
+        box.setPicture(Picture::Play);
+        const QImage uncut = window.grab().toImage();
+        QVERIFY(ShapeFromPicture(box));
+        QCOMPARE(window.grab().toImage(), uncut);
+        QVERIFY(box.mask().boundingRect().width() <= 52 && !box.mask().contains(QPoint(6, 6)));
     }
 
     void only_exactly_true_makes_translucent()

@@ -1,0 +1,107 @@
+// The keyboard in every window: where it begins, how Tab goes on, what leaves the window.
+#include "app/program.h"
+#include "support/fake_engine.h"
+#include "support/test_files.h"
+
+#include <QApplication>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+SkinWindow &windowNamed(const QString &name)
+{
+    QWidget *found = nullptr;
+    for (QWidget *window : QApplication::topLevelWidgets())
+        found = window->objectName() == name ? window : found;
+    return *qobject_cast<SkinWindow *>(found);
+}
+
+void open(SkinWindow &window)
+{
+    window.show();
+    window.activateWindow();
+    QTRY_VERIFY(window.isActiveWindow() && window.focusWidget());
+}
+} // namespace
+
+class TestKeyboard : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tabGoesOnAsPeopleRead_data()
+    {
+        QTest::addColumn<QString>("order"); // Beginning with the control that has the keyboard first.
+        QTest::newRow("Mp3Frm") << u"File1 VScroll1 Label9 Label6 HScroll1 bPrev bPlay bPause bStop bNext Label8 "
+                                   u"ListSwitch"_s;
+        QTest::newRow("ToolBar") << u"Dir1 File1 Label3 Label2 Drive1 Picture1"_s;
+        QTest::newRow("FormatMp3") << u"Dir1 File1 Text1 Label1 Label2"_s;
+        QTest::newRow("TagEdit") << u"Title Artist Album Year Genre Comment cmdRemove cmdCancel cmdSave"_s;
+        QTest::newRow("Playlist") << u"List1 Picture1"_s;
+        QTest::newRow("SongSearch") << u"Text1 List1 Label1"_s;
+        QTest::newRow("frmOptions") << u"Check1 Check2 Check3 Check4 Label1"_s;
+        QTest::newRow("About") << u"cmdOk cmdProcesses"_s;
+    }
+
+    void tabGoesOnAsPeopleRead()
+    {
+        QFETCH(QString, order);
+        FakeEngine engine;
+        const Program program(engine);
+        SkinWindow &window = windowNamed(QString::fromLatin1(QTest::currentDataTag()));
+        open(window);
+        QStringList met;
+        do {
+            met += window.focusWidget()->objectName();
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        } while (met.size() < 20 && window.focusWidget()->objectName() != met[0]);
+        QCOMPARE(met.join(u' '), order);
+        window.focusWidget()->clearFocus();
+        QTest::keyClick(&window, Qt::Key_Escape);
+        QCOMPARE(window.isVisible(), window.objectName() == u"Mp3Frm"_s);
+    }
+
+    void theKeyboardGoesOnToOtherWindowsAndComesBack()
+    {
+        FakeEngine engine;
+        const Program program(engine);
+        SkinWindow &first = windowNamed(u"About"_s), &second = windowNamed(u"Mp3Frm"_s);
+        open(second);
+        QTest::keyClick(&second, Qt::Key_Tab);
+        QWidget *last = second.focusWidget();
+        open(first);
+        QTest::keyClick(&first, Qt::Key_F6);
+        QTRY_VERIFY(second.isActiveWindow());
+        QTest::keyClick(&second, Qt::Key_F6);
+        QTRY_VERIFY(first.isActiveWindow());
+        second.hide();
+        QApplication::setActiveWindow(&second); // As a desktop may do that has not seen it go.
+        open(second);
+        QCOMPARE(second.focusWidget(), last);
+    }
+
+    void comingToTheNamesPlaysNothingButEnterDoes()
+    {
+        const TestFolder folder;
+        folder.makeFile(u"Song.mp3"_s);
+        FakeEngine engine;
+        Program program(engine);
+        Mp3Frm &window = program.mainWindow();
+        window.setMusicFolder(folder.path());
+        window.songs().rebuildDisplayCopy();
+        open(window);
+        window.ListSwitch.press();
+        engine.takeCalls();
+        window.List1.setFocus();
+        QCOMPARE(engine.takeCalls(), QStringList());
+        window.List1.setListIndex(0);
+        engine.takeCalls();
+        QTest::keyClick(&window.List1, Qt::Key_Return);
+        QCOMPARE(engine.takeCalls().size(), 2);
+    }
+};
+
+QTEST_MAIN(TestKeyboard)
+#include "tst_keyboard.moc"
