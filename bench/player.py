@@ -59,18 +59,19 @@ class Player:
     command: list
     folder_command: list
     search_keys: list
-    search_title: str = ""  # Of the window that the keys open; unknown when empty.
     is_ours: bool = False
     has_window: bool = True
 
 
 def this_player():
     program = str(BUILT / "src" / "app" / "kiv-mp3")
-    return Player("this player", [program, "{song}"], [program, "{song}"], ["Menu", "Up", "Up", "Up", "Return"], "Song Search", True)
+    return Player("this player", [program, "{song}"], [program, "{song}"], ["Menu", "Up", "Up", "Up", "Return"], True)
 
 
 def other_player(command, folder_command, search_keys):
     words = shlex.split(command)
+    if not any("{song}" in word for word in words):
+        raise SystemExit(f"bench/run: no {{song}} in the other player's command: {command}")
     named = [word for word in words if word != "env" and "=" not in word]
     return Player(Path((named or words)[0]).name, words, shlex.split(folder_command), search_keys.split())
 

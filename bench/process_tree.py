@@ -20,7 +20,7 @@ def tasks(process):
 
 def content(path):
     try:
-        return path.read_text()
+        return path.read_text(errors="replace")
     except OSError:  # It has just ended.
         return ""
 
@@ -48,13 +48,19 @@ def cpu_seconds(process):
         return 0.0
 
 
+def is_service(process):
+    """A service of the session bus: the program that needed it first is not the one that it works for."""
+    return "DBUS_STARTER_ADDRESS=" in content(Path(f"/proc/{process}/environ"))
+
+
 def growth(before, after):
     """What was counted between two looks. What ended in between takes its count along."""
     return sum(max(count - before.get(key, 0), 0) for key, count in after.items())
 
 
 class ProcessTree:
-    """All processes below this one, but for some and what is below them. Processes that leave their parents stay in it."""
+    """All processes below this one, but for some strangers, what is below them, and services of the session bus.
+    Processes whose parents have ended stay in it."""
 
     def __init__(self, strangers):
         ctypes.CDLL(None).prctl(ADOPT_ORPHANS, 1, 0, 0, 0)
@@ -62,7 +68,7 @@ class ProcessTree:
 
     def processes(self):
         outside = self._strangers.union(*(below(stranger) for stranger in self._strangers))
-        return set(below(os.getpid())) - outside
+        return {process for process in below(os.getpid()) if process not in outside and not is_service(process)}
 
     def cpu(self):
         return {process: cpu_seconds(process) for process in self.processes()}
