@@ -84,8 +84,8 @@ class ProcessTree:
 
     def resident_mb(self):
         """Resident memory of all processes; pages they share count in each."""
-        sizes = (content(Path(f"/proc/{process}/status")).partition("VmRSS:")[2].split() for process in self.processes())
-        return sum(int(size[0]) for size in sizes if size) / 1024
+        status = [content(Path(f"/proc/{process}/status")) for process in self.processes()]
+        return sum(int(text.partition("VmRSS:")[2].split()[0]) for text in status if "VmRSS:" in text) / 1024
 
     def watch(self, seconds):
         """Processor time in percent of a core, and wake-ups a second, over a time."""

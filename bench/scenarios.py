@@ -21,7 +21,8 @@ def figures(player, songs, home_template=None):
         trial = Trial(player, songs, desktop)
         trial.warm_up()
         measured = {}
-        for scenario in (trial.start_with_song, trial.start_without, trial.idle, trial.playing, trial.folder, trial.search):
+        for scenario in (trial.start_with_song, trial.start_without, trial.idle, trial.playing, trial.folder,
+                         trial.search):
             say(f"{player.name}: {scenario.__name__.replace('_', ' ')}")
             measured.update(scenario())
         say("")
@@ -80,13 +81,13 @@ class Trial:
         return {"playing_cpu": cpu, "playing_wakeups": wakeups, "playing_mb": memory}
 
     def folder(self):
-        """How much longer it is at work after a start, and how much more memory it has then, than with a single song."""
+        """How much longer it works after a start, and how much more memory it has then, than with a single song."""
         if not self.player.folder_command or not self.player.has_window:
             return {}
         few_seconds, few_mb = self._median_opening(self.songs.song)
         seconds, memory = self._median_opening(self.songs.among_many())
         if seconds >= PATIENCE_SECONDS:
-            complain(f"{self.player.name} is still at work on the folder after {PATIENCE_SECONDS} seconds; measured till then")
+            complain(f"{self.player.name} still works on the folder after {PATIENCE_SECONDS} s; measured as it is")
         return {"folder_s": seconds - few_seconds, "folder_mb": memory - few_mb}
 
     def search(self):

@@ -19,7 +19,6 @@ WHOLE_PROGRAM = (
 )
 
 
-
 def cell(value, digits):
     return "–" if value is None else f"{value:,.{digits}f}"
 
@@ -29,7 +28,7 @@ def row(what, ours, budget, others, kept=True):
 
 
 def whole_program_rows(columns):
-    """A row a figure, and whether its budget is kept. Columns are a name and the figures by name; this player's first."""
+    """A row a figure, and whether its budget is kept. Columns: a name, figures by name. This player's first."""
     names = [name for name, _ in columns]
     yield row("", names[0], "budget", names[1:]), True
     for key, what, digits, budget in WHOLE_PROGRAM:
