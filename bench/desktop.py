@@ -28,7 +28,8 @@ class Desktop:
 
     def __enter__(self):
         try:
-            screen = self._start_telling("Xvfb", "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-displayfd", "FD")
+            screen = self._start_telling("Xvfb", "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset",
+                                         "-displayfd", "FD")
             self.environment["DISPLAY"] = ":" + screen
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_telling("dbus-daemon", "--session", "--nofork",
                                                                               "--print-address=FD")
