@@ -67,6 +67,7 @@ void SongSearch::showEvent(QShowEvent *event)
     SkinWindow::showEvent(event);
     activateWindow();
     Text1.setFocus();
+    readNames(); // Now, so that the first letter is answered as fast as the others.
 }
 
 void SongSearch::hideEvent(QHideEvent *event)
@@ -81,11 +82,17 @@ void SongSearch::Label1_Click()
     hide();
 }
 
-// The text changed: search anew.
-void SongSearch::Text1_Change()
+// Takes the names of the folder in view, unless it has them.
+void SongSearch::readNames()
 {
     if (!m_names.names().isSharedWith(m_songFolder.items()))
         m_names = SongNames(m_songFolder.items());
+}
+
+// The text changed: search anew.
+void SongSearch::Text1_Change()
+{
+    readNames();
     m_matches = m_names.search(Text1.Text());
     m_textLength = Text1.Text().size();
     List1.setItems(matchedNames(m_names.names(), m_matches));

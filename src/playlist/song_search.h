@@ -34,11 +34,12 @@ private:
     void List1_DblClick();
     void List1_KeyDown(QKeyEvent *event);
 
+    void readNames();
     void playResult(int row);
 
     FileListBox &m_songFolder;
     PlayerControl &m_player;
-    SongNames m_names;                // The songs as they were searched last; let go while the window is away.
+    SongNames m_names;                // The songs in view when last searched; let go while the window is away.
     std::vector<SongMatch> m_matches; // One for each row of List1.
     qsizetype m_textLength = 0;       // Of the text they match.
 

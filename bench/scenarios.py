@@ -1,0 +1,156 @@
+"""What a player is put through, on a desktop of its own; each scenario gives figures by name. None: not measured."""
+
+import statistics
+import sys
+import time
+
+from desktop import Desktop
+from player import BYTES_A_SECOND, WINDOW_SECONDS, filled, started, without_song
+from process_tree import ProcessTree, growth
+
+STARTS = 7
+FOLDER_STARTS = 3
+PATIENCE_SECONDS = 120
+KEY_PATIENCE_SECONDS = 20
+TYPED = "some song 07"
+
+
+def figures(player, songs, home_template=None):
+    """All figures of a player by name."""
+    with Desktop(home_template) as desktop:
+        trial = Trial(player, songs, desktop)
+        trial.warm_up()
+        measured = {}
+        for scenario in (trial.start_with_song, trial.start_without, trial.idle, trial.playing, trial.folder,
+                         trial.search):
+            say(f"{player.name}: {scenario.__name__.replace('_', ' ')}")
+            measured.update(scenario())
+        say("")
+        return measured
+
+
+def say(text):
+    if sys.stderr.isatty():
+        print(f"\033[2K{text}", end="\r", file=sys.stderr, flush=True)
+
+
+def complain(text):
+    print(f"bench/run: {text}", file=sys.stderr)
+
+
+class Trial:
+    def __init__(self, player, songs, desktop):
+        self.player, self.songs, self.desktop = player, songs, desktop
+        self.tree = ProcessTree(desktop.processes())
+
+    def warm_up(self):
+        """The first start makes settings and caches; it is no measure. It shows whether there is a window at all."""
+        with self._started(self._with_song()) as shown:
+            self.player.has_window = shown is not None
+            if not shown:
+                complain(f"{self.player.name} shows no window; taken for a player without one")
+            self.tree.wait_until_calm(1, PATIENCE_SECONDS)
+
+    def start_with_song(self):
+        taken, cpu = self._median_start(self._with_song())
+        return {"start_ms": taken, "start_cpu_ms": cpu}
+
+    def start_without(self):
+        taken, cpu = self._median_start(without_song(self.player.command))
+        return {"bare_start_ms": taken, "bare_start_cpu_ms": cpu}
+
+    def idle(self):
+        if not self.player.has_window:
+            return {}
+        with self._started(without_song(self.player.command)):
+            self.tree.wait_until_calm(3, PATIENCE_SECONDS)
+            cpu, wakeups = self.tree.watch(30)
+            return {"idle_cpu": cpu, "idle_wakeups": wakeups, "idle_mb": self.tree.resident_mb()}
+
+    def playing(self):
+        """Medians of three looks of ten seconds. The song must have been read at the pace of its sound meanwhile."""
+        with self._started(self._with_song()):
+            time.sleep(4)
+            before = self.tree.read_position(self.songs.song)
+            looks = [self.tree.watch(10) for _ in range(3)]
+            after = self.tree.read_position(self.songs.song)
+            memory = self.tree.resident_mb()
+        if before is None or after is None or not 15 < (after - before) / BYTES_A_SECOND < 60:
+            return self._not_measured(f"does not play the song at its pace (read from {before} to {after})")
+        cpu, wakeups = map(statistics.median, zip(*looks))
+        return {"playing_cpu": cpu, "playing_wakeups": wakeups, "playing_mb": memory}
+
+    def folder(self):
+        """How much longer it works after a start, and how much more memory it has then, than with a single song."""
+        if not self.player.folder_command or not self.player.has_window:
+            return {}
+        few_seconds, few_mb = self._median_opening(self.songs.song)
+        seconds, memory = self._median_opening(self.songs.among_many())
+        if seconds >= PATIENCE_SECONDS:
+            complain(f"{self.player.name} still works on the folder after {PATIENCE_SECONDS} s; measured as it is")
+        return {"folder_s": seconds - few_seconds, "folder_mb": memory - few_mb}
+
+    def search(self):
+        """CPU milliseconds of typing into the search over the big folder, key by key. A song may play meanwhile."""
+        if not self.player.folder_command or not self.player.search_keys:
+            return {}
+        with self._started(filled(self.player.folder_command, self.songs.among_many())):
+            self.tree.wait_until_calm(2, PATIENCE_SECONDS)
+            self._press(self.player.search_keys, 0.5)
+            self.tree.wait_until_calm(1, PATIENCE_SECONDS)
+            used = [self._type(letter) for letter in TYPED]
+            typed = self._text_in_focus()
+        if typed != TYPED:
+            return self._not_measured(f"has not opened its search: the text that has the focus is '{typed}'")
+        return {"key_ms": statistics.mean(used), "key_slowest_ms": max(used)}
+
+    def _with_song(self):
+        return filled(self.player.command, self.songs.song)
+
+    def _started(self, command):
+        return started(self.player, self.desktop, self.tree, command)
+
+    def _median_start(self, command):
+        """Milliseconds to the window and CPU milliseconds by then."""
+        if not self.player.has_window:
+            return None, None
+        starts = []
+        for _ in range(STARTS):
+            with self._started(command) as shown:
+                if not shown:
+                    raise SystemExit(f"bench/run: no window within {WINDOW_SECONDS} seconds: {' '.join(command)}")
+                starts.append(shown)
+                time.sleep(0.5)
+        return map(statistics.median, zip(*starts))
+
+    def _median_opening(self, song):
+        """Seconds until it has done its work after a start, and its memory then. Slow ones are started less often."""
+        openings = []
+        while len(openings) < FOLDER_STARTS and sum(seconds for seconds, _ in openings) < 30:
+            began = time.monotonic()
+            with self._started(filled(self.player.folder_command, song)):
+                done = self.tree.wait_until_calm(2, PATIENCE_SECONDS)
+                openings.append((done - began, self.tree.resident_mb()))
+        return map(statistics.median, zip(*openings))
+
+    def _press(self, keys, pause=0.0):
+        for key in keys:
+            self.desktop.run("xdotool", "key", key)
+            time.sleep(pause)
+
+    def _type(self, letter):
+        used = self.tree.cpu()
+        self._press(["space" if letter == " " else letter])
+        self.tree.wait_until_calm(0.2, KEY_PATIENCE_SECONDS)
+        return growth(used, self.tree.cpu()) * 1000
+
+    def _text_in_focus(self):
+        self._press(["ctrl+a", "ctrl+c"], 0.5)
+        return self.desktop.run("timeout", "5", "xclip", "-selection", "clipboard", "-out")
+
+    def _not_measured(self, why):
+        """No figures, which only another player may do."""
+        if self.player.is_ours:
+            raise SystemExit(f"bench/run: {self.player.name} {why}")
+        complain(f"{self.player.name} {why}")
+        return {}
