@@ -1,12 +1,10 @@
-// A media engine without sound: it notes what it is told, reports what a test gives it, and fails the running test on a
-// call that was not announced.
+// A media engine without sound: it notes what it is told, and reports what a test gives it.
 #pragma once
 
 #include "playback/media_engine.h"
 
 #include <QStringList>
 
-#include <optional>
 #include <utility>
 
 class FakeEngine : public MediaEngine
@@ -16,18 +14,7 @@ class FakeEngine : public MediaEngine
 public:
     using MediaEngine::MediaEngine;
 
-    /// From now on exactly these calls may come, in this order: `FileName z:\a.mp3`, `Play`, `Pause`, `Stop`,
-    /// `Position 12`, `Volume -600`. Forgets the calls noted so far.
-    void expect(const QStringList &calls);
-    void expectNothing() { expect({}); }
-
-    /// From now on every call may come, which is also how it begins.
-    void expectAnything() { m_announced.reset(); }
-
-    /// Have all announced calls come? What is missing fails the test.
-    bool allCame() const;
-
-    /// The calls noted since the last question.
+    /// The calls since the last question: `FileName z:\a.mp3`, `Play`, `Pause`, `Stop`, `Position 12`, `Volume -600`.
     QStringList takeCalls() { return std::exchange(m_calls, {}); }
 
     /// What the engine would do by itself.
@@ -48,7 +35,6 @@ public:
     bool isPlaying() const override { return m_isPlaying; }
 
 private:
-    void note(const QString &call);
     void setPlaying(bool on);
 
     QString m_fileName;
@@ -57,5 +43,4 @@ private:
     int m_volume = 0;
     bool m_isPlaying = false;
     QStringList m_calls;
-    std::optional<QStringList> m_announced; // What may still come; nothing: everything may.
 };
