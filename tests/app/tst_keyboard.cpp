@@ -77,20 +77,6 @@ private Q_SLOTS:
         QCOMPARE(second.focusWidget(), last);
     }
 
-    void comingToTheNamesPlaysNothingButEnterDoes()
-    {
-        Mp3Frm &window = m_program.mainWindow();
-        window.List1.setItems({u"Song"_s});
-        open(window);
-        window.ListSwitch.press();
-        window.List1.setFocus();
-        QCOMPARE(m_engine.takeCalls().filter(u"Play"_s), QStringList());
-        window.List1.setListIndex(0);
-        m_engine.takeCalls();
-        QTest::keyClick(&window.List1, Qt::Key_Return);
-        QCOMPARE(m_engine.takeCalls().size(), 2);
-    }
-
 private:
     FakeEngine m_engine;
     Program m_program{m_engine};

@@ -104,7 +104,11 @@ private Q_SLOTS:
         stand.window.ListSwitch.press();
         stand.window.show();
         QVERIFY(list.isVisible() && !stand.window.File1.isVisible());
+        list.setFocus();
+        QCOMPARE(stand.takeCalls(), u""_s);
         clickRow(list, 0);
+        QCOMPARE(stand.takeCalls(), u"FileName Song.mp3, Play"_s);
+        QTest::keyClick(&list, Qt::Key_Return);
         QCOMPARE(stand.takeCalls(), u"FileName Song.mp3, Play"_s);
         stand.window.setMusicFolder(other.path());
         QCOMPARE(list.List(0), u"Song"_s); // Until somebody refreshes it.

@@ -61,7 +61,7 @@ private Q_SLOTS:
         installAccessibility();
     }
 
-    void a_timer_rests_and_waits_as_told()
+    void aTimerRestsAndWaitsAsTold()
     {
         constexpr int hourMs = 3'600'000;
         Timer timer(nullptr, u"Timer1"_s, 1);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(ticks.size(), before + 2);
     }
 
-    void a_one_shot_timer_fires_once_after_the_handler()
+    void aOneShotTimerFiresOnceAfterTheHandler()
     {
         Timer timer(nullptr, u"Timer2"_s, 1, Timer::Kind::OneShot);
         timer.setResting(true); // Never does.
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QVERIFY(!timer.Enabled());
     }
 
-    void the_volume_is_loudest_at_the_top()
+    void theVolumeIsLoudestAtTheTop()
     {
         VScrollBar volume(nullptr, at({0, 0, 20, 184}), 0, -2290);
         volume.setSmallChange(5);
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(volume.Value(), -20);
     }
 
-    void only_the_user_scrolls()
+    void onlyTheUserScrolls()
     {
         HScrollBar position(nullptr, at({0, 0, 400, 16}));
         position.setRange(0, 200);
@@ -163,14 +163,15 @@ private Q_SLOTS:
         QCOMPARE(scrolls.size(), 2);
     }
 
-    void labels_and_pictures_are_pressed()
+    void labelsAndPicturesArePressed()
     {
         Label label(nullptr, at({0, 0, 60, 20}), u"before"_s);
         label.setButton(true);
         label.setCaption(u"Play"_s);
         PictureBox picture(nullptr, at({0, 0, 60, 20}));
         picture.setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
-        for (const auto &[widget, name] : {std::pair<QWidget *, QString>(&label, u"Play"_s), {&picture, u"A control"_s}}) {
+        for (const auto &[widget, name] :
+             {std::pair<QWidget *, QString>(&label, u"Play"_s), {&picture, u"A control"_s}}) {
             widget->show();
             const QSignalSpy clicks(widget, SIGNAL(Click()));
             QTest::mouseClick(widget, Qt::LeftButton);
@@ -192,7 +193,7 @@ private Q_SLOTS:
         }
     }
 
-    void a_menu_shows_marks_and_closes_after_its_command()
+    void aMenuShowsMarksAndClosesAfterItsCommand()
     {
         MenuItems items(nullptr, u"mnuTest"_s, {u"Rock & Roll"_s, u"-"_s, u"Repeat"_s});
         QStringList events;
@@ -218,7 +219,7 @@ private Q_SLOTS:
         QTRY_COMPARE(events, QStringList({u"2"_s, u"closed"_s, u"closed"_s}));
     }
 
-    void a_window_without_its_picture_is_plain()
+    void aWindowWithoutItsPictureIsPlain()
     {
         const QColor plain = QColor::fromRgb(palette::graphite);
         const TestFolder skins;
@@ -240,7 +241,7 @@ private Q_SLOTS:
         qunsetenv("KIV_MP3_SKINS");
     }
 
-    void a_window_is_dragged_by_its_skin()
+    void aWindowIsDraggedByItsSkin()
     {
         SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
         Label text(&window, at({10, 10, 100, 20}), u"a text"_s);
@@ -260,7 +261,7 @@ private Q_SLOTS:
         QTRY_COMPARE(window.pos(), start + QPoint(37, 40));
     }
 
-    void a_window_tells_when_it_is_seen()
+    void aWindowTellsWhenItIsSeen()
     {
         SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
         QList<bool> told;

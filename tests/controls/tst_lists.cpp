@@ -21,7 +21,7 @@ class ListsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void a_choice_clicks_once()
+    void aChoiceClicksOnce()
     {
         ListBox list(nullptr, setup);
         list.setItems({u"a"_s, u"b"_s, u"c"_s});
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 5);
     }
 
-    void a_menu_is_asked_for_without_choosing()
+    void aMenuIsAskedForWithoutChoosing()
     {
         ListBox list(nullptr, setup);
         list.setItems({u"a"_s, u"b"_s, u"c"_s});
@@ -66,8 +66,7 @@ private Q_SLOTS:
         const QSignalSpy clicks(&list, &ListBox::Click);
         clickRow(list, 2, Qt::RightButton);
         QCOMPARE(list.menuRow(), 2);
-        QCOMPARE(list.menuPosition(),
-                 list.viewport()->mapToGlobal(rowPlace(list, 2)));
+        QCOMPARE(list.menuPosition(), list.viewport()->mapToGlobal(rowPlace(list, 2)));
         QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
         QCoreApplication::sendEvent(&list, &key);
         QCOMPARE(list.menuRow(), 0);
@@ -81,20 +80,7 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 0);
     }
 
-    void a_removed_row_takes_only_its_own_choice()
-    {
-        for (const auto &[row, chosen] : {std::pair(0, 0), {1, -1}, {2, 1}, {3, 1}}) {
-            ListBox list(nullptr, setup);
-            list.setItems({u"a"_s, u"b"_s, u"c"_s});
-            list.setListIndex(1);
-            const QSignalSpy clicks(&list, &ListBox::Click);
-            QCOMPARE(list.RemoveItem(row), row < 3);
-            QCOMPARE(list.ListIndex(), chosen);
-            QCOMPARE(clicks.size(), 0);
-        }
-    }
-
-    void files_fit_the_pattern_and_stay_chosen()
+    void filesFitThePatternAndStayChosen()
     {
         const TestFolder folder;
         for (const auto &name : {u"b.MP3"_s, u"a.wav"_s, u"C.wma"_s, u"d.ogg"_s, u".e.mp3"_s})
@@ -120,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(list.ListCount(), 0);
     }
 
-    void folders_open_by_double_click_and_enter()
+    void foldersOpenByDoubleClickAndEnter()
     {
         const TestFolder folder;
         for (const auto &name : {u"B/In"_s, u"a"_s, u".hidden"_s})

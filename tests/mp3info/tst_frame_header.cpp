@@ -26,7 +26,7 @@ QByteArray withXing(qsizetype at, const char *frames, const char *tag = "Xing")
 }
 } // namespace
 
-class TestFrameHeader : public QObject
+class FrameHeaderTest : public QObject
 {
     Q_OBJECT
 
@@ -94,5 +94,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestFrameHeader)
+QTEST_APPLESS_MAIN(FrameHeaderTest)
 #include "tst_frame_header.moc"

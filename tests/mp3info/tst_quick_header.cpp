@@ -22,7 +22,7 @@ QByteArray xingFile(const char *frames, qsizetype at = 0)
 }
 } // namespace
 
-class TestQuickHeader : public QObject
+class QuickHeaderTest : public QObject
 {
     Q_OBJECT
 
@@ -86,5 +86,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestQuickHeader)
+QTEST_APPLESS_MAIN(QuickHeaderTest)
 #include "tst_quick_header.moc"

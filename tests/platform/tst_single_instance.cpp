@@ -31,7 +31,7 @@ class SingleInstanceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void the_first_one_holds_the_lock()
+    void theFirstOneHoldsTheLock()
     {
         {
             const SingleInstance first;
@@ -43,7 +43,7 @@ private Q_SLOTS:
         QVERIFY(!SingleInstance().isPreviousRunning());
     }
 
-    void what_a_dead_one_left_is_no_hindrance()
+    void whatADeadOneLeftIsNoHindrance()
     {
         QVERIFY(!anotherFindsOneRunning());
         QVERIFY(QFile::exists(lockPath()));
@@ -56,7 +56,7 @@ private Q_SLOTS:
         }
     }
 
-    void plays_where_no_lock_can_be()
+    void playsWhereNoLockCanBe()
     {
         qputenv("XDG_RUNTIME_DIR", "/proc");
         QVERIFY(!SingleInstance().isPreviousRunning());

@@ -14,7 +14,7 @@ class SettingsStoreTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_a_key_data()
+    void readsAKey_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("value");
@@ -35,13 +35,13 @@ private Q_SLOTS:
         QTest::newRow("a name's own wide blank") << u"[S]\nKEY=a\u00A0"_s << u"a\u00A0"_s;
     }
 
-    void reads_a_key()
+    void readsAKey()
     {
         QFETCH(QString, text);
         QTEST(iniValue(text, u"S", u"key"), "value");
     }
 
-    void cuts_long_values()
+    void cutsLongValues()
     {
         for (const qsizetype length : {749, 750, 751}) {
             const QString text = u"[S]\nKEY=\""_s + QString(length, u'v') + u"\"\n"_s;
@@ -49,7 +49,7 @@ private Q_SLOTS:
         }
     }
 
-    void writes_in_place_data()
+    void writesInPlace_data()
     {
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
@@ -60,13 +60,13 @@ private Q_SLOTS:
         QTest::newRow("empty section at the end") << u"[S]"_s << u"[S]\r\nKEY=v\r\n"_s;
     }
 
-    void writes_in_place()
+    void writesInPlace()
     {
         QFETCH(QString, before);
         QTEST(withIniValue(before, u"S", u"KEY", u"v"_s), "after");
     }
 
-    void a_file_survives_a_round_trip()
+    void aFileSurvivesARoundTrip()
     {
         const TestFolder folder;
         const QString file = folder.makeFile(u"s.ini"_s, "\xEF\xBB\xBF[zelkmp3]\nvolume=-5\n");
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(folder.bytesOf(u"s.ini"_s), QByteArray("[zelkmp3]\nvolume=-5\nMP3PATH=z:\\Ol\xE9\n"));
     }
 
-    void a_write_without_its_folder_is_lost()
+    void aWriteWithoutItsFolderIsLost()
     {
         writeSetting(Setting::Volume, u"1"_s);
         QVERIFY(readSetting(Setting::Volume).isEmpty());

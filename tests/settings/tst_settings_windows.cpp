@@ -160,13 +160,10 @@ private Q_SLOTS:
         QTest::keyClick(&browser.dir1, Qt::Key_Escape);
         QVERIFY(!browser.toolBar.isVisible());
         QCOMPARE(browser.mainFile1.Path(), browser.folder.path());
-    }
 
-    void opensTheMusicFolderOnlyWhenItHoldsFiles()
-    {
-        Browser browser;
-        browser.open(browser.folder.path(u"empty"_s));
-        QVERIFY(browser.dir1.Path() != browser.folder.path(u"empty"_s) && !browser.dir1.Path().isEmpty());
+        Browser other; // A music folder without any file is not opened.
+        other.open(other.folder.path(u"empty"_s));
+        QVERIFY(other.dir1.Path() != other.folder.path(u"empty"_s) && !other.dir1.Path().isEmpty());
     }
 
     void confirmingChangesTheMusicFolder()
@@ -191,16 +188,12 @@ private Q_SLOTS:
     {
         Browser browser;
         auto &timer = control<Timer>(browser.toolBar, u"Timer1"_s);
-        timer.setInterval(20);
-        const QSignalSpy ticks(&timer, &Timer::tick);
         browser.open(browser.folder.path());
         const QImage before = browser.toolBar.grab().toImage();
-        QTRY_VERIFY(!ticks.isEmpty());
-        QVERIFY(browser.toolBar.grab().toImage() != before);
+        QTRY_VERIFY(browser.toolBar.grab().toImage() != before);
         browser.toolBar.hide();
-        const qsizetype count = ticks.size();
-        QTest::qWait(80);
-        QCOMPARE(ticks.size(), count);
+        const QSignalSpy ticks(&timer, &Timer::tick);
+        QVERIFY(!QTest::qWaitFor([&] { return !ticks.isEmpty(); }, 2 * timer.Interval()));
     }
 
     void tipsAreCutTo64Characters()
