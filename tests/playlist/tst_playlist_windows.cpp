@@ -112,10 +112,8 @@ private Q_SLOTS:
         fill(QStringList(20, u"Glove"_s));
         m_playlist->RandomPlay = true;
         std::set<int> chosen;
-        for (int i = 0; i < 200; ++i) {
-            const int before = m_songs->ListIndex();
+        for (int i = 0; i < 100; ++i) {
             nextSong();
-            QVERIFY(m_songs->ListIndex() != before);
             chosen.insert(m_songs->ListIndex());
         }
         QVERIFY(chosen.size() > 15);
