@@ -75,23 +75,18 @@ private Q_SLOTS:
         QCOMPARE(header.fileBytes, static_cast<std::int32_t>(length % 4'294'967'296));
     }
 
-    void xingFramesAreCounted_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("frames");
-        QTest::newRow("count") << withXing("00002a30") << 10'800;
-        QTest::newRow("largest") << withXing("7fffffff") << 2'147'483'647;
-        QTest::newRow("beyond 31 bits") << withXing("80000000") << 0;
-        QTest::newRow("constant rate") << withXing("00002a30", 36, "Info") << 0;
-        QTest::newRow("place of a mono file") << withXing("00002a30", 21) << 0;
-        QTest::newRow("no frame") << withXing("00002a30", 35).replace(0, 2, "..") << 10'800;
-        QTest::newRow("cut within the count") << withXing("00002a30").first(47) << 10'752;
-    }
-
     void xingFramesAreCounted()
     {
-        QFETCH(const QByteArray, bytes);
-        QTEST(readFrameHeader(bytes, bytes.size()).frames, "frames");
+        for (const auto &[bytes, frames] : {
+                 std::pair(withXing("00002a30"), 10'800),
+                 {withXing("7fffffff"), 2'147'483'647},
+                 {withXing("80000000"), 0},
+                 {withXing("00002a30", 36, "Info"), 0},                  // A constant rate.
+                 {withXing("00002a30", 21), 0},                          // The place of a mono file.
+                 {withXing("00002a30", 35).replace(0, 2, ".."), 10'800}, // No frame.
+                 {withXing("00002a30").first(47), 10'752},               // Cut within the count.
+             })
+            QCOMPARE(readFrameHeader(bytes, bytes.size()).frames, frames);
     }
 
     void searchEndsAfter5000Bytes()

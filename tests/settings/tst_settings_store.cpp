@@ -49,21 +49,16 @@ private Q_SLOTS:
         }
     }
 
-    void writesInPlace_data()
-    {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("empty") << u""_s << u"[S]\r\nKEY=v\r\n"_s;
-        QTest::newRow("last line open") << u"[A]\nx=1"_s << u"[A]\nx=1\n[S]\nKEY=v\n"_s;
-        QTest::newRow("replaced") << u"; c\n\n[S]\n a=1\n key = 2\r\nb=3"_s << u"; c\n\n[S]\n a=1\nKEY=v\r\nb=3"_s;
-        QTest::newRow("added before the gap") << u"[s]\rx=1\r\r[T]\rKEY=2"_s << u"[s]\rx=1\rKEY=v\r\r[T]\rKEY=2"_s;
-        QTest::newRow("empty section at the end") << u"[S]"_s << u"[S]\r\nKEY=v\r\n"_s;
-    }
-
     void writesInPlace()
     {
-        QFETCH(QString, before);
-        QTEST(withIniValue(before, u"S", u"KEY", u"v"_s), "after");
+        for (const auto &[before, after] : {
+                 std::pair(u""_s, u"[S]\r\nKEY=v\r\n"_s),
+                 {u"[A]\nx=1"_s, u"[A]\nx=1\n[S]\nKEY=v\n"_s}, // The last line is open.
+                 {u"; c\n\n[S]\n a=1\n key = 2\r\nb=3"_s, u"; c\n\n[S]\n a=1\nKEY=v\r\nb=3"_s},
+                 {u"[s]\rx=1\r\r[T]\rKEY=2"_s, u"[s]\rx=1\rKEY=v\r\r[T]\rKEY=2"_s}, // Before the gap.
+                 {u"[S]"_s, u"[S]\r\nKEY=v\r\n"_s},
+             })
+            QCOMPARE(withIniValue(before, u"S", u"KEY", u"v"_s), after);
     }
 
     void aFileSurvivesARoundTrip()
