@@ -250,7 +250,7 @@ private Q_SLOTS:
         send(window, QEvent::MouseButtonRelease, grip + QPoint(30, 40), Qt::LeftButton, Qt::NoButton);
         send(window, QEvent::MouseMove, grip, Qt::NoButton, Qt::LeftButton);
         QCOMPARE(window.pos(), start + QPoint(30, 40));
-        const QPoint onText = text.mapToGlobal(QPoint(5, 5));
+        const QPoint onText = text.mapToGlobal(QPoint(5, 5)); // A text is no obstacle.
         send(text, QEvent::MouseButtonPress, onText, Qt::LeftButton, Qt::LeftButton);
         send(window, QEvent::MouseMove, onText + QPoint(7, 0), Qt::NoButton, Qt::LeftButton);
         QTRY_COMPARE(window.pos(), start + QPoint(37, 40));

@@ -22,6 +22,7 @@ QByteArray block(const QByteArray &marker, const QByteArray &title, char padding
     return marker + title.leftJustified(124, padding) + genre;
 }
 
+// As much of a combo box as the genres need.
 struct Combo {
     QStringList items = {u"old"_s};
     int current = -1;

@@ -34,17 +34,19 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QStringList>("fields");
-        QTest::newRow("nothing") << u""_s << QStringList{};
-        QTest::newRow("every kind of line end")
-            << u"a\nb\rc\r\n\r\nd\r\n"_s << QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s};
-        QTest::newRow("comma") << u"Artist, Song\r\n"_s << QStringList{u"Artist"_s, u"Song"_s};
-        QTest::newRow("commas side by side") << u",a,,b,\r\nc"_s << QStringList{u""_s, u"a"_s, u""_s, u"b"_s, u"c"_s};
-        QTest::newRow("quoted") << u"\"a, b\" , \"\"\r\nc"_s << QStringList{u"a, b"_s, u""_s, u"c"_s};
-        QTest::newRow("quoted over two lines") << u"\"a\r\nb\"\r\nc"_s << QStringList{u"a\r\nb"_s, u"c"_s};
-        QTest::newRow("text after a quote") << u"\"a\"b\r\n"_s << QStringList{u"a"_s, u"b"_s};
-        QTest::newRow("quote inside") << u"a \"b\" c\r\n"_s << QStringList{u"a \"b\" c"_s};
-        QTest::newRow("unclosed quote") << u"a\r\n\"b\r\nc\r\n"_s << QStringList{u"a"_s, u"b\r\nc\r\n"_s};
-        QTest::newRow("end-of-file letters") << u"a\u001Ab\r\n\u001A\u001A"_s << QStringList{u"a\u001Ab"_s};
+        const auto row = [](const char *name, const QString &text, const QStringList &fields) {
+            QTest::newRow(name) << text << fields;
+        };
+        row("nothing", u""_s, {});
+        row("every kind of line end", u"a\nb\rc\r\n\r\nd\r\n"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+        row("comma", u"Artist, Song\r\n"_s, {u"Artist"_s, u"Song"_s});
+        row("commas side by side", u",a,,b,\r\nc"_s, {u""_s, u"a"_s, u""_s, u"b"_s, u"c"_s});
+        row("quoted", u"\"a, b\" , \"\"\r\nc"_s, {u"a, b"_s, u""_s, u"c"_s});
+        row("quoted over two lines", u"\"a\r\nb\"\r\nc"_s, {u"a\r\nb"_s, u"c"_s});
+        row("text after a quote", u"\"a\"b\r\n"_s, {u"a"_s, u"b"_s});
+        row("quote inside", u"a \"b\" c\r\n"_s, {u"a \"b\" c"_s});
+        row("unclosed quote", u"a\r\n\"b\r\nc\r\n"_s, {u"a"_s, u"b\r\nc\r\n"_s});
+        row("end-of-file letters", u"a\u001Ab\r\n\u001A\u001A"_s, {u"a\u001Ab"_s});
     }
 
     void fieldsAreCutByTheReadingRule()
@@ -81,27 +83,21 @@ private Q_SLOTS:
         QCOMPARE(LoadListFile(folder.path(u"no folder\\PlayList.kiv"_s)), QStringList());
     }
 
-    void timesAreSummed_data()
-    {
-        QTest::addColumn<QString>("times");
-        QTest::addColumn<int>("seconds");
-        QTest::addColumn<bool>("fails");
-        QTest::newRow("empty list") << u""_s << 0 << false;
-        QTest::newRow("odd length adds the one before") << u"3:05 x 1:00"_s << 430 << false;
-        QTest::newRow("odd length at first") << u"x 1:02:03 1:00"_s << 60 << false;
-        QTest::newRow("signs") << u"+1:-5"_s << 55 << false;
-        QTest::newRow("no colon") << u"12345"_s << 12 * 60 + 45 << false;
-        QTest::newRow("minutes are no number") << u"1:00 x:00 5:00"_s << 60 << true;
-        QTest::newRow("seconds are no number") << u"1:00 12:x0"_s << 60 << true;
-    }
-
     void timesAreSummed()
     {
-        QFETCH(QString, times);
-        const PlayTimeSum sum = addPlayTimes(times.split(u' '));
-        QTEST(sum.seconds, "seconds");
-        QTEST(sum.error.has_value(), "fails");
-        QCOMPARE(sum.error.value_or(ErrorRecord()).number, sum.error ? 13 : 0);
+        for (const auto &[times, seconds, fails] : {
+                 std::tuple(u""_s, 0, false),
+                 {u"3:05 x 1:00"_s, 430, false}, // An odd length adds the one before.
+                 {u"x 1:02:03 1:00"_s, 60, false},
+                 {u"+1:-5"_s, 55, false},
+                 {u"12345"_s, 12 * 60 + 45, false},
+                 {u"1:00 x:00 5:00"_s, 60, true}, // The minutes are no number,
+                 {u"1:00 12:x0"_s, 60, true},     // nor the seconds.
+             }) {
+            const PlayTimeSum sum = addPlayTimes(times.split(u' '));
+            QCOMPARE(sum.seconds, seconds);
+            QCOMPARE(sum.error.value_or(ErrorRecord()).number, fails ? 13 : 0);
+        }
         QCOMPARE(addPlayTimes({u"99:99"_s, u"99:99"_s}, 2'147'483'000).seconds, 2'147'483'647);
     }
 

@@ -117,13 +117,9 @@ private Q_SLOTS:
 
     void genresKeepTheirOwnNumbers()
     {
-        const auto nameOf = [](int number) {
-            return QByteArray(
-                editorGenres[static_cast<std::size_t>(genrePosition(static_cast<std::uint8_t>(number)))].name);
-        };
-        QCOMPARE(nameOf(8), "Jazz+Funk");
-        QCOMPARE(nameOf(148), "Turbo Folk");
-        QCOMPARE(nameOf(0), "Blues");
+        for (const auto &[number, name] :
+             {std::pair<std::uint8_t, QByteArray>(8, "Jazz+Funk"), {148, "Turbo Folk"}, {0, "Blues"}})
+            QCOMPARE(QByteArray(editorGenres[static_cast<std::size_t>(genrePosition(number))].name), name);
         QCOMPARE(genrePosition(149), noGenrePosition);
         QCOMPARE(genreNumber(noGenrePosition), noGenreNumber);
         QCOMPARE(genreNumber(149), noGenreNumber);
