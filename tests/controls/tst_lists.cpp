@@ -2,23 +2,18 @@
 #include "controls/dir_list_box.h"
 #include "controls/file_list_box.h"
 #include "support/test_files.h"
+#include "support/windows.h"
 
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 const ControlSetup setup = {u"List"_s, u"A list"_s, {0, 0, 200, 150}};
-
-void press(ListBox &list, int row, Qt::MouseButton button = Qt::LeftButton)
-{
-    QTest::mouseClick(list.viewport(), button, {}, list.visualRect(list.model()->index(row, 0)).center());
-}
 } // namespace
 
 class ListsTest : public QObject
@@ -26,7 +21,7 @@ class ListsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void a_choice_clicks_once()
+    void aChoiceClicksOnce()
     {
         ListBox list(nullptr, setup);
         list.setItems({u"a"_s, u"b"_s, u"c"_s});
@@ -40,9 +35,9 @@ private Q_SLOTS:
         list.setListIndex(1);
         list.setListIndex(1);
         QCOMPARE(clicks.size(), 1);
-        press(list, 1); // The chosen row once more.
+        clickRow(list, 1); // The chosen row once more.
         QCOMPARE(clicks.size(), 2);
-        press(list, 2);
+        clickRow(list, 2);
         QCOMPARE(clicks.size(), 3);
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {5, 140}); // Beside the rows.
         QCOMPARE(clicks.size(), 3);
@@ -61,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 5);
     }
 
-    void a_menu_is_asked_for_without_choosing()
+    void aMenuIsAskedForWithoutChoosing()
     {
         ListBox list(nullptr, setup);
         list.setItems({u"a"_s, u"b"_s, u"c"_s});
@@ -69,10 +64,9 @@ private Q_SLOTS:
         list.setListIndex(0);
         const QSignalSpy presses(&list, &ListBox::MouseDown);
         const QSignalSpy clicks(&list, &ListBox::Click);
-        press(list, 2, Qt::RightButton);
+        clickRow(list, 2, Qt::RightButton);
         QCOMPARE(list.menuRow(), 2);
-        QCOMPARE(list.menuPosition(),
-                 list.viewport()->mapToGlobal(list.visualRect(list.model()->index(2, 0)).center()));
+        QCOMPARE(list.menuPosition(), list.viewport()->mapToGlobal(rowPlace(list, 2)));
         QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
         QCoreApplication::sendEvent(&list, &key);
         QCOMPARE(list.menuRow(), 0);
@@ -86,21 +80,7 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 0);
     }
 
-    void a_removed_row_takes_only_its_own_choice()
-    {
-        for (const auto &[row, chosen] : {std::pair(0, 0), {1, -1}, {2, 1}, {3, 1}}) {
-            ListBox list(nullptr, setup);
-            list.setItems({u"a"_s, u"b"_s, u"c"_s});
-            list.setListIndex(1);
-            const QSignalSpy clicks(&list, &ListBox::Click);
-            QCOMPARE(list.RemoveItem(row), row < 3);
-            QCOMPARE(list.ListIndex(), chosen);
-            QCOMPARE(list.List(chosen), chosen < 0 ? QString() : u"b"_s);
-            QCOMPARE(clicks.size(), 0);
-        }
-    }
-
-    void files_fit_the_pattern_and_stay_chosen()
+    void filesFitThePatternAndStayChosen()
     {
         const TestFolder folder;
         for (const auto &name : {u"b.MP3"_s, u"a.wav"_s, u"C.wma"_s, u"d.ogg"_s, u".e.mp3"_s})
@@ -126,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(list.ListCount(), 0);
     }
 
-    void folders_open_by_double_click_and_enter()
+    void foldersOpenByDoubleClickAndEnter()
     {
         const TestFolder folder;
         for (const auto &name : {u"B/In"_s, u"a"_s, u".hidden"_s})
@@ -146,10 +126,10 @@ private Q_SLOTS:
         QCOMPARE(list.List(list.ListIndex() + 1).trimmed(), u"▸ In"_s);
         list.resize(400, 600);
         list.show();
-        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.currentIndex()).center());
+        doubleClickRow(list, list.ListIndex());
         QCOMPARE(changes.size(), 2); // Open already.
         list.setListIndex(0);
-        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.currentIndex()).center());
+        doubleClickRow(list, list.ListIndex());
         QCOMPARE(list.Path(), u"z:\\"_s);
         QCOMPARE(list.ListIndex(), 0);
         QVERIFY(!list.setPath(folder.path(u"missing"_s)));

@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-class TestFileNames : public QObject
+class FileNamesTest : public QObject
 {
     Q_OBJECT
 
@@ -79,5 +79,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestFileNames)
+QTEST_APPLESS_MAIN(FileNamesTest)
 #include "tst_file_names.moc"

@@ -1,14 +1,13 @@
 // The context menus, their commands, and the questions they ask.
 #include "filetools/menus.h"
 #include "filetools/shell_windows.h"
+#include "platform/drives.h"
 #include "tests/filetools/name_tools.h"
 
 #include <QApplication>
 #include <QMenu>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -18,131 +17,134 @@ struct Stand : NameTools {
     using NameTools::NameTools;
 
     QString pickedFolder;
+    QString asked;
     Menus menus{&engine,
-                {modes, main.songs(), main.player(), main.AutoPlaySong, main.Timer2, formatMp3,
+                {modes, window.songs(), window.player(), window.AutoPlaySong, window.Timer2, formatMp3,
                  [this](const QString &title, const QString &start) {
                      asked = title + u'|' + start;
                      return pickedFolder;
                  }}};
-    QString asked;
 
-    bool checked(SongMenuItem item) const { return modes.isChecked(item); }
     void choose(int item) { modes.songMenu().choose(item); }
+
+    // The play modes that are on, and the timers that run.
+    QString state() const
+    {
+        QStringList on;
+        for (const auto &[is, name] : {std::pair(modes.isChecked(AutoPlayItem), u"auto"_s),
+                                       {modes.isChecked(RepeatSongItem), u"song"_s},
+                                       {modes.isChecked(RepeatAllItem), u"all"_s},
+                                       {window.AutoPlaySong.Enabled(), u"AutoPlaySong"_s},
+                                       {window.Timer2.Enabled(), u"Timer2"_s}})
+            on += is ? QStringList(name) : QStringList();
+        return on.join(u' ');
+    }
 };
 } // namespace
 
-class TestMenus : public QObject
+class MenusTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void commandsForOtherWindowsLeaveAsSignals_data()
-    {
-        QTest::addColumn<bool>("ofPlayList");
-        QTest::addColumn<int>("item");
-        QTest::addColumn<QByteArray>("wanted"); // The one signal that comes; none for "".
-        QTest::newRow("name tools") << false << 0 << QByteArray("nameToolsWanted()");
-        QTest::newRow("options") << false << 3 << QByteArray("optionsWanted()");
-        QTest::newRow("play list") << false << 7 << QByteArray("playListToggled()");
-        QTest::newRow("search") << false << 8 << QByteArray("songSearchWanted()");
-        QTest::newRow("separator") << false << 9 << QByteArray();
-        QTest::newRow("about") << false << 10 << QByteArray("aboutWanted()");
-        QTest::newRow("mp3 info") << false << 11 << QByteArray();
-        QTest::newRow("clear") << true << 0 << QByteArray("playListCleared()");
-        QTest::newRow("load") << true << 1 << QByteArray("playListLoadWanted()");
-        QTest::newRow("save") << true << 2 << QByteArray("playListSaveWanted()");
-        QTest::newRow("random") << true << 4 << QByteArray("randomSwitched(bool)");
-        QTest::newRow("sort") << true << 5 << QByteArray();
-    }
-
     void commandsForOtherWindowsLeaveAsSignals()
     {
-        QFETCH(bool, ofPlayList);
-        QFETCH(int, item);
-        Stand stand(QStringList{});
-        const QMetaObject &meta = Menus::staticMetaObject;
-        std::vector<std::unique_ptr<QSignalSpy>> spies;
-        for (int index = meta.methodOffset(); index < meta.methodCount(); ++index)
-            if (meta.method(index).methodType() == QMetaMethod::Signal)
-                spies.push_back(std::make_unique<QSignalSpy>(&stand.menus, meta.method(index)));
-        MenuItems &menu = ofPlayList ? stand.menus.mnuPlayListItems : stand.modes.songMenu();
-        menu.choose(item);
-        QByteArray came;
-        for (const auto &spy : spies)
-            for (int call = 0; call < spy->size(); ++call)
-                came += spy->signal().isEmpty() ? QByteArray() : spy->signal();
-        QTEST(came, "wanted");
-        QCOMPARE(menu.Checked(item), ofPlayList && item >= RandomItem);
-        menu.choose(item);
-        QVERIFY(!menu.Checked(item));
+        Stand stand;
+        const Menus &menus = stand.menus;
+        QStringList came;
+        const auto note = [&](auto signal, const QString &name) {
+            connect(&menus, signal, this, [&came, name] { came += name; });
+        };
+        note(&Menus::nameToolsWanted, u"name tools"_s);
+        note(&Menus::optionsWanted, u"options"_s);
+        note(&Menus::playListToggled, u"play list"_s);
+        note(&Menus::songSearchWanted, u"search"_s);
+        note(&Menus::aboutWanted, u"about"_s);
+        note(&Menus::playListCleared, u"clear"_s);
+        note(&Menus::playListLoadWanted, u"load"_s);
+        note(&Menus::playListSaveWanted, u"save"_s);
+        connect(&menus, &Menus::randomSwitched, this, [&](bool on) { came += on ? u"random"_s : u"in order"_s; });
+        for (const int item : {0, 3, 7, 8, 9, 10, 11}) {
+            stand.choose(item);
+            QVERIFY(!stand.modes.songMenu().Checked(item));
+        }
+        QCOMPARE(came.join(u'|'), u"name tools|options|play list|search|about"_s);
+        came.clear();
+        MenuItems &ofPlayList = stand.menus.mnuPlayListItems;
+        for (const int item : {ClearListItem, LoadListItem, SaveListItem, RandomItem, SortListItem}) {
+            for (const bool first : {true, false}) {
+                ofPlayList.choose(item);
+                QCOMPARE(ofPlayList.Checked(item), first && item >= RandomItem);
+            }
+        }
+        QCOMPARE(came.join(u'|'), u"clear|clear|load|load|save|save|random|in order"_s);
     }
 
     void playModesExcludeEachOther()
     {
         Stand stand({u"a.mp3"_s});
-        stand.choose(AutoPlayItem);
-        QVERIFY(stand.checked(AutoPlayItem) && stand.main.AutoPlaySong.Enabled());
-        stand.choose(RepeatSongItem);
-        QVERIFY(!stand.checked(AutoPlayItem) && stand.checked(RepeatSongItem));
-        QVERIFY(stand.main.AutoPlaySong.Enabled() && stand.main.Timer2.Enabled()); // The old mode's timer stays on.
-        stand.choose(RepeatAllItem);
-        QVERIFY(stand.checked(RepeatAllItem) && !stand.checked(RepeatSongItem));
-        stand.choose(RepeatAllItem);
-        QVERIFY(!stand.checked(RepeatAllItem) && !stand.checked(RepeatSongItem) && !stand.checked(AutoPlayItem));
-        stand.choose(AutoPlayItem);
-        stand.choose(AutoPlayItem);
-        QVERIFY(!stand.main.AutoPlaySong.Enabled() && stand.main.Timer2.Enabled());
+        for (const auto &[item, state] : {
+                 std::pair(AutoPlayItem, u"auto AutoPlaySong"_s),
+                 {RepeatSongItem, u"song AutoPlaySong Timer2"_s}, // The old mode's timer stays on.
+                 {RepeatAllItem, u"all AutoPlaySong Timer2"_s},
+                 {RepeatAllItem, u"AutoPlaySong Timer2"_s},
+                 {AutoPlayItem, u"auto AutoPlaySong Timer2"_s},
+                 {AutoPlayItem, u"Timer2"_s},
+             }) {
+            stand.choose(item);
+            QCOMPARE(stand.state(), state);
+        }
     }
 
     void repeatRemembersItsSongAndStopsWithIt()
     {
         Stand stand({u"a.mp3"_s});
-        stand.engine.expectNothing();
-        stand.main.songs().setPointedSong(u"a.mp3"_s);
+        stand.window.songs().setPointedSong(u"a.mp3"_s);
         stand.choose(RepeatSongItem);
-        QCOMPARE(stand.main.player().RepeatSongName, u"a.mp3"_s);
-        stand.engine.expect({u"Stop"_s});
+        QCOMPARE(stand.window.player().RepeatSongName, u"a.mp3"_s);
+        QCOMPARE(stand.takeCalls(), u""_s);
         stand.choose(RepeatSongItem);
-        QVERIFY(stand.engine.allCame() && !stand.main.Timer2.Enabled());
+        QCOMPARE(stand.takeCalls(), u"Stop"_s);
+        QCOMPARE(stand.state(), u""_s);
     }
 
     void songMenuEndsItsFreeze()
     {
-        Stand stand(QStringList{});
-        stand.main.songs().SongMenuOpen = true;
+        Stand stand;
+        stand.window.songs().SongMenuOpen = true;
         stand.choose(RefreshItem);
-        QVERIFY(!stand.main.songs().SongMenuOpen);
-        stand.main.songs().SongMenuOpen = true;
+        QVERIFY(!stand.window.songs().SongMenuOpen);
+        stand.window.songs().SongMenuOpen = true;
         stand.menus.openSongMenu({});
         QApplication::activePopupWidget()->close(); // Dismissed without a choice.
-        QTRY_VERIFY(!stand.main.songs().SongMenuOpen);
+        QTRY_VERIFY(!stand.window.songs().SongMenuOpen);
     }
 
     void deletesThePointedSong()
     {
         Stand stand({u"a.mp3"_s, u"b.mp3"_s});
-        stand.main.songs().setPointedSong(u"a.mp3"_s);
+        stand.window.songs().setPointedSong(u"a.mp3"_s);
         stand.choose(DeleteSongItem); // No is said.
-        QCOMPARE(stand.main.File1.ListCount(), 2);
+        QCOMPARE(stand.window.File1.ListCount(), 2);
         MsgBox::answerFromNowOn({MsgBox::Answer::Yes, MsgBox::Answer::Yes});
         stand.choose(DeleteSongItem);
-        QCOMPARE(stand.main.File1.items(), QStringList(u"b.mp3"_s));
-        QCOMPARE(stand.main.List1.ListCount(), 2);
+        QCOMPARE(stand.window.File1.items(), QStringList(u"b.mp3"_s));
+        QCOMPARE(stand.window.List1.ListCount(), 2);
         stand.choose(RefreshItem);
-        QCOMPARE(stand.main.List1.ListCount(), 1);
-        MsgBox::takeShown();
+        QCOMPARE(stand.window.List1.ListCount(), 1);
+        takeBoxes();
         stand.choose(DeleteSongItem); // It is gone already.
-        QVERIFY(MsgBox::takeShown().isEmpty());
+        QCOMPARE(takeBoxes(), QStringList());
     }
 
     void opensOverFilesAndNames()
     {
         Stand stand({u"a.mp3"_s, u"b.mp3"_s});
         stand.openOn(u"a.mp3"_s);
-        QTest::mouseClick(stand.formatMp3.File1.viewport(), Qt::LeftButton, {}, stand.rowCentre(0));
+        clickRow(stand.formatMp3.File1, 0);
         QCOMPARE(stand.menus.mnuTagEditItems.Caption(0), u"Move... a.mp3"_s);
         QVERIFY(!stand.formatMp3.MoveMenuOpen && !QApplication::activePopupWidget());
-        QTest::mousePress(stand.formatMp3.File1.viewport(), Qt::RightButton, {}, stand.rowCentre(1));
+        clickRow(stand.formatMp3.File1, 1, Qt::RightButton);
         QCOMPARE(stand.menus.mnuTagEditItems.Caption(0), u"Move... b.mp3"_s);
         QCOMPARE(stand.formatMp3.File1.ListIndex(), 0);
         QVERIFY(stand.formatMp3.MoveMenuOpen);
@@ -160,41 +162,36 @@ private Q_SLOTS:
 
     void movesThePointedFile_data()
     {
-        QTest::addColumn<QString>("picked"); // A folder of the test's, "." for the file's own.
-        QTest::addColumn<bool>("yes");
-        QTest::addColumn<bool>("moved");
-        QTest::addColumn<QString>("shown");
-        const QString question = u"Move a.mp3 To %1?|Mp3 Mover"_s;
-        QTest::newRow("yes") << u"new"_s << true << true << question;
-        QTest::newRow("no") << u"new"_s << false << false << question;
-        QTest::newRow("no folder picked") << QString() << true << false << QString();
-        QTest::newRow("missing folder") << u"gone"_s << true << false << question + u"|Error Moving|Sorry,"_s;
-        QTest::newRow("onto itself") << u"."_s << true << false << question + u"|Error Moving|Sorry,"_s;
+        QTest::addColumn<QString>("picked"); // A folder within the song's own; "." for that itself.
+        QTest::addColumn<MsgBox::Answer>("answer");
+        QTest::addColumn<int>("boxes"); // The question, and the error.
+        QTest::newRow("yes") << u"/new"_s << MsgBox::Answer::Yes << 1;
+        QTest::newRow("no") << u"/new"_s << MsgBox::Answer::No << 1;
+        QTest::newRow("no folder picked") << QString() << MsgBox::Answer::Yes << 0;
+        QTest::newRow("missing folder") << u"/gone"_s << MsgBox::Answer::Yes << 2;
+        QTest::newRow("onto itself") << u""_s << MsgBox::Answer::Yes << 2;
     }
 
     void movesThePointedFile()
     {
         QFETCH(QString, picked);
-        QFETCH(bool, yes);
-        QFETCH(bool, moved);
-        QFETCH(QString, shown);
+        QFETCH(MsgBox::Answer, answer);
+        QFETCH(int, boxes);
         Stand stand({u"a.mp3"_s});
         const QByteArray song = stand.folder.bytesOf(u"a.mp3"_s);
         stand.folder.makeFolder(u"new"_s);
-        if (!picked.isEmpty())
-            stand.pickedFolder = picked == u"."_s ? stand.folder.path() : stand.folder.path(picked);
+        const QString host = stand.folder.hostPath() + picked;
+        stand.pickedFolder = picked.isNull() ? QString() : programPath(host);
         stand.openOn(u"a.mp3"_s);
-        QTest::mouseClick(stand.formatMp3.File1.viewport(), Qt::LeftButton, {}, stand.rowCentre(0));
-        MsgBox::answerFromNowOn({yes ? MsgBox::Answer::Yes : MsgBox::Answer::No});
+        clickRow(stand.formatMp3.File1, 0);
+        MsgBox::answerFromNowOn({answer});
         stand.formatMp3.MoveMenuOpen = true;
         stand.menus.mnuTagEditItems.choose(0);
         QVERIFY(!stand.formatMp3.MoveMenuOpen);
         QCOMPARE(stand.asked, u"Select Folder|"_s + stand.folder.path());
-        QStringList texts;
-        for (const MsgBox::Shown &box : MsgBox::takeShown())
-            texts += {box.text, box.title};
-        const QString host = stand.folder.hostPath() + (picked == u"."_s ? QString() : u'/' + picked);
-        QCOMPARE(texts.join(u'|'), shown.contains(u'%') ? shown.arg(host) : shown);
+        const QStringList told = {u"Mp3 Mover|Move a.mp3 To "_s + host + u'?', u"Sorry,|Error Moving"_s};
+        QCOMPARE(takeBoxes(), told.first(boxes));
+        const bool moved = boxes == 1 && answer == MsgBox::Answer::Yes;
         QCOMPARE(stand.formatMp3.File1.ListCount(), moved ? 0 : 1);
         QCOMPARE(stand.folder.bytesOf(moved ? u"new/a.mp3"_s : u"a.mp3"_s), song);
     }
@@ -215,5 +212,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestMenus)
+QTEST_MAIN(MenusTest)
 #include "tst_menus.moc"

@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-class TestMoveFile : public QObject
+class MoveFileTest : public QObject
 {
     Q_OBJECT
 
@@ -47,5 +47,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMoveFile)
+QTEST_GUILESS_MAIN(MoveFileTest)
 #include "tst_move_file.moc"

@@ -1,10 +1,10 @@
 // Feeds every file of the fuzzer's corpus, so that what was once found is tried on every test run.
-#include "fuzz/read_bytes.h"
-
 #include <QDir>
 #include <QTest>
 
-class TestFuzzCorpus : public QObject
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
+
+class FuzzCorpusTest : public QObject
 {
     Q_OBJECT
 
@@ -18,11 +18,11 @@ private Q_SLOTS:
             QFile file(corpus.filePath(name));
             QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(name));
             const QByteArray bytes = file.readAll();
-            readBytes(reinterpret_cast<const std::uint8_t *>(bytes.constData()),
-                      static_cast<std::size_t>(bytes.size()));
+            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(bytes.constData()),
+                                   static_cast<std::size_t>(bytes.size()));
         }
     }
 };
 
-QTEST_APPLESS_MAIN(TestFuzzCorpus)
+QTEST_APPLESS_MAIN(FuzzCorpusTest)
 #include "tst_fuzz_corpus.moc"

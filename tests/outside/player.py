@@ -80,40 +80,35 @@ class Window:
                     return top
         return None
 
-    def name(self, description):
+    def now(self, description):
+        """The control as it is now, not as it was when last asked."""
         self.controls[description].clear_cache()
-        return self.controls[description].get_name()
+        return self.controls[description]
 
-    def text(self, description):
-        control = self.controls[description]
-        control.clear_cache()
-        return Atspi.Text.get_text(control, 0, -1)
+    def time(self):
+        return Atspi.Text.get_text(self.now("Time"), 0, -1)
 
     def value(self, description):
-        self.controls[description].clear_cache()
-        return Atspi.Value.get_current_value(self.controls[description])
+        return Atspi.Value.get_current_value(self.now(description))
 
     def seconds(self):
         """Position and length as the display shows them."""
-        times = [part.split(":") for part in self.text("Time").split("/")]
+        times = [part.split(":") for part in self.time().split("/")]
         return [int(minutes) * 60 + int(seconds) for minutes, seconds in times]
 
     def state(self):
-        return self.name("Song now playing"), self.text("Time"), self.value("Volume")
-
-    def shows_title(self, title):
-        return title in self.name("Song now playing") * 2  # The title runs around: any turn of it will do.
+        return self.now("Song now playing").get_name(), self.time(), self.value("Volume")
 
     def songs(self):
-        rows = self.controls["Songs"]
-        rows.clear_cache()
+        rows = self.now("Songs")
         return [rows.get_child_at_index(i) for i in range(rows.get_child_count())]
 
     def press(self, description):
         Atspi.Action.do_action(self.controls[description], 0)
 
     def plays(self, name):
-        wait_for(f"the title of {name}", lambda: self.shows_title(Path(name).stem))
+        # The title runs around: any turn of it will do.
+        wait_for(f"the title of {name}", lambda: Path(name).stem in self.state()[0] * 2)
         wait_for("running time", lambda: self.seconds()[0] >= 1)
 
     def pause_holds_the_time(self):

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QTest>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 class DrivesTest : public QObject
@@ -15,7 +17,7 @@ class DrivesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void maps_program_paths_to_the_host_data()
+    void mapsProgramPathsToTheHost_data()
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QByteArray>("host");
@@ -33,66 +35,54 @@ private Q_SLOTS:
         row("a drive that is not there is shown as given", u"d:\\a\\b.mp3"_s, u""_s, u"d:\\a\\b.mp3"_s);
     }
 
-    void maps_program_paths_to_the_host()
+    void mapsProgramPathsToTheHost()
     {
         QFETCH(QString, path);
         QTEST(hostPath(path), "host");
         QTEST(displayPath(path), "shown");
     }
 
-    void maps_host_paths_to_the_program_data()
+    void mapsHostPathsToTheProgram()
     {
-        QTest::addColumn<QString>("given");
-        QTest::addColumn<QString>("path");
-        const QString here = programPath(QDir::currentPath());
-        QTest::newRow("empty") << u""_s << u""_s;
-        QTest::newRow("root") << u"/"_s << u"z:\\"_s;
-        QTest::newRow("folder keeps its end") << u"/a//b/"_s << u"z:\\a\\b\\"_s;
-        QTest::newRow("backslash in a name") << u"/a\\b"_s << u"z:\\a\uF05Cb"_s;
-        QTest::newRow("relative") << u"x/../y.mp3"_s << here + u"\\y.mp3"_s;
-        QTest::newRow("program form stays") << u"c:\\a\\\\b"_s << u"c:\\a\\\\b"_s;
-        QTest::newRow("data folder") << dataFolder() << u"c:\\"_s;
         const QString beside = dataFolder() + u"x"_s;
-        QTest::newRow("beside the data folder") << beside << u"z:"_s + QString(beside).replace(u'/', u'\\');
+        for (const auto &[given, path] : {
+                 std::pair(u""_s, u""_s),
+                 {u"/"_s, u"z:\\"_s},
+                 {u"/a//b/"_s, u"z:\\a\\b\\"_s}, // A folder keeps its end.
+                 {u"/a\\b"_s, u"z:\\a\uF05Cb"_s},
+                 {u"x/../y.mp3"_s, programPath(QDir::currentPath()) + u"\\y.mp3"_s},
+                 {u"c:\\a\\\\b"_s, u"c:\\a\\\\b"_s}, // The program's form stays.
+                 {dataFolder(), u"c:\\"_s},
+                 {beside, u"z:"_s + QString(beside).replace(u'/', u'\\')},
+             })
+            QCOMPARE(programPath(given), path);
     }
 
-    void maps_host_paths_to_the_program()
+    void findsEveryNameOfTheHostAgain()
     {
-        QFETCH(QString, given);
-        QTEST(programPath(given), "path");
+        for (const QByteArray &name : {
+                 "a\\b.mp3"_ba,                 // A backslash.
+                 "M\xFCnchen.mp3"_ba,           // Latin 1.
+                 "\xE6\x97\xA5\xE6\x97.mp3"_ba, // Cut in a character.
+                 "\xED\xB2\x80.mp3"_ba,         // A surrogate, coded.
+                 "\xEF\xBF\xBD\xFF.mp3"_ba,     // The replacement character beside an odd byte.
+                 "\xEF\x81\x9C.mp3"_ba,         // The stand-in of a backslash.
+                 "\xEF\xBB\xBFSong.mp3"_ba,     // A byte-order mark,
+                 "\xEF\xBB\xBF\xFF.mp3"_ba,     // with an odd byte.
+                 "a\n\"b\".mp3"_ba,
+             }) {
+            const TestFolder folder;
+            const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(
+                std::fopen((folder.hostPath().toUtf8() + '/' + name).constData(), "w"), std::fclose);
+            QVERIFY2(file, name.constData());
+            const QStringList names = filesIn(folder.path(), {u"mp3"_s});
+            QCOMPARE(names.size(), 1);
+            QVERIFY2(!names[0].contains(u'\\'), name.constData());
+            QVERIFY2(removeFile(folder.path(names[0])) && filesIn(folder.path()).isEmpty(), name.constData());
+        }
     }
 
-    void finds_every_name_of_the_host_again_data()
-    {
-        QTest::addColumn<QByteArray>("name");
-        QTest::newRow("backslash") << QByteArray("a\\b.mp3");
-        QTest::newRow("Latin 1") << QByteArray("M\xFCnchen.mp3");
-        QTest::newRow("cut in a character") << QByteArray("\xE6\x97\xA5\xE6\x97.mp3");
-        QTest::newRow("coded surrogate") << QByteArray("\xED\xB2\x80.mp3");
-        QTest::newRow("replacement character beside an odd byte") << QByteArray("\xEF\xBF\xBD\xFF.mp3");
-        QTest::newRow("stand-in itself") << QByteArray("\xEF\x81\x9C.mp3");
-        QTest::newRow("byte-order mark") << QByteArray("\xEF\xBB\xBFSong.mp3");
-        QTest::newRow("byte-order mark and odd byte") << QByteArray("\xEF\xBB\xBF\xFF.mp3");
-        QTest::newRow("newline and quotation marks") << QByteArray("a\n\"b\".mp3");
-    }
-
-    void finds_every_name_of_the_host_again()
-    {
-        QFETCH(QByteArray, name);
-        const TestFolder folder;
-        const QByteArray host = folder.hostPath().toUtf8() + '/' + name;
-        std::FILE *file = std::fopen(host.constData(), "w");
-        QVERIFY(file);
-        std::fputs("song", file);
-        std::fclose(file);
-        const QStringList names = filesIn(folder.path(), {u"mp3"_s});
-        QCOMPARE(names.size(), 1);
-        QVERIFY(!names[0].contains(u'\\'));
-        QCOMPARE(loadFile(folder.path(names[0])), QByteArray("song"));
-        QVERIFY(removeFile(folder.path(names[0])));
-    }
-
-    void ignores_case_only_where_the_exact_name_is_missing()
+    void ignoresCaseOnlyWhereTheExactNameIsMissing()
     {
         const TestFolder folder;
         folder.makeFolder(u"Music"_s);
@@ -110,22 +100,17 @@ private Q_SLOTS:
         QCOMPARE(filesIn(folder.path(u"Music"_s)).size(), 3);
     }
 
-    void quotes_each_argument_data()
+    void quotesEachArgument()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("none") << QStringList() << u""_s;
-        QTest::newRow("quoted already") << QStringList{u"\"c:\\a b.mp3\""_s} << u"\"c:\\a b.mp3\""_s;
-        QTest::newRow("one mark is a name") << QStringList{u"/\""_s} << u"\"z:\\\"\""_s;
-        QTest::newRow("relative, another alphabet")
-            << QStringList{u"歌.mp3"_s} << u'"' + programPath(QDir::currentPath()) + u"\\歌.mp3\""_s;
-        QTest::newRow("two") << QStringList{u"/a"_s, u"/b"_s} << u"\"z:\\a\" \"z:\\b\""_s;
-    }
-
-    void quotes_each_argument()
-    {
-        QFETCH(QStringList, arguments);
-        QTEST(commandLineText(arguments), "text");
+        const QString here = programPath(QDir::currentPath());
+        for (const auto &[arguments, text] : {
+                 std::pair(QStringList(), u""_s),
+                 {{u"\"c:\\a b.mp3\""_s}, u"\"c:\\a b.mp3\""_s}, // Quoted already.
+                 {{u"/\""_s}, u"\"z:\\\"\""_s},                  // One mark is a name.
+                 {{u"歌.mp3"_s}, u'"' + here + u"\\歌.mp3\""_s},
+                 {{u"/a"_s, u"/b"_s}, u"\"z:\\a\" \"z:\\b\""_s},
+             })
+            QCOMPARE(commandLineText(arguments), text);
     }
 };
 

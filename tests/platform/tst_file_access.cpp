@@ -35,7 +35,7 @@ class FileAccessTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_what_is_there()
+    void readsWhatIsThere()
     {
         const TestFolder folder;
         auto file = ByteFile::open(folder.makeFile(u"a"_s, "0123456789"), Access::ReadWrite);
@@ -50,7 +50,7 @@ private Q_SLOTS:
         QCOMPARE(file->readAt(9, 99), QByteArray("9\0\0x", 4));
     }
 
-    void opens_normal_files_alone()
+    void opensNormalFilesAlone()
     {
         const TestFolder folder;
         folder.makeFolder(u"folder"_s);
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(!folderExists(folder.path(u"missing"_s)));
     }
 
-    void a_write_that_fails_is_put_back()
+    void aWriteThatFailsIsPutBack()
     {
         const TestFolder folder;
         const QString path = folder.makeFile(u"a"_s, "0123456789");
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(folder.bytesOf(u"a"_s), "0123456789");
     }
 
-    void a_folder_exists_for_its_files()
+    void aFolderExistsForItsFiles()
     {
         const TestFolder folder;
         folder.makeFolder(u"in"_s);
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(foldersIn(folder.path()), QStringList(u"in"_s));
     }
 
-    void lists_what_fits()
+    void listsWhatFits()
     {
         const TestFolder folder;
         folder.makeFolder(u"Folder.mp3"_s);
@@ -118,7 +118,7 @@ private Q_SLOTS:
         QVERIFY(!removeFile(folder.path(u"Folder.mp3"_s)));
     }
 
-    void a_save_succeeds_or_leaves_the_old_file()
+    void aSaveSucceedsOrLeavesTheOldFile()
     {
         const TestFolder folder;
         folder.makeFile(u"a"_s, "old");
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(!saveFile(folder.path(u"missing\\a"_s), "new"));
     }
 
-    void forbidden_things_fail_quietly()
+    void forbiddenThingsFailQuietly()
     {
         const TestFolder folder;
         folder.makeFolder(u"locked"_s);

@@ -1,6 +1,5 @@
 // Copy, delete and rename as the desktop's shell does them: what is asked, and that no song is lost on the way.
 #include "platform/drives.h"
-#include "platform/file_attributes.h"
 #include "platform/file_copy.h"
 #include "platform/file_names.h"
 #include "platform/folders.h"
@@ -30,7 +29,7 @@ QStringList entriesOf(const TestFolder &folder)
 }
 } // namespace
 
-class TestShellFiles : public QObject
+class ShellFilesTest : public QObject
 {
     Q_OBJECT
 
@@ -192,20 +191,9 @@ private Q_SLOTS:
         QVERIFY(!FileExists(odd));
     }
 
-    void onlyAFileWithoutOwnersWriteBitIsReadOnly()
-    {
-        const TestFolder folder;
-        const QString song = folder.makeFile(u"a.mp3"_s);
-        QVERIFY(::chmod(hostPath(song), 0466) == 0 && ::chmod(hostPath(folder.makeFolder(u"folder"_s)), 0555) == 0);
-        QCOMPARE(FileAttributeText(song), u"Read Only"_s);
-        QVERIFY(::chmod(hostPath(song), 0200) == 0);
-        for (const QString &path : {song, folder.path(u"folder"_s), folder.path(u"gone"_s)})
-            QCOMPARE(FileAttributeText(path), u"Normal"_s);
-    }
-
 private:
     ShellAnswers m_yes;
 };
 
-QTEST_GUILESS_MAIN(TestShellFiles)
+QTEST_GUILESS_MAIN(ShellFilesTest)
 #include "tst_shell_files.moc"

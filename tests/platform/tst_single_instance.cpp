@@ -10,11 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-QString lockPath()
-{
-    return runtimeFolder() + u"/kiv-mp3.lock"_s;
-}
-
 // Runs in another process that ends without a farewell.
 bool anotherFindsOneRunning()
 {
@@ -31,32 +26,30 @@ class SingleInstanceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void the_first_one_holds_the_lock()
+    void theFirstOneHoldsTheLock()
     {
         {
             const SingleInstance first;
-            QVERIFY(!first.isPreviousRunning());
-            QVERIFY(SingleInstance().isPreviousRunning());
-            QVERIFY(anotherFindsOneRunning());
+            QVERIFY(!first.isPreviousRunning() && anotherFindsOneRunning());
             QVERIFY(SingleInstance().isPreviousRunning()); // The second one's end took nothing away.
         }
         QVERIFY(!SingleInstance().isPreviousRunning());
     }
 
-    void what_a_dead_one_left_is_no_hindrance()
+    void whatADeadOneLeftIsNoHindrance()
     {
         QVERIFY(!anotherFindsOneRunning());
-        QVERIFY(QFile::exists(lockPath()));
+        QFile lock(runtimeFolder() + u"/kiv-mp3.lock"_s);
+        QVERIFY(lock.exists());
         QVERIFY(!SingleInstance().isPreviousRunning());
         for (const char *damage : {"", "garbage", "1\n"}) {
-            QFile lock(lockPath());
             QVERIFY(lock.open(QIODevice::WriteOnly) && lock.write(damage) >= 0);
             lock.close();
             QVERIFY2(!SingleInstance().isPreviousRunning(), damage);
         }
     }
 
-    void plays_where_no_lock_can_be()
+    void playsWhereNoLockCanBe()
     {
         qputenv("XDG_RUNTIME_DIR", "/proc");
         QVERIFY(!SingleInstance().isPreviousRunning());

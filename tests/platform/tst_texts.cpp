@@ -12,7 +12,7 @@ class TextsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void every_byte_comes_back()
+    void everyByteComesBack()
     {
         QByteArray bytes(256, '\0');
         std::generate(bytes.begin(), bytes.end(), [code = 0]() mutable { return static_cast<char>(code++); });
@@ -23,23 +23,19 @@ private Q_SLOTS:
         QCOMPARE(fromAnsi("\x80\x8A\x9F\xA0\xFF"), u"€ŠŸ\u00A0ÿ"_s);
     }
 
-    void text_files_lose_nothing_data()
+    void textFilesLoseNothing()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("isMarked");
-        QTest::newRow("fits") << u"Müll €\r\n"_s << false;
-        QTest::newRow("begins like the mark") << u"ï»¿Song"_s << true;
-        QTest::newRow("begins with the mark") << u"\uFEFFSong"_s << true;
-        QTest::newRow("odd byte of a file name") << u"M\xDCFCnchen.mp3"_s << true;
-        QTest::newRow("odd byte and another alphabet") << u"歌\xDCFF\xDC80🎵"_s << true;
-    }
-
-    void text_files_lose_nothing()
-    {
-        QFETCH(QString, text);
-        const QByteArray bytes = encodeTextFile(text);
-        QTEST(bytes.startsWith("\xEF\xBB\xBF"), "isMarked");
-        QCOMPARE(decodeTextFile(bytes), text);
+        for (const auto &[text, isMarked] : {
+                 std::pair(u"Müll €\r\n"_s, false),
+                 {u"ï»¿Song"_s, true},          // Begins like the mark,
+                 {u"\uFEFFSong"_s, true},       // and with it.
+                 {u"M\xDCFCnchen.mp3"_s, true}, // The odd byte of a file name,
+                 {u"歌\xDCFF\xDC80🎵"_s, true},  // and more beside another alphabet.
+             }) {
+            const QByteArray bytes = encodeTextFile(text);
+            QCOMPARE(bytes.startsWith("\xEF\xBB\xBF"), isMarked);
+            QCOMPARE(decodeTextFile(bytes), text);
+        }
     }
 };
 

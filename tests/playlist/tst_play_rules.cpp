@@ -1,6 +1,10 @@
-// The total of the play times and the choice of the next entry.
+// The rules of the play list and the search: how its files are read, what the times sum up to, which entry comes next,
+// what is found and how that is shown.
+#include "playlist/list_file.h"
 #include "playlist/play_order.h"
 #include "playlist/play_times.h"
+#include "playlist/song_match.h"
+#include "support/test_files.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -9,46 +13,99 @@
 
 using namespace Qt::StringLiterals;
 
-class TestPlayRules : public QObject
+namespace
+{
+QStringList shownFor(const QStringList &names, const QString &text)
+{
+    const SongNames songs(names);
+    QStringList shown;
+    for (const SongMatch &match : songs.search(text))
+        shown += capitalised(names[match.index], match.position, text.size());
+    return shown;
+}
+} // namespace
+
+class PlayRulesTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void timesAreSummed_data()
+    void fieldsAreCutByTheReadingRule_data()
     {
-        QTest::addColumn<QString>("times");
-        QTest::addColumn<int>("seconds");
-        QTest::addColumn<bool>("fails");
-        QTest::newRow("empty list") << u""_s << 0 << false;
-        QTest::newRow("odd length adds the one before") << u"3:05 x 1:00"_s << 430 << false;
-        QTest::newRow("odd length at first") << u"x 1:02:03 1:00"_s << 60 << false;
-        QTest::newRow("signs") << u"+1:-5"_s << 55 << false;
-        QTest::newRow("no colon") << u"12345"_s << 12 * 60 + 45 << false;
-        QTest::newRow("minutes are no number") << u"1:00 x:00 5:00"_s << 60 << true;
-        QTest::newRow("seconds are no number") << u"1:00 12:x0"_s << 60 << true;
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("fields");
+        const auto row = [](const char *name, const QString &text, const QStringList &fields) {
+            QTest::newRow(name) << text << fields;
+        };
+        row("nothing", u""_s, {});
+        row("every kind of line end", u"a\nb\rc\r\n\r\nd\r\n"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+        row("comma", u"Artist, Song\r\n"_s, {u"Artist"_s, u"Song"_s});
+        row("commas side by side", u",a,,b,\r\nc"_s, {u""_s, u"a"_s, u""_s, u"b"_s, u"c"_s});
+        row("quoted", u"\"a, b\" , \"\"\r\nc"_s, {u"a, b"_s, u""_s, u"c"_s});
+        row("quoted over two lines", u"\"a\r\nb\"\r\nc"_s, {u"a\r\nb"_s, u"c"_s});
+        row("text after a quote", u"\"a\"b\r\n"_s, {u"a"_s, u"b"_s});
+        row("quote inside", u"a \"b\" c\r\n"_s, {u"a \"b\" c"_s});
+        row("unclosed quote", u"a\r\n\"b\r\nc\r\n"_s, {u"a"_s, u"b\r\nc\r\n"_s});
+        row("end-of-file letters", u"a\u001Ab\r\n\u001A\u001A"_s, {u"a\u001Ab"_s});
+    }
+
+    void fieldsAreCutByTheReadingRule()
+    {
+        QFETCH(QString, text);
+        QTEST(fieldsOf(text), "fields");
+    }
+
+    void savedItemsComeBack()
+    {
+        const TestFolder folder;
+        const QString path = folder.makeFile(u"PlayList.kiv"_s, "old contents\r\nof more lines\r\n");
+        for (const auto &[items, bytes] : {
+                 std::pair(QStringList(), ""_ba),
+                 {{u"Caf\u00E9"_s, u"b"_s}, "Caf\xE9\r\nb\r\n"_ba},
+                 {{u"\u6B4C"_s, u"b"_s}, "\xEF\xBB\xBF\xE6\xAD\x8C\r\nb\r\n"_ba}, // Beyond the code page.
+             }) {
+            SaveListFile(path, items);
+            QCOMPARE(folder.bytesOf(u"PlayList.kiv"_s), bytes);
+            QCOMPARE(LoadListFile(path), items);
+        }
+    }
+
+    void filesOfAnyKindAreRead()
+    {
+        const TestFolder folder;
+        QCOMPARE(LoadListFile(folder.path(u"missing.kiv"_s)), QStringList());
+        QCOMPARE(LoadListFile(folder.makeFolder(u"folder.kiv"_s)), QStringList());
+        QByteArray everyByte;
+        for (int i = 0; i < 1024; ++i)
+            everyByte += static_cast<char>(i * 7);
+        QVERIFY(LoadListFile(folder.makeFile(u"binary.kiv"_s, everyByte)).size() > 4);
+        SaveListFile(folder.path(u"no folder\\PlayList.kiv"_s), {u"a"_s});
+        QCOMPARE(LoadListFile(folder.path(u"no folder\\PlayList.kiv"_s)), QStringList());
     }
 
     void timesAreSummed()
     {
-        QFETCH(QString, times);
-        const PlayTimeSum sum = addPlayTimes(times.split(u' '));
-        QTEST(sum.seconds, "seconds");
-        QTEST(sum.error.has_value(), "fails");
-        QCOMPARE(sum.error.value_or(ErrorRecord()).number, sum.error ? 13 : 0);
-    }
-
-    void theTotalStaysWithin32Bits()
-    {
+        for (const auto &[times, seconds, fails] : {
+                 std::tuple(u""_s, 0, false),
+                 {u"3:05 x 1:00"_s, 430, false}, // An odd length adds the one before.
+                 {u"x 1:02:03 1:00"_s, 60, false},
+                 {u"+1:-5"_s, 55, false},
+                 {u"12345"_s, 12 * 60 + 45, false},
+                 {u"1:00 x:00 5:00"_s, 60, true}, // The minutes are no number,
+                 {u"1:00 12:x0"_s, 60, true},     // nor the seconds.
+             }) {
+            const PlayTimeSum sum = addPlayTimes(times.split(u' '));
+            QCOMPARE(sum.seconds, seconds);
+            QCOMPARE(sum.error.value_or(ErrorRecord()).number, fails ? 13 : 0);
+        }
         QCOMPARE(addPlayTimes({u"99:99"_s, u"99:99"_s}, 2'147'483'000).seconds, 2'147'483'647);
     }
 
     void entriesFollowInOrder()
     {
-        QCOMPARE(nextInOrder(0, 3, false), 1);
-        QCOMPARE(nextInOrder(2, 3, true), 0);
-        QCOMPARE(nextInOrder(-1, 3, false), 0);
-        QCOMPARE(nextInOrder(0, 3, true), 0);
-        QCOMPARE(nextInOrder(0, 1, true), 0);
+        for (const auto &[selected, count, nextIsEmpty, next] :
+             {std::tuple(0, 3, false, 1), {2, 3, true, 0}, {-1, 3, false, 0}, {0, 3, true, 0}, {0, 1, true, 0}})
+            QCOMPARE(nextInOrder(selected, count, nextIsEmpty), next);
     }
 
     void randomOrderLeavesOutWhatItRemembers()
@@ -81,14 +138,49 @@ private Q_SLOTS:
         RandomOrder stuck([] { return 1.0; });
         QCOMPARE(stuck.next(50), 48);
         QVERIFY(!stuck.next(50));
+        QCOMPARE(RandomOrder([] { return 0.99999; }).next(100'001), 99'999);
     }
 
-    void longListsAreReachedToTheEnd()
+    void theFirstOccurrenceIsInCapitals_data()
     {
-        RandomOrder order([] { return 0.99999; });
-        QCOMPARE(order.next(100'001), 99'999);
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("shown");
+        const QStringList songs = {u"Love Song.mp3"_s, u"Glove.mp3"_s, u"Dove Love.mp3"_s, u"Zebra.wma"_s};
+        const auto row = [](const char *name, const QStringList &names, const QString &text, const QStringList &shown) {
+            QTest::newRow(name) << names << text << shown;
+        };
+        row("middle", songs, u"ove"_s, {u"LOVE Song.mp3"_s, u"GlOVE.mp3"_s, u"DOVE Love.mp3"_s});
+        row("empty text", songs, u""_s, songs);
+        row("never over two names", {u"ab"_s, u"cd"_s}, u"bc"_s, {});
+        row("text between two names", {u"ab"_s, u"cd"_s}, QString(QChar(0)), {});
+        row("empty names", {u""_s, u"a"_s, u""_s}, u"a"_s, {u"A"_s});
+        row("longer lower form", {u"\u0130zmir b\u0130b"_s}, u"b"_s, {u"\u0130zmir B\u0130b"_s});
+        row("beyond 16 bits", {u"\U00010428x"_s}, u"\U00010400"_s, {u"\U00010400x"_s});
+        row("half a letter", {u"a\xDCE9"_s}, u"\xDCE9"_s, {u"a\xDCE9"_s});
+    }
+
+    void theFirstOccurrenceIsInCapitals()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(QString, text);
+        QTEST(shownFor(names, text), "shown");
+    }
+
+    // Positions hold only if no letter changes its length in lower case; and a result must still name its file.
+    void everyLetterIsFoundInItself()
+    {
+        for (char32_t letter = 1; letter <= 0x1FFFF; ++letter) {
+            const QString text = QString::fromUcs4(&letter, 1);
+            if (QChar::isSurrogate(letter))
+                continue;
+            const QString name = text + u'|' + text;
+            const QStringList shown = shownFor({name}, u'|' + text);
+            QVERIFY2(shown.size() == 1, qPrintable(QString::number(letter, 16)));
+            QVERIFY2(shown[0].compare(name, Qt::CaseInsensitive) == 0, qPrintable(QString::number(letter, 16)));
+        }
     }
 };
 
-QTEST_MAIN(TestPlayRules)
+QTEST_APPLESS_MAIN(PlayRulesTest)
 #include "tst_play_rules.moc"

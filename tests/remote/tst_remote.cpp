@@ -105,7 +105,7 @@ class RemoteTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void addresses_lead_to_files_and_back()
+    void addressesLeadToFilesAndBack()
     {
         for (const auto &[address, path, back] : {
                  std::tuple(u"file:///a/b%20c.mp3"_s, u"z:\\a\\b c.mp3"_s, u"file:///a/b%20c.mp3"_s),
@@ -121,7 +121,7 @@ private Q_SLOTS:
             QCOMPARE(pathOfAddress(refused), QString());
     }
 
-    void a_song_is_told_by_its_tag_or_its_name()
+    void aSongIsToldByItsTagOrItsName()
     {
         const TestFolder folder;
         for (const auto &sample : {u"id3v1-spaces.mp3"_s, u"id3v1-nul.mp3"_s}) {
@@ -135,7 +135,7 @@ private Q_SLOTS:
         QCOMPARE(bare[u"xesam:title"_s].toString(), u"A.B \xFFFD"_s);
     }
 
-    void commands_are_the_windows_own()
+    void commandsAreTheWindowsOwn()
     {
         Stand stand;
         for (const auto &[command, outcome] : {
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(stand.get(u"PlaybackStatus"_s).toString(), u"Stopped"_s);
     }
 
-    void seeking_stays_within_the_song()
+    void seekingStaysWithinTheSong()
     {
         Stand stand;
         QCOMPARE(stand.calls(u"Seek"_s, {farthest}), QString());
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(stand.calls(u"SetPosition"_s, {track, qlonglong(1)}), QString()); // That song is over.
     }
 
-    void only_what_changed_is_told()
+    void onlyWhatChangedIsTold()
     {
         Stand stand;
         stand.takeChanges();
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(stand.takeChanges(), u"PlaybackStatus"_s);
     }
 
-    void a_file_opens_with_its_folder_and_nothing_else_does()
+    void aFileOpensWithItsFolderAndNothingElseDoes()
     {
         Stand stand;
         const TestFolder other;
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QCOMPARE(stand.window.File1.items(), QStringList(u"50% #1.mp3"_s));
     }
 
-    void the_window_comes_back_and_the_program_ends()
+    void theWindowComesBackAndTheProgramEnds()
     {
         Stand stand;
         stand.window.hide();

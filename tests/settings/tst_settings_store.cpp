@@ -14,7 +14,7 @@ class SettingsStoreTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_a_key_data()
+    void readsAKey_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("value");
@@ -35,13 +35,13 @@ private Q_SLOTS:
         QTest::newRow("a name's own wide blank") << u"[S]\nKEY=a\u00A0"_s << u"a\u00A0"_s;
     }
 
-    void reads_a_key()
+    void readsAKey()
     {
         QFETCH(QString, text);
         QTEST(iniValue(text, u"S", u"key"), "value");
     }
 
-    void cuts_long_values()
+    void cutsLongValues()
     {
         for (const qsizetype length : {749, 750, 751}) {
             const QString text = u"[S]\nKEY=\""_s + QString(length, u'v') + u"\"\n"_s;
@@ -49,24 +49,19 @@ private Q_SLOTS:
         }
     }
 
-    void writes_in_place_data()
+    void writesInPlace()
     {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("empty") << u""_s << u"[S]\r\nKEY=v\r\n"_s;
-        QTest::newRow("last line open") << u"[A]\nx=1"_s << u"[A]\nx=1\n[S]\nKEY=v\n"_s;
-        QTest::newRow("replaced") << u"; c\n\n[S]\n a=1\n key = 2\r\nb=3"_s << u"; c\n\n[S]\n a=1\nKEY=v\r\nb=3"_s;
-        QTest::newRow("added before the gap") << u"[s]\rx=1\r\r[T]\rKEY=2"_s << u"[s]\rx=1\rKEY=v\r\r[T]\rKEY=2"_s;
-        QTest::newRow("empty section at the end") << u"[S]"_s << u"[S]\r\nKEY=v\r\n"_s;
+        for (const auto &[before, after] : {
+                 std::pair(u""_s, u"[S]\r\nKEY=v\r\n"_s),
+                 {u"[A]\nx=1"_s, u"[A]\nx=1\n[S]\nKEY=v\n"_s}, // The last line is open.
+                 {u"; c\n\n[S]\n a=1\n key = 2\r\nb=3"_s, u"; c\n\n[S]\n a=1\nKEY=v\r\nb=3"_s},
+                 {u"[s]\rx=1\r\r[T]\rKEY=2"_s, u"[s]\rx=1\rKEY=v\r\r[T]\rKEY=2"_s}, // Before the gap.
+                 {u"[S]"_s, u"[S]\r\nKEY=v\r\n"_s},
+             })
+            QCOMPARE(withIniValue(before, u"S", u"KEY", u"v"_s), after);
     }
 
-    void writes_in_place()
-    {
-        QFETCH(QString, before);
-        QTEST(withIniValue(before, u"S", u"KEY", u"v"_s), "after");
-    }
-
-    void a_file_survives_a_round_trip()
+    void aFileSurvivesARoundTrip()
     {
         const TestFolder folder;
         const QString file = folder.makeFile(u"s.ini"_s, "\xEF\xBB\xBF[zelkmp3]\nvolume=-5\n");
@@ -79,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(folder.bytesOf(u"s.ini"_s), QByteArray("[zelkmp3]\nvolume=-5\nMP3PATH=z:\\Ol\xE9\n"));
     }
 
-    void a_write_without_its_folder_is_lost()
+    void aWriteWithoutItsFolderIsLost()
     {
         writeSetting(Setting::Volume, u"1"_s);
         QVERIFY(readSetting(Setting::Volume).isEmpty());

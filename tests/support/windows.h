@@ -1,0 +1,41 @@
+// What tests do to any window: find its controls by name, click the rows of its lists, read the boxes it showed.
+#pragma once
+
+#include "controls/list_box.h"
+#include "controls/msg_box.h"
+
+#include <QTest>
+
+/// The control of that name; a missing one ends the test run.
+template<class Control>
+Control &control(const QWidget &window, const QString &name)
+{
+    auto *found = window.findChild<Control *>(name);
+    if (!found)
+        qFatal("no control %s", qPrintable(name));
+    return *found;
+}
+
+inline QPoint rowPlace(const ListBox &list, int row)
+{
+    return list.visualRect(list.model()->index(row, 0)).center();
+}
+
+inline void clickRow(ListBox &list, int row, Qt::MouseButton button = Qt::LeftButton)
+{
+    QTest::mouseClick(list.viewport(), button, {}, rowPlace(list, row));
+}
+
+inline void doubleClickRow(ListBox &list, int row)
+{
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, rowPlace(list, row));
+}
+
+/// The boxes shown since the last question, each as "title|text".
+inline QStringList takeBoxes()
+{
+    QStringList boxes;
+    for (const MsgBox::Shown &box : MsgBox::takeShown())
+        boxes += box.title + u'|' + box.text;
+    return boxes;
+}
