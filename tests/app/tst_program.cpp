@@ -114,6 +114,7 @@ private Q_SLOTS:
             });
             QTimer::singleShot(5000, &stand.program, [] { QCoreApplication::exit(1); }); // Too late.
             QCOMPARE(QApplication::exec(), 0);
+            QCOMPARE(stand.engine.takeCalls().first(2), QStringList({u"FileName c:\\Song.mp3"_s, u"Play"_s}));
         }
     }
 };

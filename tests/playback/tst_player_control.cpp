@@ -61,6 +61,7 @@ private Q_SLOTS:
         for (const SongMenuItem item : marks)
             m_stand->modes.songMenu().setChecked(item, true);
         m_window->bStop.press();
+        QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play, Stop"_s);
         for (const SongMenuItem item : marks)
             QCOMPARE(m_stand->modes.isChecked(item), item == OptionsItem);
         QCOMPARE(m_window->Text1.Text(), u"0:00/0:00"_s);
@@ -136,6 +137,7 @@ private Q_SLOTS:
         m_window->Label4.press();
         m_stand->engine.fail(53, u"Not found."_s);
         QCOMPARE(takeBoxes(), QStringList(u"Error - 53|MediaPlayer1 - Not found."_s));
+        QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play"_s);
         QVERIFY(m_window->Timer1.Enabled() && m_window->Timer4.Enabled());
         QCOMPARE(m_window->Label7.Caption().trimmed(), u"1"_s);
     }
@@ -189,6 +191,7 @@ private Q_SLOTS:
         QTest::keyClick(&slider, Qt::Key_Up);
         QCOMPARE(m_stand->takeCalls(), u"Volume -600, Volume -595"_s);
         m_window->Label4.press();
+        QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play"_s);
         m_stand->engine.setVolume(-300); // Changed from elsewhere.
         m_stand->engine.setSong(1, 9);
         QTRY_COMPARE(slider.Value(), -300);
@@ -210,6 +213,7 @@ private Q_SLOTS:
         m_window->show();
         QTRY_COMPARE(m_window->Label7.Caption(), u"Song    A "_s);
         QCOMPARE(names, QList<QVariantList>{{u"A Song"_s}}); // Told once, and whole.
+        QCOMPARE(m_stand->takeCalls(), u"FileName A Song.mp3, Play"_s);
     }
 
 private:

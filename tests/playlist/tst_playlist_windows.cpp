@@ -97,11 +97,12 @@ private Q_SLOTS:
         m_songs->setListIndex(0);
         QTest::keyClick(m_songs, Qt::Key_Return);
         QCOMPARE(title(), u"    Glove"_s);
+        QCOMPARE(m_windows->main.takeCalls(), u"FileName Glove.mp3, Play"_s);
         for (const QString &name : {u"Love Song"_s, u"Zebra"_s, u"Glove"_s}) {
-            m_windows->main.takeCalls();
             m_engine->finishSong();
             QCOMPARE(m_windows->main.takeCalls(), u""_s); // Never inside the engine's own report.
             QTRY_COMPARE(m_engine->fileName(), m_windows->main.folder.path(name + u".mp3"_s));
+            QCOMPARE(m_windows->main.takeCalls(), u"FileName "_s + name + u".mp3, Play"_s);
             QCOMPARE(title(), u"    "_s + name);
             QCOMPARE(m_songs->List(m_songs->ListIndex()), name);
         }

@@ -5,12 +5,22 @@
 #include "playback/media_engine.h"
 
 #include <QStringList>
+#include <QTest>
 
 #include <utility>
 
 class FakeEngine : public MediaEngine
 {
 public:
+    /// A song that nobody asked about was not expected to be opened, played or moved. Loudness may be asked by
+    /// volume().
+    ~FakeEngine() override
+    {
+        for (const QString &call : m_calls)
+            if (!call.startsWith(u"Volume"))
+                QTest::qFail(qPrintable(QStringLiteral("unexpected: ") + call), __FILE__, __LINE__);
+    }
+
     /// The calls since the last question: `FileName z:\a.mp3`, `Play`, `Pause`, `Stop`, `Position 12`, `Volume -600`.
     QStringList takeCalls() { return std::exchange(m_calls, {}); }
 
