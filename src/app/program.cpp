@@ -37,7 +37,8 @@ Program::Program(MediaEngine &engine)
     connectMainWindow();
     connectOtherWindows();
     connectMenus();
-    load();
+    if (!m_instance.isPreviousRunning()) // A second player says nothing, not even of a damaged play list.
+        load();
 }
 
 void Program::connectMainWindow()
