@@ -11,6 +11,7 @@
 #include "filetools/shell_windows.h"
 #include "mp3info/mp3_info.h"
 #include "platform/file_attributes.h"
+#include "platform/folders.h"
 #include "playback/player_control.h"
 #include "skins/places.h"
 #include "tagedit/tag_edit.h"
@@ -28,11 +29,23 @@ const QString errorSource = u"FormatMp3"_s;
 constexpr int noProcedure = 5;
 constexpr int fileExistsAlready = 58;
 constexpr int pumpsAfterRefusal = 300;
+constexpr int driveRootLength = 3;
 
 // The row of a name; -1 when the list has none.
 int rowOf(const FileListBox &files, const QString &name)
 {
     return name.isEmpty() ? -1 : static_cast<int>(files.items().indexOf(name));
+}
+
+// The folder, or the nearest one above it that is still there.
+QString folderStillThere(QString folder)
+{
+    while (folder.size() > driveRootLength && !folderExists(folder)) {
+        folder = FolderFromPath(folder);
+        if (folder.size() > driveRootLength)
+            folder.chop(1);
+    }
+    return folder;
 }
 
 bool isEnter(int key)
@@ -74,7 +87,7 @@ void FormatMp3::connectHandlers()
 
 void FormatMp3::openOnSongs()
 {
-    const QString folder = m_songs.File1.Path();
+    const QString folder = folderStillThere(m_songs.File1.Path());
     const QString song = m_songs.File1.List(m_songs.File1.ListIndex());
     placeForTwo();
     show();

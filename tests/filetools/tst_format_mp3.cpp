@@ -1,6 +1,8 @@
 // The name formatter's window on real files.
+#include "base/names.h"
 #include "tests/filetools/name_tools.h"
 
+#include <QDir>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -42,6 +44,9 @@ private Q_SLOTS:
         QCOMPARE(tools.window.List1.List(1), u"new"_s);
         tools.openOn(u"new.mp3"_s);
         QCOMPARE(tools.formatMp3.Text1.Text(), u"New.mp3"_s);
+        QVERIFY(QDir(tools.folder.hostPath()).removeRecursively());
+        tools.formatMp3.openOnSongs();
+        QCOMPARE(tools.formatMp3.Dir1.Path() + u'\\', FolderFromPath(tools.folder.path())); // What is left of the way.
     }
 
     void renamesAndKeepsTheFileChosen()
