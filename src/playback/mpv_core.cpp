@@ -105,6 +105,18 @@ qint64 entryIn(const mpv_event &answer)
             return result.u.list->values[i].u.int64;
     return 0;
 }
+
+void saysNothing(const char *, int, const char *, int, const char *, ...) {}
+
+// Without a sound card libasound, which libmpv brings along, writes a page on stderr; what matters the player says
+// itself.
+void keepAlsaQuiet()
+{
+    using SetHandler = int (*)(decltype(&saysNothing));
+    QLibrary library(u"asound"_s, 2);
+    if (const auto setHandler = reinterpret_cast<SetHandler>(library.resolve("snd_lib_error_set_handler")))
+        setHandler(saysNothing);
+}
 } // namespace
 
 struct MpvCore::Functions {
@@ -141,6 +153,7 @@ bool MpvCore::start(int hundredthsOfDecibel)
 {
     if (!findFunctions())
         return false;
+    keepAlsaQuiet();
     std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start where numbers are written with a comma.
     m_handle = m_mpv->create();
     if (!m_handle)
