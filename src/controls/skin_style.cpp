@@ -68,11 +68,14 @@ bool isList(const QWidget *widget)
     return widget && widget->inherits("ListBox");
 }
 
-// The ring around the current row does until the keyboard begins to go from control to control.
-bool needsRing(const QStyleOption &option, const QWidget &list)
+// The ring of a list that has the keyboard. Until that begins to go from control to control the ring of the current row
+// does; a list without one has a thin one.
+void paintListRing(QPainter &painter, const QStyleOption &option, const QWidget &list)
 {
-    const bool hasRow = static_cast<const QAbstractItemView &>(list).currentIndex().isValid();
-    return !hasRow || (option.state & QStyle::State_KeyboardFocusChange);
+    if (option.state & QStyle::State_KeyboardFocusChange)
+        paintFocusRing(painter, option.rect);
+    else if (!static_cast<const QAbstractItemView &>(list).currentIndex().isValid())
+        paintFocusRing(painter, option.rect, Ring::Thin);
 }
 
 void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
@@ -243,8 +246,8 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption *option, 
 {
     if (element != CE_ShapedFrame || !isList(widget))
         QProxyStyle::drawControl(element, option, painter, widget);
-    else if (widget->hasFocus() && needsRing(*option, *widget))
-        paintFocusRing(*painter, option->rect);
+    else if (widget->hasFocus())
+        paintListRing(*painter, *option, *widget);
 }
 
 void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
