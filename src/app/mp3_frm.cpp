@@ -221,10 +221,9 @@ void Mp3Frm::File1_DblClick()
 // Enter plays the chosen song, Space offers it to the play list.
 void Mp3Frm::File1_KeyDown(QKeyEvent *event)
 {
-    const int key = event->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    if (isEnter(*event))
         m_player.playSelected();
-    else if (key == Qt::Key_Space)
+    else if (event->key() == Qt::Key_Space)
         Q_EMIT songPicked(File1.List(File1.ListIndex()));
     else
         return;
@@ -253,7 +252,7 @@ void Mp3Frm::List1_Click()
 // Enter plays the chosen name, as its click does.
 void Mp3Frm::List1_KeyDown(QKeyEvent *event)
 {
-    if (List1.ListIndex() < 0 || (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter))
+    if (List1.ListIndex() < 0 || !isEnter(*event))
         return;
     event->accept();
     List1_Click();

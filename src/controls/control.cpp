@@ -1,6 +1,7 @@
 // What every control has.
 #include "controls/control.h"
 
+#include <QKeyEvent>
 #include <QWidget>
 
 void setUpControl(QWidget &control, const ControlSetup &setup)
@@ -9,4 +10,9 @@ void setUpControl(QWidget &control, const ControlSetup &setup)
     control.setAccessibleDescription(setup.description);
     control.setAccessibleName(setup.description); // Unless its own text is its name.
     control.setGeometry(setup.place);
+}
+
+bool isEnter(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }

@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QString>
 
+class QKeyEvent;
 class QWidget;
 
 struct ControlSetup {
@@ -14,6 +15,9 @@ struct ControlSetup {
 
 /// Gives a control its name, its description and its place.
 void setUpControl(QWidget &control, const ControlSetup &setup);
+
+/// Is it one of the two keys that mean "do it"?
+bool isEnter(const QKeyEvent &event);
 
 /// Logical pixels of a length in twips.
 constexpr int fromTwips(int twips)

@@ -55,7 +55,7 @@ DirListBox::DirListBox(QWidget *parent, const ControlSetup &setup) : ListBox(par
     });
     connect(this, &ListBox::DblClick, this, [this] { open(ListIndex()); });
     connect(this, &ListBox::KeyDown, this, [this](QKeyEvent *event) {
-        if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        if (!isEnter(*event))
             return;
         event->accept();
         open(ListIndex());

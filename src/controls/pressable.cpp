@@ -1,6 +1,8 @@
 // What every control that can be a button shares.
 #include "controls/pressable.h"
 
+#include "controls/control.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -42,7 +44,7 @@ void Pressable::mouseReleaseEvent(QMouseEvent *event)
 
 void Pressable::keyPressEvent(QKeyEvent *event)
 {
-    const bool runs = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const bool runs = isEnter(*event) || event->key() == Qt::Key_Space;
     if (m_isButton && runs)
         press();
     else

@@ -47,11 +47,6 @@ QString folderStillThere(QString folder)
     }
     return folder;
 }
-
-bool isEnter(int key)
-{
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
 } // namespace
 
 FormatMp3::FormatMp3(PlayerControl &player, SongList &songs, Mp3Info &info, VScrollBar &volume, TagEdit &tagEdit)
@@ -149,7 +144,7 @@ void FormatMp3::File1_KeyDown(QKeyEvent *event)
     const int key = event->key();
     const bool onPad = event->modifiers() & Qt::KeypadModifier;
     event->accept();
-    if (isEnter(key))
+    if (isEnter(*event))
         File1_DblClick();
     else if (key == Qt::Key_Escape)
         putProposalBack();
@@ -184,7 +179,7 @@ void FormatMp3::File1_MouseMove(int row)
 void FormatMp3::Text1_KeyDown(QKeyEvent *event)
 {
     event->accept();
-    if (isEnter(event->key()))
+    if (isEnter(*event))
         Label1_Click();
     else if (event->key() == Qt::Key_Escape)
         putProposalBack();

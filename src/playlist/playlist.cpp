@@ -191,7 +191,7 @@ void Playlist::List1_DblClick()
 // Delete removes the selected song, Enter plays it.
 void Playlist::List1_KeyDown(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (isEnter(*event)) {
         event->accept();
         playSelected();
     } else if (event->key() == Qt::Key_Delete) {

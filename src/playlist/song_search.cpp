@@ -16,11 +16,6 @@ namespace
 {
 namespace at = places::SongSearch;
 
-bool isEnter(const QKeyEvent &event)
-{
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
 QStringList matchedNames(const QStringList &names, const std::vector<SongMatch> &matches)
 {
     QStringList matched;

@@ -121,7 +121,7 @@ void frmOptions::showEvent(QShowEvent *event)
 // Enter is OK.
 void frmOptions::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isEnter(*event))
         Label1.press();
     else
         SkinWindow::keyPressEvent(event);

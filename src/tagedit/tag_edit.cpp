@@ -155,7 +155,7 @@ void TagEdit::showBeside(QWidget &neighbour)
 // Enter in a field saves.
 void TagEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isEnter(*event))
         cmdSave.press();
     else
         SkinWindow::keyPressEvent(event);
