@@ -155,7 +155,7 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
     painter.setRenderHint(QPainter::Antialiasing);
     const bool pressed = look == ButtonLook::Pressed;
     QLinearGradient light(place.topLeft(), place.bottomLeft());
-    const int strength = look == ButtonLook::Hovered ? 130 : look == ButtonLook::Disabled ? 85 : 110;
+    const int strength = look == ButtonLook::Hovered ? 130 : 110;
     light.setColorAt(pressed ? 1 : 0, lit(palette::face, strength));
     light.setColorAt(pressed ? 0 : 1, colour(palette::face).darker(pressed ? 150 : 115));
     painter.setBrush(light);

@@ -6,7 +6,7 @@
 
 class QPainter;
 
-enum class ButtonLook { Normal, Hovered, Pressed, Disabled };
+enum class ButtonLook { Normal, Hovered, Pressed };
 
 /// A button's face: graphite with a lit upper edge, lower when pressed.
 void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look);
