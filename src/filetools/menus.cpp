@@ -67,7 +67,7 @@ void Menus::mnuSongItem_Click(int index)
         switchRepeatSong();
         break;
     case RepeatAllItem:
-        switchRepeatAll();
+        m_parts.modes.toggle(RepeatAllItem);
         break;
     case PlayListItem:
         Q_EMIT playListToggled();
@@ -159,33 +159,17 @@ void Menus::deleteSong()
 // marks.
 void Menus::switchAutoPlay()
 {
-    const bool on = !m_parts.modes.isChecked(AutoPlayItem);
-    if (on)
-        m_parts.modes.choose(AutoPlayItem);
-    else
-        m_parts.modes.drop(AutoPlayItem);
-    m_parts.AutoPlaySong.setEnabled(on);
+    m_parts.AutoPlaySong.setEnabled(m_parts.modes.toggle(AutoPlayItem));
 }
 
 void Menus::switchRepeatSong()
 {
-    const bool on = !m_parts.modes.isChecked(RepeatSongItem);
+    const bool on = m_parts.modes.toggle(RepeatSongItem);
     m_parts.Timer2.setEnabled(on);
-    if (on) {
-        m_parts.modes.choose(RepeatSongItem);
+    if (on)
         m_parts.player.RepeatSongName = m_parts.songs.pointedSong();
-    } else {
-        m_parts.modes.drop(RepeatSongItem);
-        m_parts.player.stopEngine();
-    }
-}
-
-void Menus::switchRepeatAll()
-{
-    if (m_parts.modes.isChecked(RepeatAllItem))
-        m_parts.modes.drop(RepeatAllItem);
     else
-        m_parts.modes.choose(RepeatAllItem);
+        m_parts.player.stopEngine();
 }
 
 void Menus::switchRandom()

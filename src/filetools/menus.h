@@ -68,7 +68,6 @@ private:
     void deleteSong();
     void switchAutoPlay();
     void switchRepeatSong();
-    void switchRepeatAll();
     void switchRandom();
     void switchSorting();
     void movePointedFile();

@@ -17,6 +17,16 @@ void PlayModes::choose(SongMenuItem mode)
     m_songMenu.setChecked(mode, true);
 }
 
+bool PlayModes::toggle(SongMenuItem mode)
+{
+    const bool on = !isChecked(mode);
+    if (on)
+        choose(mode);
+    else
+        drop(mode);
+    return on;
+}
+
 void PlayModes::clear()
 {
     for (const SongMenuItem mode : {AutoPlayItem, RepeatSongItem, RepeatAllItem})

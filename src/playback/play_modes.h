@@ -32,6 +32,9 @@ public:
     /// Checks one play mode and takes the check marks off the others.
     void choose(SongMenuItem mode);
 
+    /// Chooses a play mode, or takes its check mark off. Is it on now?
+    bool toggle(SongMenuItem mode);
+
     /// Takes one play mode's check mark off.
     void drop(SongMenuItem mode) { m_songMenu.setChecked(mode, false); }
 
