@@ -1,6 +1,7 @@
 // What is told of a song.
 #include "remote/song_metadata.h"
 
+#include "base/texts.h"
 #include "mp3info/mp3_info.h"
 #include "platform/drives.h"
 #include "platform/file_names.h"
@@ -11,11 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// A tag's field as people read it: what follows a NUL is none of its text.
+// A tag's field as people read it.
 QString readable(const QString &field)
 {
-    const qsizetype end = field.indexOf(QChar());
-    return field.left(end < 0 ? field.size() : end).trimmed();
+    return untilNul(field).trimmed().toString();
 }
 
 QString nameWithoutEnding(const QString &path)

@@ -1,6 +1,8 @@
 // INI texts, read line by line without copying: a line ends with CR LF, LF or CR alone.
 #include "settings/ini_file.h"
 
+#include "base/texts.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -116,10 +118,8 @@ QString iniValue(QStringView text, QStringView section, QStringView key)
     if (!line)
         return {};
     const QStringView content = text.sliced(line->start, line->end - line->start);
-    QStringView value = withoutBlanks(content.sliced(content.indexOf(u'=') + 1));
-    if (const qsizetype zero = value.indexOf(QChar()); zero >= 0)
-        value.truncate(zero);
-    return withoutQuotes(value).left(longestIniValue).toString();
+    const QStringView value = withoutBlanks(content.sliced(content.indexOf(u'=') + 1));
+    return withoutQuotes(untilNul(value)).left(longestIniValue).toString();
 }
 
 QString withIniValue(const QString &text, QStringView section, QStringView key, const QString &value)

@@ -1,6 +1,7 @@
 // The icon in the notification area, on Qt's.
 #include "settings/tray_icon.h"
 
+#include "base/texts.h"
 #include "controls/pictures.h"
 
 #include <QGuiApplication>
@@ -30,8 +31,7 @@ bool hasDesktop()
 
 QString trayTip(const QString &text)
 {
-    const qsizetype zero = text.indexOf(QChar());
-    QString tip = text.left(zero < 0 ? longestTip : std::min(zero, longestTip));
+    QString tip = untilNul(text).left(longestTip).toString();
     if (tip.size() < text.size() && !tip.isEmpty() && tip.back().isHighSurrogate())
         tip.chop(1); // Half a character is none.
     return tip;

@@ -4,6 +4,7 @@
 #include "base/names.h"
 #include "base/numbers.h"
 #include "base/play_time.h"
+#include "base/texts.h"
 #include "base/window_place.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
@@ -36,21 +37,6 @@ QStringList genreNames()
     for (const EditorGenre &genre : editorGenres)
         names += QString::fromLatin1(genre.name);
     return names;
-}
-
-// One spelling for a song's path: doubled backslashes are one. Case counts.
-QString plainPath(const QString &path)
-{
-    QString plain = programPath(path);
-    while (plain.contains(u"\\\\"_s))
-        plain.replace(u"\\\\"_s, u"\\"_s);
-    return plain;
-}
-
-// A box ends where the first NUL stands: some programs pad with them, and what is typed behind them would be cut off.
-QString shownText(const QString &text)
-{
-    return text.left(text.indexOf(QChar(u'\0')));
 }
 } // namespace
 
@@ -260,13 +246,14 @@ void TagEdit::showTagFrames(bool hasTag)
         hidden->hide();
 }
 
+// What is typed behind a NUL would be cut off: the boxes end there.
 void TagEdit::showTexts(const Id3v1Tag &tag)
 {
-    Title.setText(shownText(tag.title));
-    Artist.setText(shownText(tag.artist));
-    Album.setText(shownText(tag.album));
-    Year.setText(shownText(tag.year));
-    Comment.setText(shownText(tag.comment));
+    Title.setText(untilNul(tag.title).toString());
+    Artist.setText(untilNul(tag.artist).toString());
+    Album.setText(untilNul(tag.album).toString());
+    Year.setText(untilNul(tag.year).toString());
+    Comment.setText(untilNul(tag.comment).toString());
 }
 
 Id3v1Tag TagEdit::typedTag() const
@@ -289,7 +276,8 @@ void TagEdit::setFormCaption(const QString &caption)
 
 bool TagEdit::isPlayingFile() const
 {
-    return !m_file.isEmpty() && plainPath(m_player.playingPath()) == plainPath(m_file);
+    const QByteArray file = hostPath(m_file);
+    return !file.isEmpty() && file == hostPath(m_player.playingPath());
 }
 
 // Is it another song that plays? Tells the user when it is not.
