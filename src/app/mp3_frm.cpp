@@ -128,22 +128,22 @@ void Mp3Frm::Load()
     for (PictureBox *button : {&bPrev, &bPlay, &bPause, &bStop, &bNext})
         ShapeFromPicture(*button);
     Label7.setCaption({});
-    const QString firstFolder = firstMusicFolder(File1.extensions());
     if (!FileExists(paths::settingsFile))
-        firstStart(folderExists(firstFolder) ? firstFolder : QString());
+        firstStart();
     const QString folder = readSetting(Setting::Mp3Path);
     const QString volume = readSetting(Setting::Volume);
     const bool isStoredThere = FileExists(pathIn(folder, {})); // Each folder is read once: it may be a huge one.
     if (!isStoredThere || !File1.setPath(programPath(folder)))
-        File1.setPath(firstFolder);
+        File1.setPath(firstMusicFolder(File1.extensions()));
     m_songs.rebuildDisplayCopy();
     setVolumeFrom(volume);
 }
 
 // The first settings. The volume written is the position slider's value: a stored 0 asks for the engine's own loudness.
-void Mp3Frm::firstStart(const QString &folder)
+void Mp3Frm::firstStart()
 {
-    writeSetting(Setting::Mp3Path, folder);
+    const QString folder = firstMusicFolder(File1.extensions());
+    writeSetting(Setting::Mp3Path, folderExists(folder) ? folder : QString());
     writeSetting(Setting::Volume, QString::number(HScroll1.Value()));
     writeSetting(Setting::ShortCut, u"1"_s);
 }

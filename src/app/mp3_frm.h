@@ -93,7 +93,7 @@ protected:
 private:
     void dress();
     void connectHandlers();
-    void firstStart(const QString &folder);
+    void firstStart();
     void setVolumeFrom(const QString &stored);
 
     void Label6_Click();
