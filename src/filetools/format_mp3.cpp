@@ -162,7 +162,7 @@ void FormatMp3::File1_KeyDown(QKeyEvent *event)
 void FormatMp3::File1_MouseDown()
 {
     if (!MoveMenuOpen)
-        m_pointedFile = File1.List(File1.rowAt(File1.viewport()->mapFromGlobal(File1.menuPosition())));
+        m_pointedFile = File1.List(File1.menuRow());
 }
 
 // The mouse is over a file: its tip tells whether it may be written.
