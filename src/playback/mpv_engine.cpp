@@ -96,7 +96,7 @@ void MpvEngine::stop()
 double MpvEngine::currentPosition() const
 {
     refreshClock();
-    const double position = m_seekTarget.value_or(clock());
+    const double position = m_seekTarget.value_or(m_clock.seconds());
     return m_duration > 0 ? std::min(position, m_duration) : position;
 }
 
@@ -180,25 +180,17 @@ void MpvEngine::setPaused(bool on)
     if (std::exchange(m_isPaused, on) == on)
         return;
     ++m_serial;
-    setClock(clock());
+    setClock(m_clock.seconds());
     m_core->setPause(on);
     m_core->askPosition(m_serial);
     Q_EMIT stateChanged();
 }
 
-double MpvEngine::clock() const
-{
-    return m_clockBase + (m_sinceBase.isValid() ? m_sinceBase.elapsed() / 1000.0 : 0);
-}
-
 // Sets the reckoned position; it moves on by itself while the song sounds.
 void MpvEngine::setClock(double seconds)
 {
-    m_clockBase = seconds;
-    if (isPlaying())
-        m_sinceBase.start();
-    else
-        m_sinceBase.invalidate();
+    m_clock.setRunning(isPlaying());
+    m_clock.tell(seconds);
 }
 
 // Who looks at the position has it put right from time to time; without a look nothing wakes up.
@@ -268,7 +260,7 @@ void MpvEngine::soundStarted()
     if (m_song < Song::Opening || m_entry == 0)
         return;
     m_song = Song::Sounding;
-    setClock(m_seekTarget.value_or(clock()));
+    setClock(m_seekTarget.value_or(m_clock.seconds()));
     m_sinceAsked.start();
     m_core->askPosition(m_serial);
     Q_EMIT stateChanged();
@@ -306,7 +298,7 @@ void MpvEngine::positionTold(quint64 serial, double seconds)
     const bool isAtTarget = m_seekTarget && m_isPaused;
     m_seekTarget.reset();
     setClock(isAtTarget ? shown : std::max(seconds, 0.0));
-    if (std::abs(clock() - shown) > visibleJumpSeconds)
+    if (std::abs(m_clock.seconds() - shown) > visibleJumpSeconds)
         Q_EMIT stateChanged();
 }
 

@@ -6,6 +6,7 @@
 
 #include "playback/media_engine.h"
 #include "playback/mpv_core.h"
+#include "playback/reckoned_position.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -50,7 +51,6 @@ private:
     void forgetSong();
     void forgetNews();
     void setPaused(bool on);
-    double clock() const;
     void setClock(double seconds);
     void refreshClock() const;
     bool isOpen() const { return m_request == Request::None && m_song >= Song::Open; }
@@ -84,8 +84,7 @@ private:
     double m_duration = 0;
 
     // The position is reckoned from the clock and put right by libmpv now and then: asking it each time wakes it up.
-    double m_clockBase = 0;
-    QElapsedTimer m_sinceBase;          // Invalid while the position stands still.
+    ReckonedPosition m_clock;
     mutable QElapsedTimer m_sinceAsked; // Since libmpv was last asked for the position.
     std::optional<double> m_seekTarget; // The position shown until the seek is done.
     QElapsedTimer m_sinceSeek;

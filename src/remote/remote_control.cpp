@@ -13,10 +13,13 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr double jumpSeconds = 0.5; // So far astray listeners are put right.
 const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
 const QString serviceName = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
@@ -93,7 +96,7 @@ void RemoteControl::tellPosition(const PlayerFacts &now)
     if (std::exchange(m_toldSong, now.songNumber) != now.songNumber)
         m_toldPosition.tell(0); // A song that is new to the listeners begins at its start.
     const double position = positionSeconds();
-    if (now.playback != Playback::Stopped && m_toldPosition.isFarFrom(position)) {
+    if (now.playback != Playback::Stopped && std::abs(m_toldPosition.seconds() - position) > jumpSeconds) {
         m_toldPosition.tell(position);
         Q_EMIT jumped(microseconds(position));
     }

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "playback/media_engine.h"
+#include "playback/reckoned_position.h"
 #include "remote/player_facts.h"
-#include "remote/reckoned_position.h"
 
 #include <QDBusContext>
 #include <QTimer>
@@ -86,5 +86,5 @@ private:
     int m_songNumber = 0;
     QVariantMap m_told; // The properties as last told.
     int m_toldSong = 0;
-    ReckonedPosition m_toldPosition;
+    ReckonedPosition m_toldPosition; // Where listeners take the song to be: nobody tells it all the time.
 };

@@ -1,12 +1,5 @@
-// Where a listener takes the song to be.
-#include "remote/reckoned_position.h"
-
-#include <cmath>
-
-namespace
-{
-constexpr double jumpSeconds = 0.5;
-}
+// A position that moves on by itself.
+#include "playback/reckoned_position.h"
 
 void ReckonedPosition::tell(double seconds)
 {
@@ -27,9 +20,4 @@ void ReckonedPosition::setRunning(bool running)
 double ReckonedPosition::seconds() const
 {
     return m_base + (m_sinceBase.isValid() ? static_cast<double>(m_sinceBase.elapsed()) / 1000.0 : 0);
-}
-
-bool ReckonedPosition::isFarFrom(double seconds) const
-{
-    return std::abs(this->seconds() - seconds) > jumpSeconds;
 }

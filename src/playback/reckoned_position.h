@@ -1,5 +1,4 @@
-// Where a listener takes the song to be: nobody tells it the position all the time, it was told once and lets it run on
-// while the song plays.
+// A position in a song that was told once and is reckoned from then on: it moves on by itself while the song plays.
 #pragma once
 
 #include <QElapsedTimer>
@@ -7,16 +6,13 @@
 class ReckonedPosition
 {
 public:
-    /// The listener learns the position.
+    /// The position is known, in seconds.
     void tell(double seconds);
 
     /// The song plays on from now on, or stands.
     void setRunning(bool running);
 
     double seconds() const;
-
-    /// Is the listener so wrong that it must be told?
-    bool isFarFrom(double seconds) const;
 
 private:
     double m_base = 0;
