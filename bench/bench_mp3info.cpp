@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files a CPU second from the page cache: the quick reader and Mp3Info, beside a tag library on the same 20,000 files.
 #include "mp3info/mp3_info.h"
 #include "mp3info/quick_header.h"

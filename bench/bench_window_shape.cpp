@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Picture to region at 1000 x 1000 pixels: the budget is 5 ms.
 #include "settings/window_shape.h"
 

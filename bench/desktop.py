@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A desktop for one player: a screen nobody sees, with a window manager, a session bus, and a home that is thrown away.
 None of it is the user's, so no settings, no running player and no sound server of theirs is touched."""
 

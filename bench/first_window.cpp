@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Starts a program and tells how long it takes until its main window is on the screen: milliseconds from exec to the
 // first window that can be seen and is no splash, dialog, menu or tip, and the CPU time its processes used by then.
 // The program goes on. There must be a window manager, and nobody else may open windows meanwhile.

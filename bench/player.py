@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A player to be measured: its commands, the songs it is given, and how it is started on a desktop."""
 
 import shlex

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What a program uses, all its processes together: processor time, wake-ups, memory. Read from /proc."""
 
 import ctypes

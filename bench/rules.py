@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The benchmarks of single rules, run on Google Benchmark: rows of what, figure, budget, and whether it is kept."""
 
 import json

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What a player is put through, on a desktop of its own; each scenario gives figures by name. None: not measured."""
 
 import statistics

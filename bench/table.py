@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The figures and their budgets, side by side."""
 
 # Figure, what it is, digits, what this player may use.

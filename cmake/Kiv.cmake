@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # How the player's targets are made: warnings and Qt definitions in one place, one helper for a library, one for a test.
 
 add_library(kiv_options INTERFACE)

@@ -1,4 +1,4 @@
-// What this is and where it runs.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/about.h"
 
 #include "app/version.h"

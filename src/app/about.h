@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What this is and where it runs: version, a message, the system, and on demand the running processes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The start of the program: answers that need no window, the application, the engine, and then the player.
 #include "app/program.h"
 #include "app/start_options.h"

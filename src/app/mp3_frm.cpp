@@ -1,4 +1,4 @@
-// The player's main window.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/mp3_frm.h"
 
 #include "app/version.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player itself: the songs of the music folder, the transport, the display, the two sliders. What plays and what
 // the display shows is decided in playback/; this window brings its controls together, keeps the music folder and is
 // the one through which the program is left.

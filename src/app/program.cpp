@@ -1,4 +1,4 @@
-// The whole player.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/program.h"
 
 #include "base/names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole player: builds every window, runs their loads in the prescribed order, connects what one window wants with
 // what another one does, and ends it all.
 #pragma once

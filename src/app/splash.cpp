@@ -1,4 +1,4 @@
-// The start-up window.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/splash.h"
 
 #include "app/version.h"

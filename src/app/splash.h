@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The start-up window: name, version and a bar that fills while it is on show. Everything is loaded before it appears.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Sorting the arguments, and the answers that need no window.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/start_options.h"
 
 #include "app/version.h"

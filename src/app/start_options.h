@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program's arguments ask for, told before there is an application: an answer in the terminal, or a start.
 #pragma once
 

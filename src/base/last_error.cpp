@@ -1,4 +1,4 @@
-// The program's last recorded error.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/last_error.h"
 
 using namespace Qt::StringLiterals;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program's last recorded error: what an error box shows. The one who fails records it, the window shows it.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Names and paths as texts.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/names.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names and paths as texts: cutting them apart and putting them together. No file is looked at here (see platform/).
 #pragma once
 

@@ -1,4 +1,4 @@
-// Numbers as the player counts them.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/numbers.h"
 
 #include <algorithm>

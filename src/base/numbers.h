@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers as the player counts them: narrowing on purpose, rounding half to even, numbers read from texts.
 #pragma once
 

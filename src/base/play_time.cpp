@@ -1,4 +1,4 @@
-// Seconds as people read them.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/play_time.h"
 
 QString FormatPlayTime(std::int32_t seconds)

@@ -1,4 +1,4 @@
-// A breath for the window system inside a long loop.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/pump_events.h"
 
 #include <QCoreApplication>

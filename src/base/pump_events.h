@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A breath for the window system inside a long loop.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Where a window goes on the screen.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/window_place.h"
 
 #include <algorithm>

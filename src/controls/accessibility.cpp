@@ -1,4 +1,4 @@
-// What assistive tools see of the player's own windows and controls.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/accessibility.h"
 
 #include "controls/frame.h"

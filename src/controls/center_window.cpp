@@ -1,4 +1,4 @@
-// Where windows go.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/center_window.h"
 
 #include "base/window_place.h"

@@ -1,4 +1,4 @@
-// A check box with the states 0 and 1.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/check_box.h"
 
 CheckBox::CheckBox(QWidget *parent, const ControlSetup &setup, const QString &caption) : QCheckBox(caption, parent)

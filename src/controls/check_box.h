@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A check box with the states 0 and 1. A change of state fires Click(), also when the program makes it.
 #pragma once
 

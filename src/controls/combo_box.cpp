@@ -1,4 +1,4 @@
-// A drop-down list in a well of the skin.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/combo_box.h"
 
 #include "controls/fonts.h"

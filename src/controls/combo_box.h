@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drop-down list in a well of the skin: one of its items is chosen, or none.
 #pragma once
 

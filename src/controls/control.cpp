@@ -1,4 +1,4 @@
-// What every control has.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/control.h"
 
 #include <QKeyEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every control has: its short name as object name, a fixed plain description for who cannot see it, its place.
 #pragma once
 

@@ -1,4 +1,4 @@
-// A folder with the folders above it and those in it.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/dir_list_box.h"
 
 #include "base/names.h"

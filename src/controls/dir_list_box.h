@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder with the folders above it and those in it, as an indented list. A double click or Enter opens a folder;
 // walking with the arrow keys only chooses.
 #pragma once

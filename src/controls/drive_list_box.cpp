@@ -1,4 +1,4 @@
-// The drives to choose from.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/drive_list_box.h"
 
 #include "platform/drives.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drives to choose from. Choosing another one fires Change(), whoever chooses it.
 #pragma once
 

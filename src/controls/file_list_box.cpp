@@ -1,4 +1,4 @@
-// The files of one folder that fit a pattern.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/file_list_box.h"
 
 #include "base/names.h"

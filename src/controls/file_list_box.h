@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The files of one folder that fit a pattern, sorted without regard to case, hidden ones left out.
 #pragma once
 

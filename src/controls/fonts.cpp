@@ -1,4 +1,4 @@
-// The fonts of the design by name.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/fonts.h"
 
 #include <QStringList>

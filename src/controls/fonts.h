@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fonts of the design by name, each with a family that is installed with the player.
 #pragma once
 

@@ -1,4 +1,4 @@
-// A part of a window with a caption of its own.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/frame.h"
 
 #include "controls/fonts.h"

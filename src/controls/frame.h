@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A part of a window with a caption of its own; the controls that belong together are its children. It comes and goes
 // with them. Pressing the mouse on it drags the window as pressing the skin does.
 #pragma once

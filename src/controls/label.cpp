@@ -1,4 +1,4 @@
-// A text on the skin.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/label.h"
 
 #include "controls/skin_style.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A text on the skin. As a button it is a command of its own: click, Enter and Space run it, and its look answers the
 // mouse. Its caption is its accessible name.
 #pragma once

@@ -1,4 +1,4 @@
-// A list of texts, one chosen at most.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/list_box.h"
 
 #include "controls/fonts.h"

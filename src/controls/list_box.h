@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
 // nothing. A right click never changes the choice, and neither does the keyboard's coming. A row selected by assistive

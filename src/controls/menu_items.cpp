@@ -1,4 +1,4 @@
-// A context menu as an array of items.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/menu_items.h"
 
 #include <QMenu>

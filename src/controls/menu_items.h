@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A context menu as an array of items: captions and check marks by index, one Click for all. The check marks are state
 // in their own right, whether the menu is up or not; the window for it is made when it opens.
 #pragma once

@@ -1,4 +1,4 @@
-// Message boxes.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/msg_box.h"
 
 #include "base/last_error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Message boxes. A test answers beforehand and reads what was shown; no window opens then.
 #pragma once
 

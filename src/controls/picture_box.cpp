@@ -1,4 +1,4 @@
-// A picture on the skin.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/picture_box.h"
 
 #include "controls/skin_style.h"

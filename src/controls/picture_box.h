@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture on the skin; as a button it has a picture for the mouse over it and one for the pressed state. Its outline
 // may be shaped: outside of it clicks go to what lies below.
 #pragma once

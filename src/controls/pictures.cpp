@@ -1,4 +1,4 @@
-// The pictures of the skins.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/pictures.h"
 
 #include "platform/desktop_places.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of the skins: an identifier each, a table of files, the sharper form on a dense screen.
 #pragma once
 

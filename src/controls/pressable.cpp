@@ -1,4 +1,4 @@
-// What every control that can be a button shares.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/pressable.h"
 
 #include "controls/control.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every control that can be a button shares: a left click that ends where it began, Enter and Space run its
 // command, and it knows whether the mouse is over it or holds it down. How that looks is the control's own business.
 #pragma once

@@ -1,4 +1,4 @@
-// The sliders.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/scroll_bars.h"
 
 #include <QScopedValueRollback>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sliders. The program's own setValue() fires Change() alone and leaves a thumb that the user holds where it is.
 // Scroll() is the user's: the thumb dragged, the arrow keys, the wheel or an assistive tool; a click on the groove
 // moves the thumb by a large change and fires Change() alone.

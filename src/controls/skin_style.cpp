@@ -1,4 +1,4 @@
-// The look of the controls in the colours of the skins.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/skin_style.h"
 
 #include "skins/palette.h"

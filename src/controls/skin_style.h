@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The look of the controls that the window system would otherwise draw its own way: one style for lists, fields,
 // sliders, check boxes, menus and tool tips, in the colours of the skins.
 #pragma once

@@ -1,4 +1,4 @@
-// A borderless window that is a picture.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/skin_window.h"
 
 #include "controls/list_box.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A borderless window that is a picture. Pressing the mouse on the picture moves the window; a missing or damaged
 // picture leaves a plain panel with all controls in their places. Escape closes it as the window manager would, F6 goes
 // on to the player's next window, the menu key opens the menu of its list wherever the keyboard is.

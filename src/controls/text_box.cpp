@@ -1,4 +1,4 @@
-// One line of text.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/text_box.h"
 
 #include <QKeyEvent>

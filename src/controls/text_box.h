@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One line of text, edited or just shown. Its change made by the program fires Change() as typing does.
 #pragma once
 

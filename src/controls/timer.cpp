@@ -1,4 +1,4 @@
-// A window's timer.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/timer.h"
 
 #include <algorithm>

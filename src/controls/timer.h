@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A window's timer. A repeating one with an interval of 1 ms ticks at the screen's pace, and rests while nobody can see
 // what it does: an idle player wakes the processor for nothing. A one-shot timer switches itself off and ticks as soon
 // as the current handler has returned.

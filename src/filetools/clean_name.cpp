@@ -1,4 +1,4 @@
-// File names made tidy.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/clean_name.h"
 
 #include "platform/ansi_text.h"

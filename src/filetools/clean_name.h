@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // File names made tidy: one plain text in, one plain text out. Asking for a name and renaming is the windows' work.
 #pragma once
 

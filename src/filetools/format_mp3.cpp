@@ -1,4 +1,4 @@
-// The name formatter.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/format_mp3.h"
 
 #include "base/last_error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The name formatter: browse a folder, choose a file, and its name is proposed in a tidy form that can be edited; then
 // the file gets it. How names are tidied is in name_proposal; the menus over the files are opened by Menus.
 #pragma once

@@ -1,4 +1,4 @@
-// The context menus and the commands behind them.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/menus.h"
 
 #include "base/names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The context menus and the commands behind them. What a command does to songs, files and play modes is done here; what
 // it wants of other windows leaves as a signal.
 #pragma once

@@ -1,4 +1,4 @@
-// Moving a song to another folder.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/move_file.h"
 
 #include "platform/folders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Moving a song to another folder: a copy, then the deletion of the source. At no moment is the song only in memory.
 #pragma once
 

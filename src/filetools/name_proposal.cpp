@@ -1,4 +1,4 @@
-// What the name formatter proposes for a file.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/name_proposal.h"
 
 #include "filetools/clean_name.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the name formatter proposes for a file: artist and title told apart by hyphens, then tidied.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The questions of the shell's file operations.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/shell_windows.h"
 
 #include "controls/msg_box.h"

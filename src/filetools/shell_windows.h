@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The questions of the shell's file operations as message boxes, and the progress of a long copy as a window. One
 // object for one operation; the window goes with it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What both header readers do with the first bytes of a file. Offsets count from 0; beyond the bytes at hand a file
 // reads as zeros.
 #pragma once

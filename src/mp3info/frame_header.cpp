@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds and decodes the frame header. Fields are cut out of the header's bit text by character position: dropped
 // leading zeros shift them, which is what a file without a frame is read by.
 #include "mp3info/frame_header.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The first MPEG audio frame header of a file (ISO/IEC 11172-3, section 2.4.1.3) and the frame count of a Xing header.
 // Narrow on purpose: only MPEG-1 Layer III frames are looked for, tags in front are not skipped, and the length follows
 // from the whole file and the first frame's bit rate. A file without a frame is decoded from its first bytes.

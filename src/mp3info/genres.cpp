@@ -1,4 +1,4 @@
-// The genre list.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "mp3info/genres.h"
 
 #include <array>

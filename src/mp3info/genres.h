@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The names of the ID3v1 genre numbers, after an empty entry for "no genre". The tag editor has a list of its own.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Cuts a tag block into its fields and puts it together again.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "mp3info/id3v1_tag.h"
 
 #include "platform/ansi_text.h"

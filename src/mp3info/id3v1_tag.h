@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ID3v1 tag: the last 128 bytes of a file. "TAG", then title, artist, album (30 bytes each), year (4), comment (30)
 // in Windows-1252, then the genre's number. Knows the block only; finding it in a file is left to the caller.
 #pragma once

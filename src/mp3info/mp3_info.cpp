@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads a file with one system read, two when its end lies beyond the first.
 #include "mp3info/mp3_info.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Mp3Info: the data of one file, its ID3v1 tag and its first frame header. Setting the file name reads both; the
 // members then stay as they are until the next name. No operation shows or throws anything.
 #pragma once

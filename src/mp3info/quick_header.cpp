@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decodes by formula rather than table, for every layer alike: only Layer III bit rates are right.
 #include "mp3info/quick_header.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The quick reader: display texts of a file's first frame header, for tool tips and labels. Wider than
 // readFrameHeader() in the frames it accepts (MPEG-1 and MPEG-2, all layers), narrower in its reach; its texts have
 // spellings of their own.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Windows-1252. The code page equals ISO 8859-1 but for bytes 0x80 to 0x9F; the five of them without a character
 // stand for the control character of the same code, so that no byte is lost.
 #include "platform/ansi_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Windows-1252: the one codec for tag bytes and for the player's own text files.
 #pragma once
 

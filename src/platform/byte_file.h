@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A normal file read and written by position. Offsets count from 0, lengths are 64-bit; who wants less narrows them.
 #pragma once
 

@@ -1,4 +1,4 @@
-// A normal file read and written by position, on Unix hosts.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/byte_file.h"
 #include "platform/drives.h"
 

@@ -1,4 +1,4 @@
-// The command line as one text.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/command_line.h"
 
 #include "platform/drives.h"

@@ -1,4 +1,4 @@
-// Where this desktop keeps things.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop_places.h"
 
 #include "platform/drives.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where this desktop keeps things. Host paths in and out unless said otherwise.
 #pragma once
 

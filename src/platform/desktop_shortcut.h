@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A shortcut to the player on the user's desktop.
 #pragma once
 

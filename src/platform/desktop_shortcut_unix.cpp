@@ -1,4 +1,4 @@
-// A desktop entry file, as desktops of the free systems read it.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop_places.h"
 #include "platform/desktop_shortcut.h"
 #include "platform/drives.h"

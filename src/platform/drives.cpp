@@ -1,4 +1,4 @@
-// Paths of the program and paths of the host.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/drives.h"
 
 #include "platform/file_names.h"

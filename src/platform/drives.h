@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paths of the program and paths of the host. In the program every path has a drive and backslashes:
 // "c:\" is the player's data folder, "z:\" the root of the host's file system. Doubled backslashes are one.
 #pragma once

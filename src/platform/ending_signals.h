@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The wishes of a terminal, a shell or a system going down that the program end.
 #pragma once
 

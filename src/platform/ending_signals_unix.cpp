@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SIGTERM, SIGINT and SIGHUP. A handler may do next to nothing: it writes a byte into a pipe that the event loop
 // watches.
 #include "platform/ending_signals.h"

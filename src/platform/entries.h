@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entries of the host's folders, whatever they are: telling them apart, renaming, removing. Paths are the host's.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Entries of the host's folders on Linux.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/entries.h"
 #include "platform/handle_unix.h"
 

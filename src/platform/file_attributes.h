@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the file system says about a file beside its bytes.
 #pragma once
 

@@ -1,4 +1,4 @@
-// What the file system says about a file, on Unix hosts.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/drives.h"
 #include "platform/file_attributes.h"
 

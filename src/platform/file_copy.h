@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that appear or shrink at once or not at all, so that neither a crash nor a full disk leaves half a song under a
 // song's name. Paths are the host's unless said otherwise; nothing is asked here (see shell_files).
 #pragma once

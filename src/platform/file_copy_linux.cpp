@@ -1,4 +1,4 @@
-// Files that appear or shrink at once or not at all, on Linux.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/drives.h"
 #include "platform/file_copy.h"
 #include "platform/handle_unix.h"

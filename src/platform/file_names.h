@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // File names between the host's bytes and the program's texts. Every name of the host has a text of its own, and the
 // text leads back to the same bytes: bytes that are no UTF-8 travel as lone surrogates, a backslash as U+F05C.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // File names of Unix hosts: any bytes but NUL and the slash, mostly UTF-8.
 #include "platform/file_names.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Folders and their entries, and the few questions about files that need no opening. Paths are the program's.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Folders and their entries on Unix hosts. Reads the folder itself, not each file: 100,000 songs are normal.
 #include "platform/drives.h"
 #include "platform/file_names.h"

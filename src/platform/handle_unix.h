@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An open file of a Unix host, closed when it goes. For the files behind platform/ alone.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Small files as a whole.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/saved_file.h"
 
 #include "platform/byte_file.h"

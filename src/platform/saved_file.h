@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small files as a whole: read at once, written at once or not at all.
 #pragma once
 

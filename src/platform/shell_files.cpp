@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Copying, deleting and renaming songs as a desktop does it. What must be atomic is in file_copy.
 #include "platform/shell_files.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Copying, deleting and renaming songs as a desktop does it: it asks before a file is replaced or thrown away, never
 // replaces silently, and leaves every file as it was when something fails. Paths are the program's.
 #pragma once

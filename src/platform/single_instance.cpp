@@ -1,4 +1,4 @@
-// One player a user.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/single_instance.h"
 
 #include "platform/desktop_places.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One player a user: the first one holds a lock for as long as it runs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What runs here: the system and its processes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What runs here, on Linux: the processes are folders of /proc.
 #include "platform/file_names.h"
 #include "platform/system_facts.h"

@@ -1,4 +1,4 @@
-// Lines on stdout and stderr.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/terminal.h"
 
 #include <QByteArrayView>

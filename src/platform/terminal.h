@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program says in the terminal it was started from, and the status it ends with.
 #pragma once
 

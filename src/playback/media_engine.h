@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What plays the songs, as the player sees it: a file, a position, a loudness, two events. All of it happens on the
 // user-interface thread. One engine exists (MpvEngine); tests bring their own.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // libmpv; the only file that knows its header.
 //
 // libmpv's own threads call wake(), which only queues drain() on the user-interface thread.

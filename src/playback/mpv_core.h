@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // libmpv behind a small door: loaded when started, told what to do, never waited for. The only one who knows its
 // header. What it has to say is delivered on the user-interface thread, from the event loop.
 #pragma once

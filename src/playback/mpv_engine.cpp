@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The media engine on libmpv: what is asked for, what is going on, and how much of what libmpv says still counts.
 //
 // Order of things: ask() notes what is wanted and starts a zero timer, carryOutRequest() hands it to libmpv. Every

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The media engine on libmpv. The library is loaded when the first song is opened, after the handler that asked for it
 // has returned; a start without a song never pays for it. Everything happens on the user-interface thread and nothing
 // here waits for libmpv: commands and questions are handed over, answers come as events. News of an older song are told

@@ -1,4 +1,4 @@
-// Why a song could not be played.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/play_fault.h"
 
 #include "platform/byte_file.h"

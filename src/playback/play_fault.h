@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Why a song could not be played: the kinds of failure, their numbers and their sentences.
 #pragma once
 

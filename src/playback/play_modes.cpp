@@ -1,4 +1,4 @@
-// What happens when a song ends.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/play_modes.h"
 
 using namespace Qt::StringLiterals;

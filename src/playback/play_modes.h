@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What happens when a song ends. The modes are the check marks of the song menu and nothing else, so the menu's items
 // live here, lowest among those who read them; what its commands do is the business of the menus (filetools/).
 #pragma once

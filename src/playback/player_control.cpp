@@ -1,4 +1,4 @@
-// The transport.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/player_control.h"
 
 #include "base/last_error.h"

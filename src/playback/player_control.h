@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The transport: play, pause, stop, next, previous, and what follows when a song ends. It drives the engine and the
 // main window's transport controls; every other window that plays a song asks it to.
 //

@@ -1,4 +1,4 @@
-// Position, length, loudness and title on the main window.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/position_display.h"
 
 #include "base/names.h"

@@ -1,4 +1,4 @@
-// A position that moves on by itself.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/reckoned_position.h"
 
 void ReckonedPosition::tell(double seconds)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A position in a song that was told once and is reckoned from then on: it moves on by itself while the song plays.
 #pragma once
 

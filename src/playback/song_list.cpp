@@ -1,4 +1,4 @@
-// The songs of the music folder and their display copy.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/song_list.h"
 
 #include "base/names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The songs of the music folder: File1, the list itself, and List1, its display copy without the endings. The copy
 // stays as it was when the folder changes, until somebody rebuilds it. Here is also which song the mouse points at and
 // whether the song menu is up.

@@ -1,4 +1,4 @@
-// The play list's two text files.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/list_file.h"
 
 #include "platform/ansi_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The play list's two text files: plain lines when written, comma-separated fields when read. So a name that holds a
 // comma comes back as two items; that is how these files have always been read.
 #pragma once

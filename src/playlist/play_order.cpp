@@ -1,4 +1,4 @@
-// Which play list entry comes next.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/play_order.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which play list entry comes next, in order or at random. Indexes count from 0; -1 is no selection.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The play list's total length.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/play_times.h"
 
 #include "base/numbers.h"

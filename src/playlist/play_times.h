@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The play list's total length from the texts of its play times.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The play list window. Which entry is next, what the times sum up to and how the files are read are rules of their
 // own.
 #include "playlist/playlist.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The play list window: the songs, their play times beside them, and a line that counts both. It plays a song on a
 // double-click, removes one with Delete, and goes on to the next one, in order or at random, when asked to.
 //

@@ -1,4 +1,4 @@
-// Search in a list of song names.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/song_match.h"
 
 #include <QStringMatcher>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Search in a list of song names, letter case ignored. The list is put into lower case once; a search is then one walk
 // over one text, and a result becomes a text of its own only when somebody looks at it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The search window. The search itself is a rule; a row's text is made when the row is looked at, so that a letter
 // which matches a hundred thousand songs costs no more than one which matches ten.
 #include "playlist/song_search.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The search window: the songs of the music folder whose names hold the typed text, in the folder's order, the text in
 // capitals. A double-click or Enter plays a result.
 #pragma once

@@ -1,4 +1,4 @@
-// The two interfaces by which the desktop knows a media player.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "remote/adaptors.h"
 
 using namespace Qt::StringLiterals;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two interfaces by which the desktop knows a media player (MPRIS 2.2), each by the names and types it prescribes.
 // They hold nothing; the remote control knows and does it all.
 #pragma once

@@ -1,4 +1,4 @@
-// What the player tells about itself.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "remote/player_facts.h"
 
 #include <QDBusObjectPath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the player tells about itself over the desktop's bus, as plain values, and how those are counted there: loudness
 // from 0 to 1, time in microseconds.
 #pragma once

@@ -1,4 +1,4 @@
-// The player on the session bus.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "remote/remote_control.h"
 
 #include "controls/file_list_box.h"

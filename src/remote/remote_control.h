@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player on the desktop's session bus: media keys, desktop widgets and command line tools ask it what plays and
 // tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands are those of the main
 // window's labels. What changes is told once, after the handler that changed it; the position is only told when it

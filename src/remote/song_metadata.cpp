@@ -1,4 +1,4 @@
-// What is told of a song.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "remote/song_metadata.h"
 
 #include "base/texts.h"

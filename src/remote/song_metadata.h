@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is told of a song over the desktop's bus, and how files are named there.
 #pragma once
 

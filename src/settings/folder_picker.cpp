@@ -1,4 +1,4 @@
-// The desktop's folder picker.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/folder_picker.h"
 
 #include "platform/drives.h"

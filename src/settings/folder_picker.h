@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop's folder picker. A test answers beforehand and reads what was asked; no dialog opens then.
 #pragma once
 

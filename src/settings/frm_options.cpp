@@ -1,4 +1,4 @@
-// The options window.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/frm_options.h"
 
 #include "base/numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The options window. Its check boxes are the one home of the three option flags: whoever needs one asks here, and the
 // first question loads the window. What the flags change in other windows leaves as signals.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // INI texts, read line by line without copying: a line ends with CR LF, LF or CR alone.
 #include "settings/ini_file.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fixed places of the player's own files, as paths of the program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file through the INI rules; the whole file is read and replaced at each call, it is a few lines long.
 #include "settings/settings_store.h"
 

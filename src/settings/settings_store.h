@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings: which keys there are, where they lie, and the two operations through which every one of them is read
 // and written. Nothing is kept in memory here; the check boxes of the options window are the flags' home.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player's own folder browser. Nothing is read from the disk before the window is first shown: a music folder may
 // hold 100,000 songs, and most starts never open this window.
 #include "settings/tool_bar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player's own folder browser: drives, folders and the songs of the open folder. Confirming makes that folder the
 // music folder; what other windows do about it leaves as a signal.
 #pragma once

@@ -1,4 +1,4 @@
-// Half transparent windows.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/translucency.h"
 
 #include <QVariant>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Half transparent windows, and the 16-bit truth value that asks for them.
 #pragma once
 

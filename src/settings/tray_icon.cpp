@@ -1,4 +1,4 @@
-// The icon in the notification area, on Qt's.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/tray_icon.h"
 
 #include "base/texts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player's icon in the notification area: its tip names the song now playing, a click brings the main window back.
 // Which windows hide and return is the listener's business. Building the icon asks the desktop over its bus, so it is
 // added after the first window is on the screen.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The shape of a picture: all of it that has not the colour of its top left pixel. A rule on pixels, and its use on a
 // picture box.
 #pragma once

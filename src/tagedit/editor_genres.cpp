@@ -1,4 +1,4 @@
-// The tag editor's own genres.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "tagedit/editor_genres.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tag editor's own genres: in the order of its list, each with the number it writes. Names and numbers differ from
 // the usual genre list here and there (choosing "Jazz" writes 146); songs tagged so far rely on it.
 #pragma once

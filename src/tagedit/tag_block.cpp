@@ -1,4 +1,4 @@
-// The tag at the end of a song as the tag editor reads, adds, saves and removes it.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "tagedit/tag_block.h"
 
 #include "base/names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tag at the end of a song as the tag editor reads, adds, saves and removes it. The block itself is mp3info's.
 // No step puts the song at risk: what is on the disk is never without its audio, whenever the program ends. A step that
 // returns false has changed nothing, unless the disk itself failed to keep what it had taken.

@@ -1,4 +1,4 @@
-// The tag editor.
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "tagedit/tag_edit.h"
 
 #include "base/names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tag editor: shows the tag of one song and what its first frame says, adds a tag, saves or removes it. What is
 // done to the file is in tag_block; the song that plays is refused here.
 #pragma once

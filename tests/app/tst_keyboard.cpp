@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The keyboard in every window: where it begins, how Tab goes on, what leaves the window.
 #include "app/program.h"
 #include "support/fake_engine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window: its settings, its two lists, its keys and tips.
 #include "platform/drives.h"
 #include "platform/folders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The start of the player and its end.
 #include "app/program.h"
 #include "platform/command_line.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program's arguments are taken for: a song whose name looks like an option must still play.
 #include "app/start_options.h"
 

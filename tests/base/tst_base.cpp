@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names, numbers and times at their edges.
 #include "base/names.h"
 #include "base/numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the other controls promise: timers, sliders, buttons, menus and the window that is a picture.
 #include "controls/accessibility.h"
 #include "controls/label.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The lists: when a click is told, what stays chosen, and which files and folders they show.
 #include "controls/dir_list_box.h"
 #include "controls/file_list_box.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window, the tag editor and the name formatter on a folder of songs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The names the formatter proposes: every rule of the cleaning, and what it must leave alone.
 #include "base/window_place.h"
 #include "filetools/clean_name.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The name formatter's window on real files.
 #include "base/names.h"
 #include "tests/filetools/name_tools.h"

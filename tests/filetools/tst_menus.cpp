@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The context menus, their commands, and the questions they ask.
 #include "filetools/menus.h"
 #include "filetools/shell_windows.h"

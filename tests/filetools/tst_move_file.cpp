@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Moving songs: whatever is answered and whenever the program ends, the song is somewhere.
 #include "filetools/move_file.h"
 #include "platform/folders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Promises that hold for any bytes: results within their ranges, and a tag that comes out as it went in. The fuzzer and
 // the corpus test both feed it.
 #include "mp3info/frame_header.h"

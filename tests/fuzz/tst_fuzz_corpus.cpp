@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Feeds every file of the fuzzer's corpus, so that what was once found is tried on every test run.
 #include <QDir>
 #include <QTest>

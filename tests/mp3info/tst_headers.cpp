@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Both readers of headers by bytes: every field, variable-rate marks, where decoding stops, and what stands then.
 #include "mp3info/frame_header.h"
 #include "mp3info/quick_header.h"

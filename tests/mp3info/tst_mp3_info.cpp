@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Mp3Info on real files: what encoders write, tags read and written in place, names that are no files.
 #include "mp3info/mp3_info.h"
 #include "mp3info/quick_header.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Plays a song and visits every window through assistive tools alone: no mouse, no keys, nothing from inside.
 
 On the way every window must tell what each of its controls is, and let the keyboard have those that can be used.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Plays with the finished program as a user does: mouse and keys, and what assistive tools are told of it.
 
 Needs an X screen with a window manager, a session bus and a home of its own (see CMakeLists.txt here).

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The finished program as its users meet it, through what assistive tools are told: what the tests here share.
 
 Usage of a test: TEST.py PLAYER DEMO_SONGS_FOLDER

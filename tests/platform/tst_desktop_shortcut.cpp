@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The shortcut file: what desktops read from it for any program path.
 #include "platform/desktop_places.h"
 #include "platform/desktop_shortcut.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paths between the program and the host: every file of the host can be named, and is found again by that name.
 #include "platform/command_line.h"
 #include "platform/drives.h"

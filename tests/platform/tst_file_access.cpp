@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files and folders as they turn up: short, hidden, linked, forbidden, full, no files at all.
 #include "platform/byte_file.h"
 #include "platform/folders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Copy, delete and rename as the desktop's shell does them: what is asked, and that no song is lost on the way.
 #include "platform/drives.h"
 #include "platform/file_copy.h"

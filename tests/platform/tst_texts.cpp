@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Windows-1252 and the text files written in it: no byte and no character may be lost on the way.
 #include "platform/ansi_text.h"
 

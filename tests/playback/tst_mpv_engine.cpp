@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The media engine with the real libmpv: what is heard is recorded and listened to, what happens in time is played to a
 // silent output.
 #include "base/last_error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The transport and its display in the real main window, on an engine without sound.
 #include "controls/skin_style.h"
 #include "support/player_stand.h"

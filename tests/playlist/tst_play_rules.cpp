@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rules of the play list and the search: how its files are read, what the times sum up to, which entry comes next,
 // what is found and how that is shown.
 #include "playlist/list_file.h"

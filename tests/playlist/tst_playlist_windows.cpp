@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The play list and the search as a user meets them, with an engine without sound.
 #include "platform/saved_file.h"
 #include "playlist/list_file.h"

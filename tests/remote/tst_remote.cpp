@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player as a listener on the session bus sees and drives it, and the rules of what is told there.
 #include "app/program.h"
 #include "platform/drives.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file: odd texts that people and crashes leave behind, and what a write may never touch.
 #include "platform/folders.h"
 #include "settings/ini_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The options window, the folder browser and the tray icon, as a user meets them.
 #include "platform/desktop_places.h"
 #include "platform/desktop_shortcut.h"

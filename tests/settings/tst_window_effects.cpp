@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Shapes cut from pictures, and half transparent windows.
 #include "controls/label.h"
 #include "controls/picture_box.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Work on files that dies, or meets a full disk, at a chosen moment.
 #include "support/crash_points.h"
 

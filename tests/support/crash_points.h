@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Work on files that dies, or meets a full disk, at a chosen moment: before its n-th call that changes the disk.
 // Linked into a test, this stands in front of the C library's calls.
 #pragma once

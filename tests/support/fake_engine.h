@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A media engine without sound: it notes what it is told, and reports what a test gives it.
 #pragma once
 

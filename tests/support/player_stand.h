@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window on a folder of a test's own, with an engine without sound, for all tests of windows that work on it.
 #pragma once
 

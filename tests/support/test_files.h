@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder of a test's own, with files made for it. Paths are the program's. What cannot be made or read ends the test
 // run.
 #pragma once

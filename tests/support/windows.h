@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What tests do to any window: find its controls by name, click the rows of its lists, read the boxes it showed.
 #pragma once
 

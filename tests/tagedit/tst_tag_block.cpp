@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tag editor's work on files: exact bytes, and no moment at which a song could be lost.
 #include "platform/drives.h"
 #include "platform/folders.h"

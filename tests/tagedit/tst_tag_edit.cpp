@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tag editor's window on real files: what it shows, what it writes, and what it refuses.
 #include "support/player_stand.h"
 #include "tagedit/tag_edit.h"
