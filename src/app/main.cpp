@@ -76,7 +76,7 @@ int main(int argc, char *argv[])
     installAccessibility();
 
     MpvEngine engine;
-    engine.holdUntilShown(); // The sound library takes longer to load than the window to show.
+    engine.deferUntilShown(); // The sound library takes longer to load than the window to show.
     Program program(engine);
     QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &MpvEngine::release);
     if (!program.start(textOf(options.files)))

@@ -22,13 +22,13 @@ public:
     /// nothing happens.
     virtual void play() = 0;
 
-    /// Holds the sound and keeps the position. Without a song nothing happens.
+    /// Silences the song and keeps the position. Without a song nothing happens.
     virtual void pause() = 0;
 
     /// Ends the sound; the file stays chosen and play() starts it from the beginning.
     virtual void stop() = 0;
 
-    /// Seconds from the start of the song; 0 when there is none. Setting it seeks, held within the song.
+    /// Seconds from the start of the song; 0 when there is none. Setting it seeks, within the song.
     virtual double currentPosition() const = 0;
     virtual void setCurrentPosition(double seconds) = 0;
 
@@ -46,7 +46,7 @@ Q_SIGNALS:
     /// The open file has played to its end; the argument says nothing.
     void endOfStream(int result);
 
-    /// The file could not be played; lastError() says why. Told once for each request that fails.
+    /// The file could not be played; lastError() says why. Emitted once for each request that fails.
     void errorOccurred();
 
     /// Position, length or isPlaying() changed otherwise than by the passing of time.

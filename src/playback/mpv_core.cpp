@@ -107,6 +107,22 @@ qint64 entryIn(const mpv_event &answer)
     return 0;
 }
 
+MpvFailure failureOf(int error)
+{
+    switch (error) {
+    case MPV_ERROR_LOADING_FAILED:
+        return MpvFailure::Loading;
+    case MPV_ERROR_AO_INIT_FAILED:
+        return MpvFailure::Device;
+    case MPV_ERROR_NOTHING_TO_PLAY:
+        return MpvFailure::NothingToPlay;
+    case MPV_ERROR_UNKNOWN_FORMAT:
+        return MpvFailure::UnknownFormat;
+    default:
+        return MpvFailure::Other;
+    }
+}
+
 void saysNothing(const char *, int, const char *, int, const char *, ...) {}
 
 // Without a sound card libasound, which libmpv brings along, writes a page on stderr; what matters the player says
@@ -135,8 +151,8 @@ struct MpvCore::Functions {
 
 MpvCore::MpvCore(MpvListener &listener) : m_listener(listener), m_library(u"mpv"_s, 2), m_mpv(new Functions{}) {}
 
-// A sound device that has died keeps libmpv waiting for ever. So it is told to stop and given a moment; when it does
-// not come to rest in that time, the program ends without it.
+// A sound device that has died keeps libmpv waiting for ever. So it gets the order to stop and a moment of time; when
+// it does not come to rest in that time, the program ends without it.
 MpvCore::~MpvCore()
 {
     if (!m_handle)
@@ -321,7 +337,8 @@ void MpvCore::deliverEnd(const mpv_event_end_file &end)
     if (end.reason == MPV_END_FILE_REASON_EOF)
         m_listener.songEnded(end.playlist_entry_id);
     else if (end.reason == MPV_END_FILE_REASON_ERROR)
-        m_listener.songFailed(end.playlist_entry_id, end.error, QString::fromUtf8(m_mpv->error_string(end.error)));
+        m_listener.songFailed(end.playlist_entry_id, failureOf(end.error),
+                              QString::fromUtf8(m_mpv->error_string(end.error)));
 }
 
 void MpvCore::deliverAnswer(const mpv_event &event)
@@ -329,10 +346,10 @@ void MpvCore::deliverAnswer(const mpv_event &event)
     const auto &property = *static_cast<mpv_event_property *>(event.data);
     const bool isKnown = event.error >= 0;
     if (qstrcmp(property.name, "duration") == 0) {
-        m_listener.durationTold(event.reply_userdata, isKnown ? *static_cast<double *>(property.data) : 0);
+        m_listener.durationAnswered(event.reply_userdata, isKnown ? *static_cast<double *>(property.data) : 0);
     } else if (qstrcmp(property.name, "audio-pts") == 0) {
         if (isKnown)
-            m_listener.positionTold(event.reply_userdata, *static_cast<double *>(property.data));
+            m_listener.positionAnswered(event.reply_userdata, *static_cast<double *>(property.data));
     } else if (isKnown && !m_isSilenceExpected && qstrcmp(*static_cast<char **>(property.data), "null") == 0) {
         m_isSilenceExpected = true; // One notice is enough.
         complain("no sound device can be opened: songs play silently");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// libmpv behind a small door: loaded when started, told what to do, never waited for. The only one who knows its
-// header. What it has to say is delivered on the user-interface thread, from the event loop.
+// libmpv, loaded when started and never waited for. No other class knows its header. Its events are delivered on the
+// user-interface thread, from the event loop.
 #pragma once
 
 #include <QByteArray>
@@ -10,7 +10,9 @@
 
 #include <memory>
 
-/// Who is told what happens in libmpv. A song's entry is libmpv's number for it; a serial is that of the question.
+enum class MpvFailure { Loading, Device, NothingToPlay, UnknownFormat, Other };
+
+/// Receives libmpv's events. A song's entry is libmpv's number for it; a serial is that of the question.
 class MpvListener
 {
 public:
@@ -19,9 +21,9 @@ public:
     virtual void songOpened() = 0;   // Its length can be asked now.
     virtual void soundStarted() = 0; // At the beginning and after each seek.
     virtual void songEnded(qint64 entry) = 0;
-    virtual void songFailed(qint64 entry, int error, const QString &reason) = 0;
-    virtual void positionTold(quint64 serial, double seconds) = 0;
-    virtual void durationTold(quint64 serial, double seconds) = 0; // 0: not known.
+    virtual void songFailed(qint64 entry, MpvFailure failure, const QString &reason) = 0;
+    virtual void positionAnswered(quint64 serial, double seconds) = 0;
+    virtual void durationAnswered(quint64 serial, double seconds) = 0; // 0: not known.
 
 protected:
     ~MpvListener() = default;
@@ -32,9 +34,6 @@ class MpvCore : public QObject
     Q_OBJECT
 
 public:
-    // The errors of songFailed() that mean something of their own.
-    enum Error { DeviceRefused = -14, LoadingFailed = -13, NothingToPlay = -16, UnknownFormat = -17 };
-
     explicit MpvCore(MpvListener &listener);
     ~MpvCore() override;
 
@@ -50,7 +49,7 @@ public:
     /// True when the sound device was closed and opened anew for it: the caller seeks to where the song was.
     bool setVolume(int hundredthsOfDecibel);
 
-    /// Answered by positionTold() (not at all when there is no position) and durationTold().
+    /// Answered by positionAnswered() (not at all when there is no position) and durationAnswered().
     void askPosition(quint64 serial);
     void askDuration(quint64 serial);
 
@@ -72,7 +71,7 @@ private:
     QLibrary m_library;
     std::unique_ptr<Functions> m_mpv; // libmpv's functions.
     struct mpv_handle *m_handle = nullptr;
-    bool m_isSilenceExpected = false; // No sound device is wanted, or its lack was told already.
+    bool m_isSilenceExpected = false; // No sound device is wanted, or its lack was reported.
     bool m_isRecording = false;       // The output is a file.
     bool m_isDeviceOpen = false;      // A song has sounded since libmpv was idle.
     bool m_isFarAhead = true;         // How far the sound device is, or will be, filled.

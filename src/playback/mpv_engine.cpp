@@ -2,8 +2,8 @@
 // The media engine on libmpv: what is asked for, what is going on, and how much of what libmpv says still counts.
 //
 // Order of things: ask() notes what is wanted and starts a zero timer, carryOutRequest() hands it to libmpv. Every
-// answer carries the serial of its question. A song's own news are believed between its start and its end, told by its
-// entry.
+// answer carries the serial of its question. Events count between the start and the end of the song with
+// the current entry.
 #include "playback/mpv_engine.h"
 
 #include "platform/drives.h"
@@ -17,19 +17,19 @@ namespace
 {
 constexpr double lastMomentSeconds = 0.5;
 constexpr int silentVolume = -10000;
-constexpr int longestHoldMs = 2000;
-constexpr int clockTrustMs = 4000;   // So long the reckoned position is shown unchecked.
+constexpr int longestDeferralMs = 2000;
+constexpr int clockTrustMs = 4000;   // So long the position is shown unchecked.
 constexpr int seekPatienceMs = 1000; // So long a position far from the seek's target is taken for an old one.
 constexpr double visibleJumpSeconds = 0.2;
 
-PlayFault faultOf(int error)
+PlayFault faultOf(MpvFailure failure)
 {
-    switch (error) {
-    case MpvCore::UnknownFormat:
+    switch (failure) {
+    case MpvFailure::UnknownFormat:
         return PlayFault::NotSound;
-    case MpvCore::NothingToPlay:
+    case MpvFailure::NothingToPlay:
         return PlayFault::NoSoundInside;
-    case MpvCore::DeviceRefused:
+    case MpvFailure::Device:
         return PlayFault::DeviceRefused;
     default:
         return PlayFault::Unknown;
@@ -45,16 +45,16 @@ MpvEngine::MpvEngine(QObject *parent) : MediaEngine(parent)
 
 MpvEngine::~MpvEngine() = default;
 
-void MpvEngine::holdUntilShown()
+void MpvEngine::deferUntilShown()
 {
-    m_isHeld = true;
+    m_isDeferred = true;
     m_requestTimer.stop();
-    QTimer::singleShot(longestHoldMs, this, &MpvEngine::release);
+    QTimer::singleShot(longestDeferralMs, this, &MpvEngine::release);
 }
 
 void MpvEngine::release()
 {
-    m_isHeld = false;
+    m_isDeferred = false;
     if (m_request != Request::None)
         m_requestTimer.start(0);
 }
@@ -128,7 +128,7 @@ void MpvEngine::ask(Request request)
 {
     m_request = request;
     forgetNews();
-    if (!m_isHeld)
+    if (!m_isDeferred)
         m_requestTimer.start(0);
     Q_EMIT stateChanged();
 }
@@ -175,7 +175,7 @@ void MpvEngine::forgetNews()
     setClock(0);
 }
 
-// Holds or lets go the sound; the position stays what it is.
+// Pauses or goes on; the position stays what it is.
 void MpvEngine::setPaused(bool on)
 {
     if (std::exchange(m_isPaused, on) == on)
@@ -187,14 +187,14 @@ void MpvEngine::setPaused(bool on)
     Q_EMIT stateChanged();
 }
 
-// Sets the reckoned position; it moves on by itself while the song sounds.
+// Sets the position; it moves on by itself while the song sounds.
 void MpvEngine::setClock(double seconds)
 {
     m_clock.setRunning(isPlaying());
-    m_clock.tell(seconds);
+    m_clock.set(seconds);
 }
 
-// Who looks at the position has it put right from time to time; without a look nothing wakes up.
+// Reading the position corrects it from time to time; while nobody reads it, nothing wakes up.
 void MpvEngine::refreshClock() const
 {
     if (!isPlaying() || m_sinceAsked.elapsed() < clockTrustMs)
@@ -277,17 +277,17 @@ void MpvEngine::songEnded(qint64 entry)
     Q_EMIT endOfStream(0);
 }
 
-void MpvEngine::songFailed(qint64 entry, int error, const QString &reason)
+void MpvEngine::songFailed(qint64 entry, MpvFailure failure, const QString &reason)
 {
     if (!isCurrent(entry))
         return;
     m_song = Song::None;
     const PlayFault fault =
-        error == MpvCore::LoadingFailed ? faultBeforePlaying(m_fileName).value_or(PlayFault::Unknown) : faultOf(error);
+        failure == MpvFailure::Loading ? faultBeforePlaying(m_fileName).value_or(PlayFault::Unknown) : faultOf(failure);
     fail(fault, fault == PlayFault::Unknown ? reason : QString());
 }
 
-void MpvEngine::positionTold(quint64 serial, double seconds)
+void MpvEngine::positionAnswered(quint64 serial, double seconds)
 {
     if (serial != m_serial)
         return;
@@ -295,7 +295,7 @@ void MpvEngine::positionTold(quint64 serial, double seconds)
     const bool isSeekFresh = m_seekTarget && (!m_sinceSeek.isValid() || m_sinceSeek.elapsed() < seekPatienceMs);
     if (isSeekFresh && std::abs(seconds - shown) > 1)
         return; // The place before the seek.
-    // A held song has not sounded since its seek, and libmpv counts what lies ready as played.
+    // A paused song has not sounded since its seek, and libmpv counts what lies ready as played.
     const bool isAtTarget = m_seekTarget && m_isPaused;
     m_seekTarget.reset();
     setClock(isAtTarget ? shown : std::max(seconds, 0.0));
@@ -303,7 +303,7 @@ void MpvEngine::positionTold(quint64 serial, double seconds)
         Q_EMIT stateChanged();
 }
 
-void MpvEngine::durationTold(quint64 serial, double seconds)
+void MpvEngine::durationAnswered(quint64 serial, double seconds)
 {
     if (serial != m_songSerial)
         return;

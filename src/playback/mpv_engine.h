@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The media engine on libmpv. The library is loaded when the first song is opened, after the handler that asked for it
 // has returned; a start without a song never pays for it. Everything happens on the user-interface thread and nothing
-// here waits for libmpv: commands and questions are handed over, answers come as events. News of an older song are told
-// apart by a serial number and dropped.
+// here waits for libmpv: commands and questions are handed over, answers come as events. News of an older song is
+// known by its serial number and dropped.
 #pragma once
 
 #include "playback/media_engine.h"
 #include "playback/mpv_core.h"
-#include "playback/reckoned_position.h"
+#include "playback/position_clock.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -27,7 +27,7 @@ public:
 
     /// Songs asked for from now on wait until release(), so that the first window is on the screen before the library
     /// is loaded. Two seconds are the longest wait: a window that never shows does not silence the player.
-    void holdUntilShown();
+    void deferUntilShown();
     void release();
 
     QString fileName() const override { return m_fileName; }
@@ -44,7 +44,7 @@ public:
 
 private:
     enum class Request { None, Open, OpenAndPlay };           // What the zero timer will carry out.
-    enum class Song { None, Asked, Opening, Open, Sounding }; // Open: its length is told.
+    enum class Song { None, Asked, Opening, Open, Sounding }; // Open: its length is known.
 
     void ask(Request request);
     void carryOutRequest();
@@ -65,9 +65,9 @@ private:
     void songOpened() override;
     void soundStarted() override;
     void songEnded(qint64 entry) override;
-    void songFailed(qint64 entry, int error, const QString &reason) override;
-    void positionTold(quint64 serial, double seconds) override;
-    void durationTold(quint64 serial, double seconds) override;
+    void songFailed(qint64 entry, MpvFailure failure, const QString &reason) override;
+    void positionAnswered(quint64 serial, double seconds) override;
+    void durationAnswered(quint64 serial, double seconds) override;
 
     std::unique_ptr<MpvCore> m_core; // Null until the first song.
     QString m_fileName;
@@ -75,17 +75,17 @@ private:
 
     Request m_request = Request::None;
     QTimer m_requestTimer;
-    bool m_isHeld = false;
+    bool m_isDeferred = false;
 
     Song m_song = Song::None;
     quint64 m_serial = 0;     // Counts everything that makes earlier answers worthless.
     quint64 m_songSerial = 0; // The serial of the song asked for last.
-    qint64 m_entry = 0;       // libmpv's number of that song; 0 until it is told.
+    qint64 m_entry = 0;       // libmpv's number of that song; 0 until it is known.
     bool m_isPaused = false;
     double m_duration = 0;
 
-    // The position is reckoned from the clock and put right by libmpv now and then: asking it each time wakes it up.
-    ReckonedPosition m_clock;
+    // The position moves on with the clock and is corrected by libmpv now and then: asking it each time wakes it up.
+    PositionClock m_clock;
     mutable QElapsedTimer m_sinceAsked; // Since libmpv was last asked for the position.
     std::optional<double> m_seekTarget; // The position shown until the seek is done.
     QElapsedTimer m_sinceSeek;

@@ -94,10 +94,10 @@ void RemoteControl::tell()
 void RemoteControl::tellPosition(const PlayerFacts &now)
 {
     if (std::exchange(m_toldSong, now.songNumber) != now.songNumber)
-        m_toldPosition.tell(0); // A song that is new to the listeners begins at its start.
+        m_toldPosition.set(0); // A song that is new to the listeners begins at its start.
     const double position = positionSeconds();
     if (now.playback != Playback::Stopped && std::abs(m_toldPosition.seconds() - position) > jumpSeconds) {
-        m_toldPosition.tell(position);
+        m_toldPosition.set(position);
         Q_EMIT jumped(microseconds(position));
     }
     m_toldPosition.setRunning(now.playback == Playback::Playing);

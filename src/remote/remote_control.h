@@ -6,7 +6,7 @@
 #pragma once
 
 #include "playback/media_engine.h"
-#include "playback/reckoned_position.h"
+#include "playback/position_clock.h"
 #include "remote/player_facts.h"
 
 #include <QDBusContext>
@@ -87,5 +87,5 @@ private:
     int m_songNumber = 0;
     QVariantMap m_told; // The properties as last told.
     int m_toldSong = 0;
-    ReckonedPosition m_toldPosition; // Where listeners take the song to be: nobody tells it all the time.
+    PositionClock m_toldPosition; // Where listeners take the song to be: nobody tells it all the time.
 };

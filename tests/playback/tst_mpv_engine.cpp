@@ -182,7 +182,7 @@ private Q_SLOTS:
         const QString shown = x.folder.hostPath() + u'/' + song.chopped(song.endsWith(u'\\') ? 1 : 0);
         QVERIFY2(lastError().description.contains(shown), qPrintable(lastError().description));
 
-        // The engine is well afterwards, and the error is not told again.
+        // The engine is well afterwards, and the error is not reported again.
         QVERIFY(x.playToEnd(x.folder.path(u"tone-440.mp3"_s)));
         QCOMPARE(x.errors.size(), 1);
         QVERIFY(x.heard().size() < rate);
@@ -231,13 +231,13 @@ private Q_SLOTS:
         QCOMPARE(x.engine.duration(), 3.0);
         x.engine.pause();
         QVERIFY(!x.engine.isPlaying());
-        QTest::qWait(100); // The position is put right after the sound is held.
-        const double held = x.engine.currentPosition();
+        QTest::qWait(100); // The position is corrected after the pause.
+        const double paused = x.engine.currentPosition();
         QTest::qWait(200);
-        QCOMPARE(x.engine.currentPosition(), held);
-        QVERIFY(held > 0.1 && held < 2);
+        QCOMPARE(x.engine.currentPosition(), paused);
+        QVERIFY(paused > 0.1 && paused < 2);
         x.engine.play();
-        QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > held + 0.3, patienceMs);
+        QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > paused + 0.3, patienceMs);
 
         x.engine.pause();
         x.engine.setFileName(x.folder.copySample(u"tone-440.mp3"_s));
@@ -286,7 +286,7 @@ private Q_SLOTS:
     void songWaitsUntilTheWindowIsShown()
     {
         Listening x(Listening::Output::Recorded);
-        x.engine.holdUntilShown();
+        x.engine.deferUntilShown();
         x.start(x.folder.copySample(u"tone-440.mp3"_s));
         QVERIFY(!x.ends.wait(500));
         QVERIFY(x.heard().isEmpty());

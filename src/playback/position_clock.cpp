@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "playback/reckoned_position.h"
+#include "playback/position_clock.h"
 
-void ReckonedPosition::tell(double seconds)
+void PositionClock::set(double seconds)
 {
     m_base = seconds;
     if (m_sinceBase.isValid())
         m_sinceBase.start();
 }
 
-void ReckonedPosition::setRunning(bool running)
+void PositionClock::setRunning(bool running)
 {
     m_base = seconds();
     if (running)
@@ -17,7 +17,7 @@ void ReckonedPosition::setRunning(bool running)
         m_sinceBase.invalidate();
 }
 
-double ReckonedPosition::seconds() const
+double PositionClock::seconds() const
 {
     return m_base + (m_sinceBase.isValid() ? static_cast<double>(m_sinceBase.elapsed()) / 1000.0 : 0);
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A position in a song that was told once and is reckoned from then on: it moves on by itself while the song plays.
+// A position in a song that is set now and then and moves on with the clock while the song plays.
 #pragma once
 
 #include <QElapsedTimer>
 
-class ReckonedPosition
+class PositionClock
 {
 public:
-    /// The position is known, in seconds.
-    void tell(double seconds);
+    /// The position is this many seconds now.
+    void set(double seconds);
 
     /// The song plays on from now on, or stands.
     void setRunning(bool running);
