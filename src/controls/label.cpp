@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <cmath>
 
 Label::Label(QWidget *parent, const ControlSetup &setup, const QString &caption)
@@ -23,10 +24,10 @@ void Label::setCaption(const QString &caption)
     if (m_caption == caption)
         return;
     const bool isTurn = m_isMarquee && turns(caption);
-    if (m_strip && isTurn)
-        m_strip->turn = (m_strip->turn + 1) % caption.size();
+    if (isTurn)
+        m_turns = (m_turns + 1) % caption.size();
     else
-        m_strip.reset();
+        setUnturned(caption);
     m_caption = caption;
     if (m_isMarquee)
         repaint(lineRect()); // At once: its timer has woken the player for this, a paint event would wake it again.
@@ -83,23 +84,42 @@ QRect Label::lineRect() const
     return {0, (rect().height() - height) / 2, width(), height};
 }
 
+void Label::setUnturned(const QString &caption)
+{
+    m_unturned = caption;
+    m_turns = 0;
+    m_strip.reset();
+}
+
+// The order on the screen counts, not that in the text: words in a script read from the right run against the others.
 void Label::layOut()
 {
-    QTextLayout layout(m_caption + m_caption, font());
+    const bool fromRight = m_unturned.isRightToLeft();
+    QTextOption option;
+    option.setTextDirection(fromRight ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
+    QTextLayout layout(m_unturned, font());
+    layout.setTextOption(option);
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
     Strip strip;
-    for (qsizetype at = 0; at <= m_caption.size(); ++at)
-        strip.starts += line.cursorToX(static_cast<int>(at));
+    strip.width = line.naturalTextWidth();
+    for (int at = 0; at < m_unturned.size(); ++at) {
+        const auto [left, right] = std::minmax(line.cursorToX(at), line.cursorToX(at, QTextLine::Trailing));
+        strip.moves += fromRight ? strip.width - right : left;
+    }
+    std::sort(strip.moves.begin(), strip.moves.end());
     const qreal density = devicePixelRatioF();
-    const QSizeF size(line.naturalTextWidth() + 1, lineRect().height());
+    const QSizeF size(2 * strip.width + 1, lineRect().height());
     strip.picture = QPixmap((size * density).toSize());
     strip.picture.setDevicePixelRatio(density);
     strip.picture.fill(Qt::transparent);
     QPainter painter(&strip.picture);
     painter.setPen(m_colour);
-    layout.draw(&painter, QPointF(0, (size.height() - line.height()) / 2));
+    const qreal top = (size.height() - line.height()) / 2;
+    for (const qreal start : {0.0, strip.width})
+        layout.draw(&painter, QPointF(start, top));
     m_strip = strip;
 }
 
@@ -111,10 +131,14 @@ void Label::paintMarquee(QPainter &painter, const QRect &part)
         return;
     if (!m_strip || m_strip->picture.devicePixelRatio() != devicePixelRatioF())
         layOut();
+    const bool fromRight = m_unturned.isRightToLeft();
     const qreal density = m_strip->picture.devicePixelRatio();
-    const qreal start = m_strip->starts[m_strip->turn];
-    const QSizeF size(std::min<qreal>(m_strip->starts.back(), width()), lineRect().height());
-    painter.drawPixmap(QRectF(lineRect().topLeft(), size), m_strip->picture,
+    const QRect line = lineRect();
+    const QSizeF size(std::min<qreal>(m_strip->width, width()), line.height());
+    const qreal moved = m_strip->moves[m_turns];
+    const qreal start = fromRight ? 2 * m_strip->width - moved - size.width() : moved;
+    const QPointF place(fromRight ? width() - size.width() : 0, line.y());
+    painter.drawPixmap(QRectF(place, size), m_strip->picture,
                        QRectF(QPointF(std::round(start * density), 0), size * density));
 }
 

@@ -33,7 +33,8 @@ public:
     void setElided(bool elided);
 
     /// For a text that turns round, a character at a time, many times a second: it is laid out once and then only
-    /// shifted, and the label paints the skin under it itself. At the left, not for a button.
+    /// shifted, and the label paints the skin under it itself. Texts read from the left stand at the left and move that
+    /// way, those read from the right are mirrored. Not for a button.
     void setMarquee();
 
 protected:
@@ -41,22 +42,26 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    /// The text of a marquee twice in a row, and where each of its characters begins there.
+    /// The text of a marquee twice in a row, and how far it has moved when its first, second ... character on the
+    /// screen is gone.
     struct Strip {
         QPixmap picture;
-        QList<qreal> starts;
-        qsizetype turn = 0; // The character that is the first one just now.
+        QList<qreal> moves;
+        qreal width = 0; // Of the text once.
     };
 
     void paintLight(QPainter &painter) const;
     bool turns(const QString &caption) const;
     QRect lineRect() const;
+    void setUnturned(const QString &caption);
     void layOut();
     void paintMarquee(QPainter &painter, const QRect &part);
 
     QString m_caption;
     QColor m_colour;
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
+    QString m_unturned;           // The caption of a marquee as it was before its first turn ...
+    qsizetype m_turns = 0;        // ... and how often it has turned since.
     std::optional<Strip> m_strip; // Of a marquee whose text has been painted.
     bool m_isMarquee = false;
     bool m_elided = false;

@@ -189,6 +189,44 @@ private Q_SLOTS:
         }
     }
 
+    void aTitleTurnsWithoutLosingLetters_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<bool>("fromRight");
+        QTest::newRow("from the left") << u"    Zoë - Café"_s << false;
+        QTest::newRow("from the right") << u"    פלוני - שיר ארוך"_s << true;
+        QTest::newRow("joined letters") << u"    أغنية جميلة"_s << true;
+        QTest::newRow("mixed") << u"    Band - שיר (live)"_s << false;
+    }
+
+    void aTitleTurnsWithoutLosingLetters()
+    {
+        QFETCH(QString, title);
+        QFETCH(bool, fromRight);
+        SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {400, 40});
+        Label label(&window, at({0, 0, 400, 40}));
+        label.setMarquee();
+        label.setCaption(title);
+        label.setColour(Qt::green);
+        const auto ink = [&window](const QRect &part) {
+            const QImage shown = window.grab(part).toImage();
+            int lit = 0;
+            for (int y = 0; y < shown.height(); ++y)
+                for (int x = 0; x < shown.width(); ++x)
+                    lit += qGreen(shown.pixel(x, y)) - qRed(shown.pixel(x, y)) > 60;
+            return lit;
+        };
+        const int whole = ink(label.rect());
+        QVERIFY(whole > 100);
+        QCOMPARE(ink(fromRight ? QRect(0, 0, 150, 40) : QRect(250, 0, 150, 40)), 0);
+        for (qsizetype turn = 1; turn <= title.size(); ++turn) {
+            title = title.sliced(1) + title[0];
+            label.setCaption(title);
+            QVERIFY2(std::abs(ink(label.rect()) - whole) < 20, qPrintable(title)); // A letter may be cut, by a pixel.
+        }
+        QCOMPARE(ink(label.rect()), whole);
+    }
+
     void aMenuShowsMarksAndClosesAfterItsCommand()
     {
         MenuItems items(nullptr, u"mnuTest"_s, {u"Rock & Roll"_s, u"-"_s, u"Repeat"_s});
