@@ -3,12 +3,15 @@
 
 #include <QMenu>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
 const QString separator = u"-"_s;
-}
+constexpr int noItem = -1;
+} // namespace
 
 MenuItems::MenuItems(QObject *parent, const QString &name, const QStringList &captions) : QObject(parent)
 {
@@ -33,14 +36,26 @@ void MenuItems::setCaption(int index, const QString &caption)
     m_items[index].caption = caption;
 }
 
+// The command may open windows and wait for their answers, so it runs once Qt has left the menu and the menu is gone.
+// A press that closes the menu may open it anew before that: then it is still up when the first command has run.
 void MenuItems::popUp(const QPoint &place)
 {
     auto *menu = new QMenu;
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setObjectName(objectName());
     fill(*menu);
-    connect(menu, &QMenu::triggered, this, [this](const QAction *action) { choose(action->data().toInt()); });
-    connect(menu, &QMenu::aboutToHide, this, &MenuItems::closed, Qt::QueuedConnection); // The command runs first.
+    const auto chosen = std::make_shared<int>(noItem);
+    connect(menu, &QMenu::triggered, menu, [menu, chosen](const QAction *action) {
+        *chosen = action->data().toInt();
+        menu->hide(); // An assistive tool leaves it open.
+    });
+    const auto finish = [this, menu, chosen] {
+        delete menu;
+        choose(*chosen);
+        if (!m_menu)
+            Q_EMIT closed();
+    };
+    connect(menu, &QMenu::aboutToHide, this, finish, Qt::QueuedConnection);
+    m_menu = menu;
     menu->popup(place);
 }
 

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QObject>
 #include <QPoint>
+#include <QPointer>
 
 class QMenu;
 
@@ -30,7 +31,8 @@ public:
 
     int count() const { return static_cast<int>(m_items.size()); }
 
-    /// Opens the menu at a point of the screen and returns at once.
+    /// Opens the menu at a point of the screen and returns at once. The command of the chosen item runs from the event
+    /// loop when the menu is gone.
     void popUp(const QPoint &place);
 
     /// Runs an item as choosing it does. A separator or an index outside does nothing.
@@ -51,4 +53,5 @@ private:
     void fill(QMenu &menu);
 
     QList<Item> m_items;
+    QPointer<QMenu> m_menu; // The one that was opened last, while it lives.
 };
