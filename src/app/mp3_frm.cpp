@@ -28,6 +28,7 @@ constexpr int tickMs = 1;
 constexpr int marqueeMs = 100;
 constexpr int loudest = 0;
 constexpr int quietest = -2290;
+constexpr int volumePerNotch = 100; // A decibel.
 } // namespace
 
 Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes)
@@ -83,6 +84,7 @@ void Mp3Frm::dress()
     HScroll1.setLargeChange(10);
     VScroll1.setSmallChange(5);
     VScroll1.setLargeChange(20);
+    VScroll1.setWheelStep(volumePerNotch);
     VScroll1.setToldInPercent();
     bPrev.setButton(Picture::Previous, Picture::PreviousHover, Picture::PreviousPressed, u"|<"_s);
     bPlay.setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);

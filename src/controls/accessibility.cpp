@@ -76,8 +76,7 @@ public:
     void doAction(const QString &name) override
     {
         if (name == increaseAction() || name == decreaseAction())
-            bar()->triggerAction(name == increaseAction() ? SliderBar::SliderSingleStepAdd
-                                                          : SliderBar::SliderSingleStepSub);
+            bar()->scrollTo(bar()->value() + (name == increaseAction() ? 1 : -1) * bar()->singleStep());
         else
             QAccessibleWidget::doAction(name);
     }

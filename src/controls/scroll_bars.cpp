@@ -2,6 +2,9 @@
 #include "controls/scroll_bars.h"
 
 #include <QScopedValueRollback>
+#include <QWheelEvent>
+
+#include <cmath>
 
 SliderBar::SliderBar(Qt::Orientation orientation, QWidget *parent, const ControlSetup &setup)
     : QScrollBar(orientation, parent)
@@ -10,22 +13,14 @@ SliderBar::SliderBar(Qt::Orientation orientation, QWidget *parent, const Control
     setFocusPolicy(Qt::TabFocus);
     setContextMenuPolicy(Qt::NoContextMenu);
     setInvertedControls(false); // Up and Right make the value larger, by key and by wheel.
-    connect(this, &QAbstractSlider::actionTriggered, this,
-            [this](int action) { m_byGroove = action == SliderPageStepAdd || action == SliderPageStepSub; });
     connect(this, &QAbstractSlider::valueChanged, this, &SliderBar::tellChange);
 }
 
 void SliderBar::setValue(int value)
 {
-    const QScopedValueRollback byProgram(m_byProgram, true);
+    const QScopedValueRollback byUser(m_byUser, false);
     if (!isSliderDown())
         QScrollBar::setValue(value);
-}
-
-void SliderBar::setRange(int smallest, int largest)
-{
-    const QScopedValueRollback byProgram(m_byProgram, true);
-    QScrollBar::setRange(smallest, largest);
 }
 
 int SliderBar::toldValue(int value) const
@@ -36,14 +31,39 @@ int SliderBar::toldValue(int value) const
 
 void SliderBar::scrollToTold(double told)
 {
-    QScrollBar::setValue(qRound(m_isToldInPercent ? minimum() + told * (maximum() - minimum()) / 100 : told));
+    scrollTo(qRound(m_isToldInPercent ? minimum() + told * (maximum() - minimum()) / 100 : told));
+}
+
+void SliderBar::scrollTo(int value)
+{
+    const QScopedValueRollback byUser(m_byUser, true);
+    QScrollBar::setValue(value);
+}
+
+void SliderBar::keyPressEvent(QKeyEvent *event)
+{
+    const QScopedValueRollback byUser(m_byUser, true);
+    QScrollBar::keyPressEvent(event);
+}
+
+// Fine wheels turn by less than a notch at a time.
+void SliderBar::wheelEvent(QWheelEvent *event)
+{
+    event->accept();
+    const QPoint angle = event->angleDelta();
+    const int turned = std::abs(angle.x()) > std::abs(angle.y()) ? -angle.x() : angle.y();
+    m_turned += turned * (m_wheelStep == 0 ? pageStep() : m_wheelStep);
+    const int steps = m_turned / QWheelEvent::DefaultDeltasPerStep;
+    m_turned -= steps * QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0 && !isSliderDown())
+        scrollTo(value() + steps);
 }
 
 void SliderBar::tellChange()
 {
-    const bool byGroove = std::exchange(m_byGroove, false);
+    const bool byUser = m_byUser || isSliderDown();
     Q_EMIT Change();
-    if (!m_byProgram && !byGroove)
+    if (byUser)
         Q_EMIT Scroll();
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The sliders. The program's own setValue() fires Change() alone and leaves a thumb that the user holds where it is.
-// Scroll() is the user's: the thumb dragged, the arrow keys, the wheel or an assistive tool; a click on the groove
-// moves the thumb by a large change and fires Change() alone.
+// The sliders. Scroll() is the user's: the thumb dragged, a key, the wheel or an assistive tool. Whatever else moves
+// the thumb fires Change() alone: the program's own setValue(), which leaves a thumb that the user holds where it is,
+// and the mouse on the groove, which moves it by a large change, again and again while the button is held.
 #pragma once
 
 #include "controls/control.h"
@@ -18,11 +18,11 @@ public:
     int Value() const { return value(); }
     void setValue(int value);
 
-    /// A value that the new range leaves out moves to its nearest end: the program's doing too.
-    void setRange(int smallest, int largest);
-
     void setSmallChange(int step) { setSingleStep(step); }
     void setLargeChange(int step) { setPageStep(step); }
+
+    /// How far a notch of the wheel goes, when that is not a large change.
+    void setWheelStep(int step) { m_wheelStep = step; }
 
     /// Assistive tools are told how far up the slider is, in percent, instead of its value.
     void setToldInPercent() { m_isToldInPercent = true; }
@@ -33,16 +33,24 @@ public:
     /// Scrolls to what they tell.
     void scrollToTold(double told);
 
+    /// Scrolls as a key or the wheel does.
+    void scrollTo(int value);
+
 Q_SIGNALS:
     void Scroll();
     void Change();
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
 private:
     void tellChange();
 
-    bool m_byProgram = false;
-    bool m_byGroove = false;
+    bool m_byUser = false;
     bool m_isToldInPercent = false;
+    int m_wheelStep = 0;
+    int m_turned = 0; // What the wheel was turned by and the thumb has not moved by yet.
 };
 
 /// A horizontal slider, its smallest value on the left.

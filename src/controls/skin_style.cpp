@@ -312,6 +312,8 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidg
                          QStyleHintReturn *result) const
 {
     switch (hint) {
+    case SH_ScrollBar_MiddleClickAbsolutePosition: // A slider's thumb goes where it is dragged only.
+        return isSlider(widget) ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
     case SH_ScrollBar_Transient:
     case SH_DialogButtonBox_ButtonsHaveIcons:
         return 0;

@@ -111,6 +111,7 @@ private Q_SLOTS:
 
     void theVolumeIsLoudestAtTheTop()
     {
+        QString notches;
         VScrollBar volume(nullptr, at({0, 0, 20, 184}), 0, -2290);
         volume.setSmallChange(5);
         volume.show();
@@ -120,9 +121,14 @@ private Q_SLOTS:
         QVERIFY(thumbOf(volume).y() > top + 50);
         QTest::keyClick(&volume, Qt::Key_Up);
         QCOMPARE(volume.Value(), -2285);
-        QWheelEvent up({10, 10}, volume.mapToGlobal(QPointF(10, 10)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&volume, &up);
-        QVERIFY(volume.Value() > -2285);
+        volume.setWheelStep(100);
+        for (const int turned : {120, 60, 30, 30, -240}) { // In notches of 120, or finer.
+            QWheelEvent wheel({10, 10}, volume.mapToGlobal(QPointF(10, 10)), {}, {0, turned}, {}, {}, Qt::NoScrollPhase,
+                              false);
+            QCoreApplication::sendEvent(&volume, &wheel);
+            notches += QString::number((volume.Value() + 2285) / 5) + u' ';
+        }
+        QCOMPARE(notches, u"20 30 35 40 0 "_s);
         volume.setValue(-3000);
         QCOMPARE(volume.Value(), -2290);
         const QPoint thumb = thumbOf(volume);
@@ -154,9 +160,17 @@ private Q_SLOTS:
         QAccessible::queryAccessibleInterface(&position)->valueInterface()->setCurrentValue(20);
         QCOMPARE(position.Value(), 20);
         QCOMPARE(told(), Told(5, 2));
+        QTest::keyClick(&position, Qt::Key_PageUp);
+        QCOMPARE(position.Value(), 30);
+        QCOMPARE(told(), Told(6, 3));
+        QTest::mousePress(&position, Qt::LeftButton, {}, {398, 8}); // Held on the groove until the thumb gets there.
+        QTRY_VERIFY(position.Value() > 90);
+        QTest::mouseRelease(&position, Qt::LeftButton, {}, {398, 8});
+        QTest::mouseClick(&position, Qt::MiddleButton, {}, {200, 8});
+        QCOMPARE(scrolls.size(), 3);
         position.setMax(-5);
         QCOMPARE(position.Max(), 0);
-        QCOMPARE(scrolls.size(), 2);
+        QCOMPARE(scrolls.size(), 3);
     }
 
     void labelsAndPicturesArePressed()
