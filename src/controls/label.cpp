@@ -14,7 +14,7 @@
 #include <cmath>
 
 Label::Label(QWidget *parent, const ControlSetup &setup, const QString &caption)
-    : Pressable(parent), m_caption(caption), m_colour(QColor::fromRgb(palette::caption))
+    : Pressable(parent), m_caption(caption), m_colour(QColor::fromRgb(palette::caption)), m_unturned(caption)
 {
     setUpControl(*this, setup);
 }

@@ -218,9 +218,8 @@ private Q_SLOTS:
         QFETCH(QString, title);
         QFETCH(bool, fromRight);
         SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {400, 40});
-        Label label(&window, at({0, 0, 400, 40}));
+        Label label(&window, at({0, 0, 400, 40}), title);
         label.setMarquee();
-        label.setCaption(title);
         label.setColour(Qt::green);
         const auto ink = [&window](const QRect &part) {
             const QImage shown = window.grab(part).toImage();
