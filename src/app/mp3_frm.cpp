@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/mp3_frm.h"
 
+#include "app/display_texts.h"
 #include "app/version.h"
+#include "base/last_error.h"
 #include "base/names.h"
 #include "base/numbers.h"
-#include "base/play_time.h"
 #include "controls/fonts.h"
+#include "controls/msg_box.h"
 #include "platform/desktop_places.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
@@ -26,12 +28,10 @@ namespace
 const QString songPattern = u"*.mp3;*.wav;*.wma"_s;
 constexpr int tickMs = 1;
 constexpr int marqueeMs = 100;
-constexpr int loudest = 0;
-constexpr int quietest = -2290;
 constexpr int volumePerNotch = 100; // A decibel.
 } // namespace
 
-Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes)
+Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes, frmOptions &options)
     : SkinWindow(u"Mp3Frm"_s, programTitle(), Picture::Mp3FrmSkin, place::window),
       Label9(this, {u"Label9"_s, u"Hide"_s, place::Label9}, u"Hide"_s),
       Label6(this, {u"Label6"_s, u"Exit"_s, place::Label6}, u"Exit"_s),
@@ -52,22 +52,19 @@ Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes)
       ListSwitch(this, {u"ListSwitch"_s, u"Switch the list"_s, place::ListSwitch}, u"Names"_s),
       File1(this, {u"File1"_s, u"Songs"_s, place::File1}, songPattern),
       List1(this, {u"List1"_s, u"Song names"_s, place::List1}),
-      VScroll1(this, {u"VScroll1"_s, u"Volume"_s, place::VScroll1}, loudest, quietest),
-      Timer1(this, u"Timer1"_s, tickMs), Timer2(this, u"Timer2"_s, tickMs, Timer::Kind::OneShot),
-      Timer3(this, u"Timer3"_s, tickMs, Timer::Kind::OneShot), Timer4(this, u"Timer4"_s, marqueeMs),
-      AutoPlaySong(this, u"AutoPlaySong"_s, tickMs, Timer::Kind::OneShot), m_songs(this, File1, List1),
-      m_display(this, engine, {Text1, HScroll1, VScroll1, Label7, Timer1, Timer4}),
-      m_player(
-          this, engine, m_songs, modes, m_display,
-          {Label1, Label2, Label3, Label4, Label10, bPlay, bStop, bPrev, bNext, bPause, AutoPlaySong, Timer2, Timer3})
+      VScroll1(this, {u"VScroll1"_s, u"Volume"_s, place::VScroll1}, Player::loudest, Player::quietest),
+      Timer1(this, u"Timer1"_s, tickMs), Timer4(this, u"Timer4"_s, marqueeMs), m_songs(this, File1, List1),
+      m_player(this, engine, m_songs, modes), m_display(m_player, {Text1, HScroll1, VScroll1, Label7, Timer1, Timer4}),
+      m_options(options)
 {
-    m_display.setSeen(false);
-    dress();
+    setUpLooks();
     connectHandlers();
+    connectTransport();
+    connectLists();
 }
 
 // The looks and the steps of the controls: design values, nothing read from anywhere.
-void Mp3Frm::dress()
+void Mp3Frm::setUpLooks()
 {
     for (Label *button : {&Label9, &Label6, &Label3, &Label1, &Label10, &Label2, &Label4, &Label8, &ListSwitch}) {
         button->setButton(true);
@@ -82,7 +79,7 @@ void Mp3Frm::dress()
     HScroll1.setRange(0, 0);
     HScroll1.setSmallChange(5);
     HScroll1.setLargeChange(10);
-    VScroll1.setSmallChange(5);
+    VScroll1.setSmallChange(Player::volumeStep);
     VScroll1.setLargeChange(20);
     VScroll1.setWheelStep(volumePerNotch);
     VScroll1.setToldInPercent();
@@ -104,13 +101,47 @@ void Mp3Frm::dress()
 
 void Mp3Frm::connectHandlers()
 {
-    connect(this, &SkinWindow::seenChanged, &m_display, &PositionDisplay::setSeen);
+    connect(this, &SkinWindow::seenChanged, this, [this](bool seen) { m_display.setSeen(seen); });
     connect(this, &SkinWindow::closeRequested, this, &Mp3Frm::Form_Unload);
-    connect(&m_display, &PositionDisplay::songNameChanged, this, &Mp3Frm::songNameChanged);
+    connect(&m_options, &frmOptions::toolTipDataChanged, this, &Mp3Frm::Check2_Changed);
     connect(&Label9, &Label::Click, this, &Mp3Frm::hideWanted);
     connect(&Label6, &Label::Click, this, &Mp3Frm::Label6_Click);
+    connect(&HScroll1, &HScrollBar::Scroll, this, &Mp3Frm::HScroll1_Scroll);
+    connect(&HScroll1, &HScrollBar::Change, this, &Mp3Frm::HScroll1_Change);
+    connect(&HScroll1, &HScrollBar::sliderReleased, &Timer1, &Timer::trigger);
+    connect(&bPrev, &PictureBox::Click, this, &Mp3Frm::Label3_Click);
+    connect(&bPlay, &PictureBox::Click, this, &Mp3Frm::Label1_Click);
+    connect(&bPause, &PictureBox::Click, this, &Mp3Frm::Label10_Click);
+    connect(&bStop, &PictureBox::Click, this, &Mp3Frm::Label2_Click);
+    connect(&bNext, &PictureBox::Click, this, &Mp3Frm::Label4_Click);
+    connect(&Label3, &Label::Click, this, &Mp3Frm::Label3_Click);
+    connect(&Label1, &Label::Click, this, &Mp3Frm::Label1_Click);
+    connect(&Label10, &Label::Click, this, &Mp3Frm::Label10_Click);
+    connect(&Label2, &Label::Click, this, &Mp3Frm::Label2_Click);
+    connect(&Label4, &Label::Click, this, &Mp3Frm::Label4_Click);
     connect(&Label8, &Label::Click, this, &Mp3Frm::folderWanted);
     connect(&ListSwitch, &Label::Click, this, &Mp3Frm::ListSwitch_Click);
+    connect(&VScroll1, &VScrollBar::Change, this, &Mp3Frm::VScroll1_Change);
+    connect(&Timer1, &Timer::tick, this, &Mp3Frm::Timer1_Timer);
+    connect(&Timer4, &Timer::tick, this, &Mp3Frm::Timer4_Timer);
+}
+
+// What the window shows of the transport.
+void Mp3Frm::connectTransport()
+{
+    connect(&m_player, &Player::songOpened, this, &Mp3Frm::Player_SongOpened);
+    connect(&m_player, &Player::titleChanged, this, [this](const QString &title) { m_display.showTitle(title); });
+    connect(&m_player, &Player::songRepeated, this, [this] { m_display.startTitle(); });
+    connect(&m_player, &Player::advanced, this, [this] { m_songs.SongMenuOpen = false; });
+    connect(&m_player, &Player::stopped, this, &Mp3Frm::Player_Stopped);
+    connect(&m_player, &Player::songEnded, this, &Mp3Frm::Player_SongEnded);
+    connect(&m_player, &Player::playbackFailed, this, [] { MsgBox::showError(lastError()); });
+    connect(&m_player, &Player::stateChanged, &Timer1, &Timer::trigger);
+    connect(&m_player, &Player::volumeChanged, this, [this] { VScroll1.setValue(m_player.volume()); });
+}
+
+void Mp3Frm::connectLists()
+{
     connect(&File1, &ListBox::Click, this, &Mp3Frm::File1_Click);
     connect(&File1, &ListBox::DblClick, this, &Mp3Frm::File1_DblClick);
     connect(&File1, &ListBox::KeyDown, this, &Mp3Frm::File1_KeyDown);
@@ -153,22 +184,16 @@ void Mp3Frm::firstStart()
 void Mp3Frm::setVolumeFrom(const QString &stored)
 {
     const std::optional<std::int32_t> volume = wholeNumber(stored);
-    const bool isInRange = volume && *volume <= loudest && *volume >= quietest;
+    const bool isInRange = volume && *volume <= Player::loudest && *volume >= Player::quietest;
     if (isInRange && *volume != 0)
         VScroll1.setValue(*volume);
     else
-        VScroll1.setValue(m_player.engineVolume());
+        VScroll1.setValue(m_player.volume());
 }
 
 void Mp3Frm::setMusicFolder(const QString &path)
 {
     File1.setPath(programPath(path));
-}
-
-void Mp3Frm::setToolTipData(bool on)
-{
-    m_toolTipData = on;
-    File1.setToolTip(frmOptions::songListHint(on));
 }
 
 void Mp3Frm::bringBack()
@@ -187,6 +212,101 @@ void Mp3Frm::Label6_Click()
     writeSetting(Setting::Mp3Path, File1.Path());
     writeSetting(Setting::Volume, QString::number(VScroll1.Value()));
     Q_EMIT leaving();
+}
+
+// The thumb was dragged: the song goes on from there.
+void Mp3Frm::HScroll1_Scroll()
+{
+    m_player.seek(HScroll1.Value());
+}
+
+// The thumb moved by a click on the groove, which does not seek: it goes back.
+void Mp3Frm::HScroll1_Change()
+{
+    m_display.restoreSlider();
+}
+
+// Previous: the song before, from the first one the last; nothing without a choice.
+void Mp3Frm::Label3_Click()
+{
+    m_player.previous();
+}
+
+// Play: the chosen song from its start.
+void Mp3Frm::Label1_Click()
+{
+    m_player.playChosen();
+}
+
+// Pause, or go on. The time stands by itself, the title keeps scrolling.
+void Mp3Frm::Label10_Click()
+{
+    m_player.pauseOrResume();
+}
+
+// Stop: silence, an idle display, and every play mode off.
+void Mp3Frm::Label2_Click()
+{
+    m_player.stop();
+}
+
+// Next: the song after, from the last one (or without a choice) the first.
+void Mp3Frm::Label4_Click()
+{
+    m_player.next();
+}
+
+// The volume slider moved, by whomever: the engine is as loud as it says.
+void Mp3Frm::VScroll1_Change()
+{
+    m_player.setVolume(VScroll1.Value());
+}
+
+// A song plays: its position and length are shown, and the slider follows the loudness.
+void Mp3Frm::Timer1_Timer()
+{
+    m_display.showTime();
+}
+
+// The title moves on by a character, and the tray learns which song it is.
+void Mp3Frm::Timer4_Timer()
+{
+    m_display.turnTitle();
+    announceSong();
+}
+
+// A song plays: the time runs.
+void Mp3Frm::Player_SongOpened()
+{
+    m_display.startTime();
+    announceSong();
+}
+
+void Mp3Frm::Player_Stopped()
+{
+    m_display.showIdleTime();
+    m_display.clearTitle();
+}
+
+// The song has ended: an idle display, the title stands.
+void Mp3Frm::Player_SongEnded()
+{
+    m_display.showIdleTime();
+    m_display.stopTitle();
+}
+
+// The option "show a song's data" changed: the list's tip is the hint, or none.
+void Mp3Frm::Check2_Changed(bool on)
+{
+    File1.setToolTip(frmOptions::songListHint(on));
+}
+
+void Mp3Frm::announceSong()
+{
+    if (m_player.openedPath() == m_announcedPath)
+        return;
+    m_announcedPath = m_player.openedPath();
+    Q_EMIT songNameChanged(withoutExtension(FileNameFromPath(m_announcedPath)));
 }
 
 // Closed by the window manager: nothing is kept but the traces in the side file, and the program ends.
@@ -217,14 +337,14 @@ void Mp3Frm::File1_DblClick()
 {
     m_player.SongIndex = File1.ListIndex();
     const QString name = File1.List(File1.ListIndex());
-    m_player.playFile(tidyPathIn(File1.Path(), name), withoutExtension(name));
+    m_player.play(tidyPathIn(File1.Path(), name), withoutExtension(name));
 }
 
 // Enter plays the chosen song, Space offers it to the play list.
 void Mp3Frm::File1_KeyDown(QKeyEvent *event)
 {
     if (isEnter(*event))
-        m_player.playSelected();
+        m_player.playChosen();
     else if (event->key() == Qt::Key_Space)
         Q_EMIT songPicked(File1.List(File1.ListIndex()));
     else
@@ -239,7 +359,7 @@ void Mp3Frm::File1_MouseMove(int row)
     if (m_songs.SongMenuOpen || name == m_songs.pointedSong())
         return;
     m_songs.setPointedSong(name);
-    if (!m_toolTipData)
+    if (!m_options.toolTipDataChosen())
         return;
     const QuickHeader header = QuickMp3Header(File1.filePath(row));
     File1.setToolTip(songTip(name, header));
@@ -284,13 +404,4 @@ void Mp3Frm::openSongMenu(const ListBox &list)
     m_songs.setPointedSong(list.items().value(list.menuRow())); // The list may have been scrolled under the mouse.
     m_songs.SongMenuOpen = true;
     Q_EMIT songMenuRequested(list.menuPosition());
-}
-
-QString songTip(const QString &name, const QuickHeader &header)
-{
-    if (name.isEmpty())
-        return {};
-    const int seconds = roundHalfEven(numericValue(header.length));
-    return u"Name="_s + withoutExtension(name) + u" Time="_s + FormatPlayTime(seconds) + u" Size="_s +
-           Mp3Info::FormatFileSize(numericValue(header.size));
 }

@@ -1,25 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The player itself: the songs of the music folder, the transport, the display, the two sliders. What plays and what
-// the display shows is decided in playback/; this window brings its controls together, keeps the music folder and is
-// the one through which the program is left.
+// The player itself: the songs of the music folder, the transport's keys, the display, the two sliders. What plays is
+// decided by the transport (playback/); this window drives it, shows what it does, keeps the music folder and is the
+// one through which the program is left.
 #pragma once
 
+#include "app/song_display.h"
 #include "controls/file_list_box.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
+#include "filetools/song_list.h"
 #include "mp3info/mp3_info.h"
-#include "mp3info/quick_header.h"
-#include "playback/player_control.h"
+#include "playback/player.h"
 
-/// What a song's tip says: "Name=…", " Time=…", " Size=…"; "" without a song.
-QString songTip(const QString &name, const QuickHeader &header);
+class frmOptions;
 
 class Mp3Frm : public SkinWindow
 {
     Q_OBJECT
 
 public:
-    Mp3Frm(MediaEngine &engine, PlayModes &modes);
+    /// The options say whether pointing at a song shows its data.
+    Mp3Frm(MediaEngine &engine, PlayModes &modes, frmOptions &options);
 
     /// Reads the settings (writing the first ones at a first start), sets the music folder, fills the lists, sets the
     /// volume.
@@ -28,15 +29,12 @@ public:
     /// Shows another music folder in File1; List1 stays as it is. A folder that does not exist changes nothing.
     void setMusicFolder(const QString &path);
 
-    /// Does pointing at a song show its data? ("" is shown, or the hint that it will.)
-    void setToolTipData(bool on);
-
     /// Shows the window again wherever it was hidden to, in front.
     void bringBack();
 
     ListBox *listWithMenu() override;
 
-    PlayerControl &player() { return m_player; }
+    Player &player() { return m_player; }
     SongList &songs() { return m_songs; }
 
     Label Label9;        // Hide the window to the tray.
@@ -61,10 +59,7 @@ public:
     VScrollBar VScroll1; // Volume: 0 at the top, -2290 at the bottom, hundredths of a decibel.
     Mp3Info Info;        // Tag and header data of a song, for whoever asks.
     Timer Timer1;        // Time text, position slider, volume slider; on while a song plays.
-    Timer Timer2;        // Once: first stage of a repeat.
-    Timer Timer3;        // Once: second stage of a repeat.
     Timer Timer4;        // Title and tray tip; on while a song plays.
-    Timer AutoPlaySong;  // Once: the advance through the folder.
 
 Q_SIGNALS:
     /// Space on a song: whoever keeps the play list may add it.
@@ -92,12 +87,22 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void dress();
+    void setUpLooks();
     void connectHandlers();
+    void connectTransport();
+    void connectLists();
     void firstStart();
     void setVolumeFrom(const QString &stored);
+    void announceSong();
 
     void Label6_Click();
+    void HScroll1_Scroll();
+    void HScroll1_Change();
+    void Label3_Click();
+    void Label1_Click();
+    void Label10_Click();
+    void Label2_Click();
+    void Label4_Click();
     void ListSwitch_Click();
     void File1_Click();
     void File1_DblClick();
@@ -106,11 +111,19 @@ private:
     void List1_Click();
     void List1_KeyDown(QKeyEvent *event);
     void List1_MouseMove(int row);
+    void VScroll1_Change();
+    void Timer1_Timer();
+    void Timer4_Timer();
+    void Player_SongOpened();
+    void Player_Stopped();
+    void Player_SongEnded();
+    void Check2_Changed(bool on);
     void Form_Unload();
     void openSongMenu(const ListBox &list);
 
     SongList m_songs;
-    PositionDisplay m_display;
-    PlayerControl m_player;
-    bool m_toolTipData = false;
+    Player m_player;
+    SongDisplay m_display;
+    frmOptions &m_options;
+    QString m_announcedPath; // The song that the tray knows of.
 };

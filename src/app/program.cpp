@@ -23,16 +23,15 @@ constexpr int partingPauseMs = 100;
 } // namespace
 
 Program::Program(MediaEngine &engine)
-    : m_modes(this), m_mp3Frm(engine, m_modes), m_toolBar(m_mp3Frm.File1, m_options),
+    : m_mp3Frm(engine, m_songMenu, m_options), m_toolBar(m_mp3Frm.File1, m_options),
       m_tagEdit(m_mp3Frm.player(), m_mp3Frm.songs()),
-      m_formatMp3(m_mp3Frm.player(), m_mp3Frm.songs(), m_mp3Frm.Info, m_mp3Frm.VScroll1, m_tagEdit),
-      m_playlist(m_mp3Frm.File1, m_mp3Frm.player()), m_songSearch(m_mp3Frm.File1, m_mp3Frm.player()),
-      m_menus(this, {m_modes, m_mp3Frm.songs(), m_mp3Frm.player(), m_mp3Frm.AutoPlaySong, m_mp3Frm.Timer2, m_formatMp3,
+      m_formatMp3(m_mp3Frm.player(), m_mp3Frm.songs(), m_mp3Frm.Info, m_tagEdit),
+      m_playlist(m_mp3Frm.songs(), m_mp3Frm.player()), m_songSearch(m_mp3Frm.File1, m_mp3Frm.player()),
+      m_menus(this, {m_songMenu, m_mp3Frm.songs(), m_mp3Frm.player(), m_formatMp3,
                      [this](const QString &title, const QString &startFolder) {
                          return FolderPicker::BrowseForFolder(&m_formatMp3, title, startFolder);
                      }}),
-      m_remote({engine, m_mp3Frm.player(), m_mp3Frm.File1, m_mp3Frm.VScroll1, m_mp3Frm.Label1, m_mp3Frm.Label2,
-                m_mp3Frm.Label3, m_mp3Frm.Label4, m_mp3Frm.Label10, m_mp3Frm.Label6})
+      m_remote(m_mp3Frm.player(), m_mp3Frm.songs())
 {
     connectMainWindow();
     connectOtherWindows();
@@ -53,7 +52,7 @@ void Program::connectMainWindow()
     connect(&m_mp3Frm, &Mp3Frm::songNameChanged, this, &Program::tellTray);
     connect(&m_mp3Frm, &Mp3Frm::leaving, this, &Program::leave);
     connect(&m_mp3Frm, &Mp3Frm::unloaded, this, [] { QCoreApplication::exit(); });
-    connect(&m_mp3Frm.player(), &PlayerControl::songEnded, this, [this] {
+    connect(&m_mp3Frm.player(), &Player::songEnded, this, [this] {
         if (m_playlist.isOpen())
             m_playlist.enableNextSong();
     });
@@ -61,7 +60,6 @@ void Program::connectMainWindow()
 
 void Program::connectOtherWindows()
 {
-    connect(&m_options, &frmOptions::toolTipDataChanged, &m_mp3Frm, &Mp3Frm::setToolTipData);
     connect(&m_options, &frmOptions::translucencyApplied, this, &Program::applyTranslucency);
     connect(&m_toolBar, &ToolBar::folderConfirmed, &m_mp3Frm.songs(), &SongList::rebuildDisplayCopy);
     connect(&m_toolBar, &ToolBar::folderConfirmed, &m_songSearch, &SongSearch::clearSearch);
@@ -70,6 +68,7 @@ void Program::connectOtherWindows()
     connect(&m_about, &About::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_trayIcon, &TrayIcon::Click, this, &Program::trayClicked);
     connect(&m_remote, &RemoteControl::raiseWanted, &m_mp3Frm, &Mp3Frm::bringBack);
+    connect(&m_remote, &RemoteControl::quitWanted, &m_mp3Frm.Label6, &Label::press, Qt::QueuedConnection);
     connect(&m_remote, &RemoteControl::songWanted, this, &Program::playWithFolder);
 }
 
@@ -119,7 +118,7 @@ void Program::playCommandLine(const QString &commandLine)
 // A song from outside plays, and its folder becomes the music folder.
 void Program::playWithFolder(const QString &path)
 {
-    m_mp3Frm.player().playFile(path, FileNameFromPath(path));
+    m_mp3Frm.player().play(path, FileNameFromPath(path));
     m_mp3Frm.setMusicFolder(FolderFromPath(path));
 }
 
@@ -128,7 +127,7 @@ void Program::addPickedSong(const QString &name)
 {
     if (name.isEmpty() || !m_playlist.isVisible())
         return;
-    const QuickHeader header = QuickMp3Header(tidyPathIn(m_mp3Frm.File1.Path(), name));
+    const QuickHeader header = QuickMp3Header(tidyPathIn(m_mp3Frm.songs().folder(), name));
     m_playlist.addSong(withoutExtension(name), FormatPlayTime(roundHalfEven(numericValue(header.length))));
 }
 

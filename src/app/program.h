@@ -56,9 +56,9 @@ private:
     void leave();
 
     SingleInstance m_instance;
-    PlayModes m_modes;
-    Mp3Frm m_mp3Frm;
+    SongMenu m_songMenu;
     frmOptions m_options;
+    Mp3Frm m_mp3Frm;
     ToolBar m_toolBar;
     TagEdit m_tagEdit;
     FormatMp3 m_formatMp3;

@@ -9,10 +9,11 @@
 #include "controls/msg_box.h"
 #include "filetools/name_proposal.h"
 #include "filetools/shell_windows.h"
+#include "filetools/song_list.h"
 #include "mp3info/mp3_info.h"
 #include "platform/file_attributes.h"
 #include "platform/folders.h"
-#include "playback/player_control.h"
+#include "playback/player.h"
 #include "skins/places.h"
 #include "tagedit/tag_edit.h"
 
@@ -49,14 +50,14 @@ QString folderStillThere(QString folder)
 }
 } // namespace
 
-FormatMp3::FormatMp3(PlayerControl &player, SongList &songs, Mp3Info &info, VScrollBar &volume, TagEdit &tagEdit)
+FormatMp3::FormatMp3(Player &player, SongList &songs, Mp3Info &info, TagEdit &tagEdit)
     : SkinWindow(u"FormatMp3"_s, u"Mp3 Name Tools"_s, Picture::FormatMp3Skin, place::window),
       Dir1(this, {u"Dir1"_s, u"Folders"_s, place::Dir1}),
       File1(this, {u"File1"_s, u"Mp3 files"_s, place::File1}, filePattern),
       Text1(this, {u"Text1"_s, u"New name"_s, place::Text1}),
       Label1(this, {u"Label1"_s, u"Rename"_s, place::Label1}, u"Rename"_s),
       Label2(this, {u"Label2"_s, u"Close"_s, place::Label2}, u"Close"_s), m_player(player), m_songs(songs),
-      m_info(info), m_volume(volume), m_tagEdit(tagEdit)
+      m_info(info), m_tagEdit(tagEdit)
 {
     for (Label *button : {&Label1, &Label2}) {
         button->setButton(true);
@@ -82,8 +83,8 @@ void FormatMp3::connectHandlers()
 
 void FormatMp3::openOnSongs()
 {
-    const QString folder = folderStillThere(m_songs.File1.Path());
-    const QString song = m_songs.File1.List(m_songs.File1.ListIndex());
+    const QString folder = folderStillThere(m_songs.folder());
+    const QString song = m_songs.chosenName();
     placeForTwo();
     show();
     raise();
@@ -134,7 +135,7 @@ void FormatMp3::File1_Click()
 void FormatMp3::File1_DblClick()
 {
     if (File1.ListIndex() >= 0)
-        m_player.playFile(pathIn(File1.Path(), chosenName()), chosenName());
+        m_player.play(pathIn(File1.Path(), chosenName()), chosenName());
 }
 
 // Enter plays, Escape puts the proposal back, Space swaps the name's sides, Delete deletes, the numeric pad's plus and
@@ -153,7 +154,7 @@ void FormatMp3::File1_KeyDown(QKeyEvent *event)
     else if (key == Qt::Key_Delete)
         deleteChosen();
     else if (onPad && (key == Qt::Key_Plus || key == Qt::Key_Minus))
-        changeVolume(key == Qt::Key_Plus ? 1 : -1);
+        m_player.changeVolume(key == Qt::Key_Plus ? 1 : -1);
     else
         event->ignore();
 }
@@ -250,11 +251,6 @@ void FormatMp3::swapSides()
     }
     recordError({noProcedure, errorSource, u"The name holds no \"-\" whose sides could change places."_s});
     MsgBox::showError(lastError());
-}
-
-void FormatMp3::changeVolume(int steps)
-{
-    m_volume.setValue(m_volume.Value() + steps * m_volume.singleStep()); // It stays within its ends.
 }
 
 // The file keeps being the chosen one under its new name. A rename that was refused leaves the new name to be edited.

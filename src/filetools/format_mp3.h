@@ -10,19 +10,17 @@
 #include "controls/text_box.h"
 
 class Mp3Info;
-class PlayerControl;
+class Player;
 class SongList;
 class TagEdit;
-class VScrollBar;
 
 class FormatMp3 : public SkinWindow
 {
     Q_OBJECT
 
 public:
-    /// Plays through player, tells the song menu's songs, reads tags with info, moves the volume, and shows each file
-    /// in tagEdit.
-    FormatMp3(PlayerControl &player, SongList &songs, Mp3Info &info, VScrollBar &volume, TagEdit &tagEdit);
+    /// Plays through player, opens on the music folder of songs, reads tags with info, and shows each file in tagEdit.
+    FormatMp3(Player &player, SongList &songs, Mp3Info &info, TagEdit &tagEdit);
 
     /// Opens on the music folder, with the song that is chosen there.
     void openOnSongs();
@@ -68,15 +66,13 @@ private:
     void deleteChosen();
     void swapSides();
     void putProposalBack();
-    void changeVolume(int steps);
     void renameTo(const QString &oldPath, const QString &newPath);
     void refuseRename();
     QString chosenName() const { return File1.List(File1.ListIndex()); }
 
-    PlayerControl &m_player;
+    Player &m_player;
     SongList &m_songs;
     Mp3Info &m_info;
-    VScrollBar &m_volume;
     TagEdit &m_tagEdit;
     QString m_pointedFile;
 };

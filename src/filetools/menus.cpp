@@ -3,12 +3,12 @@
 
 #include "base/names.h"
 #include "controls/msg_box.h"
-#include "controls/timer.h"
 #include "filetools/format_mp3.h"
 #include "filetools/move_file.h"
 #include "filetools/shell_windows.h"
+#include "filetools/song_list.h"
 #include "platform/drives.h"
-#include "playback/player_control.h"
+#include "playback/player.h"
 
 #include <QContextMenuEvent>
 
@@ -24,8 +24,7 @@ Menus::Menus(QObject *parent, MenuParts parts)
     : QObject(parent), mnuMp3NameItem(this, u"mnuMp3NameItem"_s, {u"Use Tag"_s}),
       mnuPlayListItems(this, u"mnuPlayListItems"_s,
                        {u"Clear"_s, u"Load"_s, u"Save"_s, u"-"_s, u"Random"_s, u"Sort List"_s}),
-      mnuTagEditItems(this, u"mnuTagEditItems"_s, {u"Move"_s, u"Refresh"_s}), m_parts(std::move(parts)),
-      mnuSongItem(m_parts.modes.songMenu())
+      mnuTagEditItems(this, u"mnuTagEditItems"_s, {u"Move"_s, u"Refresh"_s}), m_parts(std::move(parts))
 {
     mnuPlayListItems.setCheckable({RandomItem, SortListItem});
     connectHandlers();
@@ -33,8 +32,9 @@ Menus::Menus(QObject *parent, MenuParts parts)
 
 void Menus::connectHandlers()
 {
-    connect(&mnuSongItem, &MenuItems::Click, this, &Menus::mnuSongItem_Click);
-    connect(&mnuSongItem, &MenuItems::closed, this, [this] { m_parts.songs.SongMenuOpen = false; });
+    MenuItems &songItems = m_parts.songMenu.mnuSongItem;
+    connect(&songItems, &MenuItems::Click, this, &Menus::mnuSongItem_Click);
+    connect(&songItems, &MenuItems::closed, this, [this] { m_parts.songs.SongMenuOpen = false; });
     connect(&mnuMp3NameItem, &MenuItems::Click, this, &Menus::mnuMp3NameItem_Click);
     connect(&mnuPlayListItems, &MenuItems::Click, this, &Menus::mnuPlayListItems_Click);
     connect(&mnuTagEditItems, &MenuItems::Click, this, &Menus::mnuTagEditItems_Click);
@@ -67,7 +67,7 @@ void Menus::mnuSongItem_Click(int index)
         switchRepeatSong();
         break;
     case RepeatAllItem:
-        m_parts.modes.toggle(RepeatAllItem);
+        m_parts.songMenu.toggle(RepeatAllItem);
         break;
     case PlayListItem:
         Q_EMIT playListToggled();
@@ -78,7 +78,7 @@ void Menus::mnuSongItem_Click(int index)
     case AboutItem:
         Q_EMIT aboutWanted();
         break;
-    default: // "Mp3 Info" has never had a command.
+    default: // "Mp3 Info" has no command.
         break;
     }
     m_parts.songs.SongMenuOpen = false;
@@ -151,7 +151,7 @@ void Menus::Text1_MenuKeyDown(QContextMenuEvent *event)
 void Menus::deleteSong()
 {
     ShellWindows prompts;
-    ShellDeleteFile(pathIn(m_parts.songs.File1.Path(), m_parts.songs.pointedSong()), prompts);
+    ShellDeleteFile(pathIn(m_parts.songs.folder(), m_parts.songs.pointedSong()), prompts);
     m_parts.songs.File1.Refresh();
 }
 
@@ -159,17 +159,17 @@ void Menus::deleteSong()
 // marks.
 void Menus::switchAutoPlay()
 {
-    m_parts.AutoPlaySong.setEnabled(m_parts.modes.toggle(AutoPlayItem));
+    m_parts.player.setAdvanceDue(m_parts.songMenu.toggle(AutoPlayItem));
 }
 
 void Menus::switchRepeatSong()
 {
-    const bool on = m_parts.modes.toggle(RepeatSongItem);
-    m_parts.Timer2.setEnabled(on);
+    const bool on = m_parts.songMenu.toggle(RepeatSongItem);
+    m_parts.player.setRepeatDue(on);
     if (on)
         m_parts.player.RepeatSongName = m_parts.songs.pointedSong();
     else
-        m_parts.player.stopEngine();
+        m_parts.player.stopSound();
 }
 
 void Menus::switchRandom()

@@ -4,26 +4,23 @@
 #pragma once
 
 #include "controls/menu_items.h"
-#include "playback/play_modes.h"
+#include "filetools/song_menu.h"
 
 #include <functional>
 
 class FormatMp3;
-class PlayerControl;
+class Player;
 class QContextMenuEvent;
 class SongList;
-class Timer;
 
 /// The play list menu's items by index.
 enum PlayListMenuItem { ClearListItem, LoadListItem, SaveListItem, PlayListMenuSeparator, RandomItem, SortListItem };
 
 /// What the commands work on.
 struct MenuParts {
-    PlayModes &modes; // The song menu's items.
-    SongList &songs;  // The main window's lists.
-    PlayerControl &player;
-    Timer &AutoPlaySong; // Once: the next song of the folder.
-    Timer &Timer2;       // Once: first stage of a repeat.
+    SongMenu &songMenu;
+    SongList &songs; // The main window's lists.
+    Player &player;
     FormatMp3 &formatMp3;
     std::function<QString(const QString &title, const QString &startFolder)> pickFolder; // "" when none was picked.
 };
@@ -36,7 +33,7 @@ public:
     Menus(QObject *parent, MenuParts parts);
 
     /// Open a menu at a point of the screen.
-    void openSongMenu(const QPoint &place) { mnuSongItem.popUp(place); }
+    void openSongMenu(const QPoint &place) { m_parts.songMenu.mnuSongItem.popUp(place); }
     void openPlayListMenu(const QPoint &place) { mnuPlayListItems.popUp(place); }
 
     MenuItems mnuMp3NameItem;   // Over the new name: take it from the tag.
@@ -75,5 +72,4 @@ private:
     void move(const QString &name, const QString &toFolder);
 
     MenuParts m_parts;
-    MenuItems &mnuSongItem; // Over the songs: the player's commands and modes.
 };

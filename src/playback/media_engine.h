@@ -42,6 +42,9 @@ public:
     /// Does the position move on by itself just now?
     virtual bool isPlaying() const = 0;
 
+    /// Does the song keep its place until play(), by pause()?
+    virtual bool isPaused() const = 0;
+
 Q_SIGNALS:
     /// The open file has played to its end; the argument says nothing.
     void endOfStream(int result);

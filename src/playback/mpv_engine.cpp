@@ -123,6 +123,11 @@ bool MpvEngine::isPlaying() const
     return m_request == Request::None && m_song == Song::Sounding && !m_isPaused;
 }
 
+bool MpvEngine::isPaused() const
+{
+    return m_request == Request::None ? m_song != Song::None && m_isPaused : m_request == Request::Open;
+}
+
 // The song that sounds goes on until the current handler has returned, but is not listened to any more.
 void MpvEngine::ask(Request request)
 {

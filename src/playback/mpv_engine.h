@@ -41,6 +41,7 @@ public:
     int volume() const override { return m_volume; }
     void setVolume(int hundredthsOfDecibel) override;
     bool isPlaying() const override;
+    bool isPaused() const override;
 
 private:
     enum class Request { None, Open, OpenAndPlay };           // What the zero timer will carry out.

@@ -5,12 +5,11 @@
 
 #include "base/names.h"
 #include "base/play_time.h"
-#include "controls/file_list_box.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
 #include "platform/folders.h"
 #include "platform/saved_file.h"
-#include "playback/player_control.h"
+#include "playback/player.h"
 #include "playlist/list_file.h"
 #include "playlist/play_times.h"
 #include "settings/setting_paths.h"
@@ -41,10 +40,9 @@ void createIfMissing(const QString &path)
 }
 } // namespace
 
-Playlist::Playlist(FileListBox &File1, PlayerControl &player)
-    : SkinWindow(u"Playlist"_s, u"Play List"_s, Picture::PlaylistSkin, at::window), m_songFolder(File1),
-      m_player(player), m_randomOrder(uniformNumber),
-      Picture1(this, {u"Picture1"_s, u"Close play list"_s, at::Picture1}),
+Playlist::Playlist(const SongFolder &songs, Player &player)
+    : SkinWindow(u"Playlist"_s, u"Play List"_s, Picture::PlaylistSkin, at::window), m_songs(songs), m_player(player),
+      m_randomOrder(uniformNumber), Picture1(this, {u"Picture1"_s, u"Close play list"_s, at::Picture1}),
       List1(this, {u"List1"_s, u"Play list songs"_s, at::List1}),
       List2(this, {u"List2"_s, u"Play list times"_s, at::List2}),
       Label1(this, {u"Label1"_s, u"Play list length"_s, at::Label1}), Timer3(this, u"Timer3"_s, 1, Timer::Kind::OneShot)
@@ -240,7 +238,7 @@ void Playlist::playSelected()
     if (List1.ListIndex() < 0)
         return;
     const QString song = List1.List(List1.ListIndex());
-    m_player.playFile(pathIn(m_songFolder.Path(), song + u".mp3"_s), song);
+    m_player.play(pathIn(m_songs.folder(), song + u".mp3"_s), song);
 }
 
 // Selects the song that moved up into the place, or the one before when the last has gone.

@@ -6,26 +6,26 @@
 #pragma once
 
 #include "base/last_error.h"
+#include "base/timer.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
-#include "controls/timer.h"
 #include "playlist/play_order.h"
 
 #include <cstdint>
 #include <optional>
 
-class FileListBox;
-class PlayerControl;
+class Player;
+class SongFolder;
 
 class Playlist : public SkinWindow
 {
     Q_OBJECT
 
 public:
-    /// Entries are played from File1's folder.
-    Playlist(FileListBox &File1, PlayerControl &player);
+    /// Entries are played from the folder of songs.
+    Playlist(const SongFolder &songs, Player &player);
 
     /// Makes the settings folder and the two list files where they are missing, and reads them.
     void Load();
@@ -85,8 +85,8 @@ private:
     void renewTotal();
     void showStatus();
 
-    FileListBox &m_songFolder;
-    PlayerControl &m_player;
+    const SongFolder &m_songs;
+    Player &m_player;
     RandomOrder m_randomOrder;
     QString m_toldError; // The bad play time told already: one box is enough while it stands.
     bool m_awayWithMain = false;

@@ -6,7 +6,7 @@
 #include "base/names.h"
 #include "controls/file_list_box.h"
 #include "controls/fonts.h"
-#include "playback/player_control.h"
+#include "playback/player.h"
 #include "skins/places.h"
 
 #include <QKeyEvent>
@@ -27,7 +27,7 @@ QStringList matchedNames(const QStringList &names, const std::vector<SongMatch> 
 }
 } // namespace
 
-SongSearch::SongSearch(FileListBox &File1, PlayerControl &player)
+SongSearch::SongSearch(FileListBox &File1, Player &player)
     : SkinWindow(u"SongSearch"_s, u"Song Search"_s, Picture::SongSearchSkin, at::window), m_songFolder(File1),
       m_player(player), Label1(this, {u"Label1"_s, u"Close search"_s, at::Label1}, u"Close"_s),
       Text1(this, {u"Text1"_s, u"Text to look for"_s, at::Text1}),
@@ -130,5 +130,5 @@ void SongSearch::playResult(int row)
 {
     const QString name = List1.List(row);
     if (!name.isEmpty())
-        m_player.playFile(pathIn(m_songFolder.Path(), name), name);
+        m_player.play(pathIn(m_songFolder.Path(), name), name);
 }

@@ -10,7 +10,7 @@
 #include "playlist/song_match.h"
 
 class FileListBox;
-class PlayerControl;
+class Player;
 
 class SongSearch : public SkinWindow
 {
@@ -18,7 +18,7 @@ class SongSearch : public SkinWindow
 
 public:
     /// File1's songs are searched; its folder is where results are played from.
-    SongSearch(FileListBox &File1, PlayerControl &player);
+    SongSearch(FileListBox &File1, Player &player);
 
     /// The music folder has changed: the results are gone and the text is empty.
     void clearSearch();
@@ -39,7 +39,7 @@ private:
     void playResult(int row);
 
     FileListBox &m_songFolder;
-    PlayerControl &m_player;
+    Player &m_player;
     SongNames m_names;                // The songs in view when last searched; let go while the window is away.
     std::vector<SongMatch> m_matches; // One for each row of List1.
     qsizetype m_textLength = 0;       // Of the text they match.

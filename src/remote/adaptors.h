@@ -35,7 +35,7 @@ public:
 
 public Q_SLOTS:
     void Raise() { Q_EMIT m_remote.raiseWanted(); }
-    void Quit() { m_remote.quit(); }
+    void Quit() { Q_EMIT m_remote.quitWanted(); }
 
 private:
     RemoteControl &m_remote;

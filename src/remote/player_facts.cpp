@@ -62,12 +62,12 @@ QVariantMap changedProperties(const QVariantMap &before, const QVariantMap &now)
     return changed;
 }
 
-double volumeOf(int sliderValue, int quietest)
+double volumeOf(int attenuation, int quietest)
 {
-    return 1.0 - static_cast<double>(sliderValue) / quietest;
+    return 1.0 - static_cast<double>(attenuation) / quietest;
 }
 
-std::optional<int> sliderValueOf(double volume, int quietest)
+std::optional<int> attenuationOf(double volume, int quietest)
 {
     if (std::isnan(volume))
         return std::nullopt;

@@ -15,7 +15,7 @@ struct PlayerFacts {
     int songNumber = 0;       // Another one each time a song is opened.
     double lengthSeconds = 0; // 0: not known (yet).
     double volume = 0;        // 1 is full.
-    QVariantMap song;         // songMetadata() of the song that plays or is held; empty without one.
+    QVariantMap song;         // songMetadata() of the song that plays or is paused; empty without one.
     bool canPlay = false;     // There is a song to start.
     bool canGoNext = false;
     bool canGoPrevious = false;
@@ -30,9 +30,9 @@ QVariantMap playerProperties(const PlayerFacts &facts);
 /// What of now is not in before, or different there.
 QVariantMap changedProperties(const QVariantMap &before, const QVariantMap &now);
 
-/// A slider's value between 0 (1.0) and quietest (0.0), and back; nothing for what is not a number.
-double volumeOf(int sliderValue, int quietest);
-std::optional<int> sliderValueOf(double volume, int quietest);
+/// A loudness in hundredths of a decibel between 0 (1.0) and quietest (0.0), and back; nothing for what is no number.
+double volumeOf(int attenuation, int quietest);
+std::optional<int> attenuationOf(double volume, int quietest);
 
 /// Whole microseconds of a time in seconds.
 qint64 microseconds(double seconds);

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "remote/remote_control.h"
 
-#include "controls/file_list_box.h"
-#include "controls/label.h"
-#include "controls/scroll_bars.h"
 #include "platform/folders.h"
-#include "playback/player_control.h"
+#include "playback/player.h"
 #include "remote/adaptors.h"
 #include "remote/song_metadata.h"
 
@@ -36,7 +33,7 @@ QString takeServiceName(QDBusConnection bus)
 }
 } // namespace
 
-RemoteControl::RemoteControl(RemoteParts parts) : m_parts(parts)
+RemoteControl::RemoteControl(Player &player, const SongFolder &songs) : m_player(player), m_songs(songs)
 {
     m_tellTimer.setSingleShot(true);
     connect(&m_tellTimer, &QTimer::timeout, this, &RemoteControl::tell);
@@ -65,11 +62,10 @@ void RemoteControl::start()
 
 void RemoteControl::connectHandlers()
 {
-    connect(&m_parts.engine, &MediaEngine::stateChanged, this, &RemoteControl::tellSoon);
-    connect(&m_parts.player, &PlayerControl::playingPathChanged, this, &RemoteControl::tellSoon);
-    connect(&m_parts.VScroll1, &VScrollBar::Change, this, &RemoteControl::tellSoon);
-    connect(m_parts.File1.model(), &QAbstractItemModel::modelReset, this, &RemoteControl::tellSoon);
-    connect(m_parts.File1.selectionModel(), &QItemSelectionModel::currentChanged, this, &RemoteControl::tellSoon);
+    connect(&m_player, &Player::stateChanged, this, &RemoteControl::tellSoon);
+    connect(&m_player, &Player::songChanged, this, &RemoteControl::tellSoon);
+    connect(&m_player, &Player::volumeChanged, this, &RemoteControl::tellSoon);
+    connect(&m_songs, &SongFolder::changed, this, &RemoteControl::tellSoon);
 }
 
 void RemoteControl::tellSoon()
@@ -105,15 +101,15 @@ void RemoteControl::tellPosition(const PlayerFacts &now)
 
 Playback RemoteControl::playback() const
 {
-    if (m_parts.player.playingPath().isEmpty())
+    if (m_player.playingPath().isEmpty())
         return Playback::Stopped;
-    return m_parts.player.isHeld() ? Playback::Paused : Playback::Playing;
+    return m_player.isPaused() ? Playback::Paused : Playback::Playing;
 }
 
 const QVariantMap &RemoteControl::song()
 {
-    if (std::exchange(m_songNumber, m_parts.player.openedSongs()) != m_parts.player.openedSongs())
-        m_song = songMetadata(m_parts.player.playingPath());
+    if (std::exchange(m_songNumber, m_player.openedSongs()) != m_player.openedSongs())
+        m_song = songMetadata(m_player.playingPath());
     return m_song;
 }
 
@@ -121,42 +117,42 @@ PlayerFacts RemoteControl::facts()
 {
     PlayerFacts now;
     now.playback = playback();
-    now.songNumber = m_parts.player.openedSongs();
-    now.volume = volumeOf(m_parts.VScroll1.Value(), m_parts.VScroll1.minimum());
+    now.songNumber = m_player.openedSongs();
+    now.volume = volumeOf(m_player.volume(), Player::quietest);
     const bool hasSong = now.playback != Playback::Stopped;
-    const bool isOneChosen = m_parts.File1.ListIndex() >= 0;
+    const bool isOneChosen = m_songs.chosenRow() >= 0;
     now.canPlay = hasSong || isOneChosen;
-    now.canGoNext = m_parts.File1.ListCount() > 0;
+    now.canGoNext = m_songs.count() > 0;
     now.canGoPrevious = isOneChosen;
     if (hasSong) {
         now.song = song();
-        now.lengthSeconds = m_parts.engine.duration();
+        now.lengthSeconds = m_player.lengthSeconds();
     }
     return now;
 }
 
 double RemoteControl::positionSeconds() const
 {
-    return playback() == Playback::Stopped ? 0 : m_parts.engine.currentPosition();
+    return playback() == Playback::Stopped ? 0 : m_player.positionSeconds();
 }
 
 void RemoteControl::play()
 {
     switch (playback()) {
     case Playback::Stopped:
-        return m_parts.Label1.press();
+        return m_player.playChosen();
     case Playback::Paused:
-        return m_parts.Label10.press();
+        return m_player.pauseOrResume();
     case Playback::Playing:
         return;
     }
 }
 
-// The first press may but end a pause that an earlier song was left in; then it takes another.
+// The first turn may but end a pause that an earlier song was left in; then it takes another.
 void RemoteControl::pause()
 {
-    for (int presses = 0; presses < 2 && playback() == Playback::Playing; ++presses)
-        m_parts.Label10.press();
+    for (int turns = 0; turns < 2 && playback() == Playback::Playing; ++turns)
+        m_player.pauseOrResume();
 }
 
 void RemoteControl::playPause()
@@ -169,17 +165,17 @@ void RemoteControl::playPause()
 
 void RemoteControl::stop()
 {
-    m_parts.Label2.press();
+    m_player.stop();
 }
 
 void RemoteControl::next()
 {
-    m_parts.Label4.press();
+    m_player.next();
 }
 
 void RemoteControl::previous()
 {
-    m_parts.Label3.press();
+    m_player.previous();
 }
 
 // Seeks from where the song is; beyond its end the next song follows.
@@ -189,7 +185,7 @@ void RemoteControl::jump(qint64 offsetMicroseconds)
     if (length <= 0)
         return;
     if (const auto target = jumpTarget(positionSeconds(), offsetMicroseconds, length))
-        m_parts.engine.setCurrentPosition(*target);
+        m_player.seek(*target);
     else
         next();
 }
@@ -201,13 +197,13 @@ void RemoteControl::setPosition(const QString &track, qint64 positionMicrosecond
     if (track != trackPath(now.songNumber) || positionMicroseconds < 0)
         return;
     if (const auto target = jumpTarget(0, positionMicroseconds, now.lengthSeconds))
-        m_parts.engine.setCurrentPosition(*target);
+        m_player.seek(*target);
 }
 
 void RemoteControl::setVolume(double volume)
 {
-    if (const std::optional<int> value = sliderValueOf(volume, m_parts.VScroll1.minimum()))
-        m_parts.VScroll1.setValue(*value);
+    if (const std::optional<int> value = attenuationOf(volume, Player::quietest))
+        m_player.setVolume(*value);
 }
 
 void RemoteControl::open(const QString &address)
@@ -217,10 +213,4 @@ void RemoteControl::open(const QString &address)
         Q_EMIT songWanted(path);
     else if (calledFromDBus())
         sendErrorReply(QDBusError::InvalidArgs, u"There is no such file: "_s + address);
-}
-
-// Exit, once the wish has been answered.
-void RemoteControl::quit()
-{
-    QMetaObject::invokeMethod(&m_parts.Label6, &Label::press, Qt::QueuedConnection);
 }

@@ -1,42 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The player on the desktop's session bus: media keys, desktop widgets and command line tools ask it what plays and
-// tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands are those of the main
-// window's labels. What changes is told once, after the handler that changed it; the position is only told when it
+// tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands go to the
+// transport. What changes is told once, after the handler that changed it; the position is only told when it
 // jumps. Without a bus nothing happens.
 #pragma once
 
-#include "playback/media_engine.h"
 #include "playback/position_clock.h"
 #include "remote/player_facts.h"
 
 #include <QDBusContext>
 #include <QTimer>
 
-class FileListBox;
-class Label;
-class PlayerControl;
-class VScrollBar;
-
-/// What the remote control asks and presses.
-struct RemoteParts {
-    MediaEngine &engine;
-    PlayerControl &player;
-    FileListBox &File1;   // The songs that Play, Next and Previous choose from.
-    VScrollBar &VScroll1; // Loudness in hundredths of a decibel.
-    Label &Label1;        // Play.
-    Label &Label2;        // Stop.
-    Label &Label3;        // Previous song.
-    Label &Label4;        // Next song.
-    Label &Label10;       // Pause, or go on.
-    Label &Label6;        // Leave the program.
-};
+class Player;
+class SongFolder;
 
 class RemoteControl : public QObject, protected QDBusContext
 {
     Q_OBJECT
 
 public:
-    explicit RemoteControl(RemoteParts parts);
+    /// Songs are those that Play, Next and Previous choose from.
+    RemoteControl(Player &player, const SongFolder &songs);
     ~RemoteControl() override;
 
     /// Appears on the session bus, where there is one. To be called when the first window is on the screen.
@@ -59,11 +43,13 @@ public:
     void setPosition(const QString &track, qint64 positionMicroseconds);
     void setVolume(double volume);
     void open(const QString &address);
-    void quit();
 
 Q_SIGNALS:
     /// The main window is wanted back.
     void raiseWanted();
+
+    /// The program is to end as by Exit.
+    void quitWanted();
 
     /// A song (a program path) is to play, and its folder to be the music folder.
     void songWanted(const QString &path);
@@ -80,7 +66,8 @@ private:
     Playback playback() const;
     const QVariantMap &song();
 
-    RemoteParts m_parts;
+    Player &m_player;
+    const SongFolder &m_songs;
     QString m_serviceName; // "" while not on the bus.
     QTimer m_tellTimer;
     QVariantMap m_song; // songMetadata() of song m_songNumber; its file is read once.

@@ -3,13 +3,13 @@
 // music folder; what other windows do about it leaves as a signal.
 #pragma once
 
+#include "base/timer.h"
 #include "controls/dir_list_box.h"
 #include "controls/drive_list_box.h"
 #include "controls/file_list_box.h"
 #include "controls/label.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
-#include "controls/timer.h"
 
 #include <array>
 

@@ -11,7 +11,7 @@
 #include "mp3info/mp3_info.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
-#include "playback/player_control.h"
+#include "playback/player.h"
 #include "skins/palette.h"
 #include "skins/places.h"
 #include "tagedit/editor_genres.h"
@@ -40,7 +40,7 @@ QStringList genreNames()
 }
 } // namespace
 
-TagEdit::TagEdit(PlayerControl &player, SongList &songs)
+TagEdit::TagEdit(const Player &player, const SongFolder &songs)
     : SkinWindow(u"TagEdit"_s, formCaption, Picture::TagEditSkin, place::window), m_player(player), m_songs(songs),
       Caption(this, {u"Caption"_s, u"Window caption"_s, place::Caption}, formCaption),
       frmNoTag(this, {u"frmNoTag"_s, u"No tag"_s, place::frmNoTag}, u"Tag info"_s),
@@ -117,7 +117,7 @@ void TagEdit::connectHandlers()
     connect(&cmdCancel, &Label::Click, this, &TagEdit::cmdCancel_Click);
     connect(&cmdSave, &Label::Click, this, &TagEdit::cmdSave_Click);
     connect(&Timer1, &Timer::tick, this, &TagEdit::Timer1_Timer);
-    connect(&m_player, &PlayerControl::playingPathChanged, this, &TagEdit::watchSoon);
+    connect(&m_player, &Player::songChanged, this, &TagEdit::watchSoon);
     connect(this, &SkinWindow::closeRequested, this, &QWidget::hide);
 }
 
@@ -264,7 +264,7 @@ Id3v1Tag TagEdit::typedTag() const
 // The song chosen in the main window tells the texts; with none chosen there, the edited one.
 QString TagEdit::nameForNewTag() const
 {
-    const QString chosen = m_songs.File1.List(m_songs.File1.ListIndex());
+    const QString chosen = m_songs.chosenName();
     return chosen.isEmpty() ? FileNameFromPath(m_file) : chosen;
 }
 

@@ -3,17 +3,17 @@
 // done to the file is in tag_block; the song that plays is refused here.
 #pragma once
 
+#include "base/timer.h"
 #include "controls/combo_box.h"
 #include "controls/frame.h"
 #include "controls/label.h"
 #include "controls/skin_window.h"
 #include "controls/text_box.h"
-#include "controls/timer.h"
 #include "mp3info/id3v1_tag.h"
 #include "mp3info/quick_header.h"
 
-class PlayerControl;
-class SongList;
+class Player;
+class SongFolder;
 
 class TagEdit : public SkinWindow
 {
@@ -21,7 +21,7 @@ class TagEdit : public SkinWindow
 
 public:
     /// The song that player plays is not touched; a new tag takes its texts from the name chosen in songs.
-    TagEdit(PlayerControl &player, SongList &songs);
+    TagEdit(const Player &player, const SongFolder &songs);
 
     /// Edits the song of a program path from now on: its tag and its data are read. What was typed is gone. Of a song
     /// that does not exist nothing is shown, what is there stays.
@@ -56,8 +56,8 @@ private:
     bool isPlayingFile() const;
     bool mayChangeTag() const;
 
-    PlayerControl &m_player;
-    SongList &m_songs;
+    const Player &m_player;
+    const SongFolder &m_songs;
     QString m_file; // The edited song, a program path.
 
     Label Caption;     // The window's caption; tells of a removal while it lasts.

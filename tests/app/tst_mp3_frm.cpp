@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window: its settings, its two lists, its keys and tips.
+#include "app/display_texts.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "platform/saved_file.h"
@@ -182,7 +183,7 @@ private Q_SLOTS:
         };
         QCOMPARE(tipAt(0), QString());
         QCOMPARE(songs.pointedSong(), u"a.mp3"_s);
-        stand.window.setToolTipData(true);
+        control<CheckBox>(stand.options, u"Check2"_s).setState(1);
         QCOMPARE(tipAt(1), u"Name=b Time=0:00 Size="_s + Mp3Info::FormatFileSize(8));
         QuickHeader header;
         header.length = u"250 seconds"_s;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the other controls promise: timers, sliders, buttons, menus and the window that is a picture.
+#include "base/timer.h"
 #include "controls/accessibility.h"
 #include "controls/label.h"
 #include "controls/menu_items.h"
@@ -7,7 +8,6 @@
 #include "controls/scroll_bars.h"
 #include "controls/skin_style.h"
 #include "controls/skin_window.h"
-#include "controls/timer.h"
 #include "platform/desktop_places.h"
 #include "skins/palette.h"
 #include "support/test_files.h"
@@ -75,20 +75,20 @@ private Q_SLOTS:
         metronome.setEnabled(true);
         timer.setResting(true);
         timer.setEnabled(true);
-        timer.tickSoon();
+        timer.trigger();
         QVERIFY(beat());
         QCOMPARE(ticks.size(), 0);
         timer.setResting(false);
         QTRY_VERIFY(ticks.size() > 2);
-        connect(&timer, &Timer::tick, this, [&] { timer.nothingNewFor(hourMs); });
+        connect(&timer, &Timer::tick, this, [&] { timer.sleepFor(hourMs); });
         const qsizetype before = ticks.size();
         QTRY_COMPARE(ticks.size(), before + 1);
         QVERIFY(beat());
         QCOMPARE(ticks.size(), before + 1);
-        timer.tickSoon();
+        timer.trigger();
         QTRY_COMPARE(ticks.size(), before + 2);
         timer.setEnabled(false);
-        timer.tickSoon();
+        timer.trigger();
         QVERIFY(beat());
         QCOMPARE(ticks.size(), before + 2);
     }

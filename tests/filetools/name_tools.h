@@ -17,5 +17,5 @@ struct NameTools : PlayerStand {
     }
 
     TagEdit tagEdit{window.player(), window.songs()};
-    FormatMp3 formatMp3{window.player(), window.songs(), window.Info, window.VScroll1, tagEdit};
+    FormatMp3 formatMp3{window.player(), window.songs(), window.Info, tagEdit};
 };

@@ -19,24 +19,24 @@ struct Stand : NameTools {
 
     QString pickedFolder;
     QString asked;
-    Menus menus{&engine,
-                {modes, window.songs(), window.player(), window.AutoPlaySong, window.Timer2, formatMp3,
-                 [this](const QString &title, const QString &start) {
-                     asked = title + u'|' + start;
-                     return pickedFolder;
-                 }}};
+    Menus menus{
+        &engine,
+        {songMenu, window.songs(), window.player(), formatMp3, [this](const QString &title, const QString &start) {
+             asked = title + u'|' + start;
+             return pickedFolder;
+         }}};
 
-    void choose(int item) { modes.songMenu().choose(item); }
+    void choose(int item) { songMenu.mnuSongItem.choose(item); }
 
     // The play modes that are on, and the timers that run.
     QString state() const
     {
         QStringList on;
-        for (const auto &[is, name] : {std::pair(modes.isChecked(AutoPlayItem), u"auto"_s),
-                                       {modes.isChecked(RepeatSongItem), u"song"_s},
-                                       {modes.isChecked(RepeatAllItem), u"all"_s},
-                                       {window.AutoPlaySong.Enabled(), u"AutoPlaySong"_s},
-                                       {window.Timer2.Enabled(), u"Timer2"_s}})
+        for (const auto &[is, name] : {std::pair(songMenu.mnuSongItem.Checked(AutoPlayItem), u"auto"_s),
+                                       {songMenu.mnuSongItem.Checked(RepeatSongItem), u"song"_s},
+                                       {songMenu.mnuSongItem.Checked(RepeatAllItem), u"all"_s},
+                                       {control<Timer>(window, u"AutoPlaySong"_s).Enabled(), u"AutoPlaySong"_s},
+                                       {control<Timer>(window, u"Timer2"_s).Enabled(), u"Timer2"_s}})
             on += is ? QStringList(name) : QStringList();
         return on.join(u' ');
     }
@@ -67,7 +67,7 @@ private Q_SLOTS:
         connect(&menus, &Menus::randomSwitched, this, [&](bool on) { came += on ? u"random"_s : u"in order"_s; });
         for (const int item : {0, 3, 7, 8, 9, 10, 11}) {
             stand.choose(item);
-            QVERIFY(!stand.modes.songMenu().Checked(item));
+            QVERIFY(!stand.songMenu.mnuSongItem.Checked(item));
         }
         QCOMPARE(came.join(u'|'), u"name tools|options|play list|search|about"_s);
         came.clear();

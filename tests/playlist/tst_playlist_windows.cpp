@@ -94,7 +94,7 @@ private Q_SLOTS:
     void threeSongsPlayThroughInOrder()
     {
         fill({u"Glove"_s, u"Love Song"_s, u"Zebra"_s});
-        connect(&m_windows->main.window.player(), &PlayerControl::songEnded, m_playlist, &Playlist::enableNextSong);
+        connect(&m_windows->main.window.player(), &Player::songEnded, m_playlist, &Playlist::enableNextSong);
         m_songs->setListIndex(0);
         QTest::keyClick(m_songs, Qt::Key_Return);
         QCOMPARE(title(), u"    Glove"_s);
@@ -207,7 +207,7 @@ private Q_SLOTS:
 private:
     struct Windows {
         PlayerStand main{{u"Dove Love.mp3"_s, u"Glove.mp3"_s, u"Love Song.mp3"_s, u"Zebra.mp3"_s}};
-        Playlist playlist{main.window.File1, main.window.player()};
+        Playlist playlist{main.window.songs(), main.window.player()};
         SongSearch search{main.window.File1, main.window.player()};
     };
 

@@ -49,21 +49,25 @@ public:
     {
         m_calls += QStringLiteral("FileName ") + path;
         m_fileName = path;
+        m_isPaused = false;
         m_position = 0;
     }
     void play() override
     {
         m_calls += QStringLiteral("Play");
+        m_isPaused = false;
         setPlaying(!m_fileName.isEmpty());
     }
     void pause() override
     {
         m_calls += QStringLiteral("Pause");
+        m_isPaused = !m_fileName.isEmpty();
         setPlaying(false);
     }
     void stop() override
     {
         m_calls += QStringLiteral("Stop");
+        m_isPaused = false;
         m_position = 0;
         setPlaying(false);
     }
@@ -81,6 +85,7 @@ public:
         m_volume = hundredthsOfDecibel;
     }
     bool isPlaying() const override { return m_isPlaying; }
+    bool isPaused() const override { return m_isPaused; }
 
 private:
     void setPosition(double seconds)
@@ -99,5 +104,6 @@ private:
     double m_duration = 0;
     int m_volume = 0;
     bool m_isPlaying = false;
+    bool m_isPaused = false;
     QStringList m_calls;
 };

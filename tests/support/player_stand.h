@@ -3,6 +3,8 @@
 #pragma once
 
 #include "app/mp3_frm.h"
+#include "filetools/song_menu.h"
+#include "settings/frm_options.h"
 #include "support/fake_engine.h"
 #include "support/test_files.h"
 #include "support/windows.h"
@@ -25,6 +27,7 @@ struct PlayerStand {
 
     TestFolder folder;
     FakeEngine engine;
-    PlayModes modes{nullptr};
-    Mp3Frm window{engine, modes};
+    SongMenu songMenu;
+    frmOptions options;
+    Mp3Frm window{engine, songMenu, options};
 };

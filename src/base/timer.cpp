@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "controls/timer.h"
+#include "base/timer.h"
 
 #include <algorithm>
 
@@ -24,12 +24,6 @@ void Timer::setEnabled(bool enabled)
     wait(pace());
 }
 
-void Timer::setInterval(int intervalMs)
-{
-    m_intervalMs = intervalMs;
-    wait(pace());
-}
-
 void Timer::setResting(bool resting)
 {
     if (m_kind == Kind::OneShot || m_resting == resting)
@@ -38,12 +32,12 @@ void Timer::setResting(bool resting)
     wait(0);
 }
 
-void Timer::nothingNewFor(int ms)
+void Timer::sleepFor(int ms)
 {
-    m_quietMs = ms;
+    m_sleepMs = ms;
 }
 
-void Timer::tickSoon()
+void Timer::trigger()
 {
     wait(0);
 }
@@ -55,10 +49,10 @@ void Timer::runDown()
         m_clock.stop();
     }
     const int waited = m_clock.interval();
-    m_quietMs = 0;
+    m_sleepMs = 0;
     m_restarted = false;
     Q_EMIT tick();
-    const int next = std::max(pace(), m_quietMs);
+    const int next = std::max(pace(), m_sleepMs);
     if (m_enabled && m_kind == Kind::Repeating && !m_restarted && next != waited)
         wait(next); // Else the clock runs on by itself, which is cheaper.
 }
@@ -72,7 +66,7 @@ void Timer::wait(int ms)
         return;
     }
     // A coarse clock runs up to a twentieth too early; a tick waited for then shows nothing new and must wait again.
-    m_clock.setTimerType(ms < preciseBelowMs || m_quietMs > 0 ? Qt::PreciseTimer : Qt::CoarseTimer);
+    m_clock.setTimerType(ms < preciseBelowMs || m_sleepMs > 0 ? Qt::PreciseTimer : Qt::CoarseTimer);
     m_clock.start(ms);
 }
 

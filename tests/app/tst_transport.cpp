@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The transport and its display in the real main window, on an engine without sound.
+#include "app/display_texts.h"
 #include "controls/skin_style.h"
 #include "support/player_stand.h"
 
@@ -8,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-class PlayerControlTest : public QObject
+class TransportTest : public QObject
 {
     Q_OBJECT
 
@@ -60,11 +61,11 @@ private Q_SLOTS:
         QTRY_COMPARE(m_window->HScroll1.Value(), 65);
         const auto marks = {OptionsItem, AutoPlayItem, RepeatSongItem, RepeatAllItem};
         for (const SongMenuItem item : marks)
-            m_stand->modes.songMenu().setChecked(item, true);
+            m_stand->songMenu.mnuSongItem.setChecked(item, true);
         m_window->bStop.press();
         QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play, Stop"_s);
         for (const SongMenuItem item : marks)
-            QCOMPARE(m_stand->modes.isChecked(item), item == OptionsItem);
+            QCOMPARE(m_stand->songMenu.mnuSongItem.Checked(item), item == OptionsItem);
         QCOMPARE(m_window->Text1.Text(), u"0:00/0:00"_s);
         QCOMPARE(m_window->HScroll1.Value(), 0);
         QCOMPARE(m_window->Label7.Caption(), QString());
@@ -90,17 +91,17 @@ private Q_SLOTS:
         m_window->File1.setListIndex(1);
         m_window->Label1.press();
         if (mark >= 0)
-            m_stand->modes.songMenu().setChecked(mark, true);
+            m_stand->songMenu.mnuSongItem.setChecked(mark, true);
         m_stand->takeCalls();
         bool wasIdle = false;
-        connect(&m_window->player(), &PlayerControl::songEnded, this, [&] {
+        connect(&m_window->player(), &Player::songEnded, this, [&] {
             wasIdle = m_window->Text1.Text() == u"0:00/0:00"_s && !m_window->Timer1.Enabled() &&
-                      !m_window->Timer4.Enabled() && !m_window->Timer2.Enabled();
+                      !m_window->Timer4.Enabled() && !isDue(u"Timer2"_s);
         });
         m_stand->engine.finishSong();
         QVERIFY(wasIdle);
         QCOMPARE(m_stand->takeCalls(), u""_s); // Nothing is opened inside the engine's report.
-        QTRY_VERIFY(!m_window->Timer2.Enabled() && !m_window->Timer3.Enabled() && !m_window->AutoPlaySong.Enabled());
+        QTRY_VERIFY(!isDue(u"Timer2"_s) && !isDue(u"Timer3"_s) && !isDue(u"AutoPlaySong"_s));
         QCOMPARE(m_stand->takeCalls(), calls);
         QCOMPARE(m_window->Timer1.Enabled(), !calls.isEmpty());
         QCOMPARE(m_window->Timer4.Enabled(), !calls.isEmpty());
@@ -109,17 +110,17 @@ private Q_SLOTS:
 
     void aModeTakenOffInTimeRepeatsNothing()
     {
-        m_stand->modes.choose(AutoPlayItem);
+        m_stand->songMenu.toggle(AutoPlayItem);
         m_stand->engine.finishSong();
-        m_stand->modes.clear();
-        QTRY_VERIFY(!m_window->Timer2.Enabled());
-        QVERIFY(!m_window->Timer3.Enabled());
+        m_stand->songMenu.clear();
+        QTRY_VERIFY(!isDue(u"Timer2"_s));
+        QVERIFY(!isDue(u"Timer3"_s));
         QCOMPARE(m_stand->takeCalls(), u""_s);
     }
 
     void theAdvanceGoesOnePastTheEnd()
     {
-        m_stand->modes.songMenu().setChecked(OptionsItem, true);
+        m_stand->songMenu.mnuSongItem.setChecked(OptionsItem, true);
         m_window->File1.setListIndex(4);
         m_window->songs().SongMenuOpen = true;
         m_stand->engine.finishSong();
@@ -196,7 +197,7 @@ private Q_SLOTS:
         m_stand->engine.setVolume(-300); // Changed from elsewhere.
         m_stand->engine.setSong(1, 9);
         QTRY_COMPARE(slider.Value(), -300);
-        QCOMPARE(m_window->findChild<PositionDisplay *>()->CurrentVolume, std::int16_t(-300));
+        QCOMPARE(m_window->player().CurrentVolume, std::int16_t(-300));
         slider.setValue(0);
         QCOMPARE(m_stand->engine.volume(), 0);
     }
@@ -207,9 +208,9 @@ private Q_SLOTS:
         QCOMPARE(rotatedTitle({}), QString());
         const QSignalSpy names(m_window, &Mp3Frm::songNameChanged);
         m_window->hide();
-        m_window->player().playFile(m_stand->folder.path(u"A Song.mp3"_s), u"A Song"_s);
-        m_window->Timer2.setEnabled(true);
-        QTRY_VERIFY(!m_window->Timer2.Enabled()); // Events run, and the title stands.
+        m_window->player().play(m_stand->folder.path(u"A Song.mp3"_s), u"A Song"_s);
+        m_window->player().setRepeatDue(true);
+        QTRY_VERIFY(!isDue(u"Timer2"_s)); // Events run, and the title stands.
         QCOMPARE(m_window->Label7.Caption(), u"    A Song"_s);
         m_window->show();
         QTRY_COMPARE(m_window->Label7.Caption(), u"Song    A "_s);
@@ -218,9 +219,11 @@ private Q_SLOTS:
     }
 
 private:
+    bool isDue(const QString &timer) { return control<Timer>(*m_window, timer).Enabled(); }
+
     std::unique_ptr<PlayerStand> m_stand;
     Mp3Frm *m_window = nullptr;
 };
 
-QTEST_MAIN(PlayerControlTest)
-#include "tst_player_control.moc"
+QTEST_MAIN(TransportTest)
+#include "tst_transport.moc"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A window's timer. A repeating one with an interval of 1 ms ticks at the screen's pace, and rests while nobody can see
-// what it does: an idle player wakes the processor for nothing. A one-shot timer switches itself off and ticks as soon
-// as the current handler has returned.
+// A timer without a window. A repeating one with an interval of 1 ms ticks at the screen's pace, and rests while nobody
+// can see what it does: an idle player wakes the processor for nothing. A one-shot timer switches itself off and ticks
+// as soon as the current handler has returned.
 #pragma once
 
 #include <QTimer>
@@ -19,17 +19,16 @@ public:
     void setEnabled(bool enabled);
     bool Enabled() const { return m_enabled; }
 
-    void setInterval(int intervalMs);
     int Interval() const { return m_intervalMs; }
 
     /// While it rests an enabled timer does not tick; when the rest ends it ticks at once. One-shot timers never rest.
     void setResting(bool resting);
 
     /// Asked for in the tick's handler: a tick before that time would show nothing new.
-    void nothingNewFor(int ms);
+    void sleepFor(int ms);
 
     /// Something changed: an enabled timer that does not rest ticks at the next chance.
-    void tickSoon();
+    void trigger();
 
 Q_SIGNALS:
     void tick();
@@ -45,5 +44,5 @@ private:
     bool m_enabled = false;
     bool m_resting = false;
     bool m_restarted = false; // While a tick is handled: the clock has been set anew.
-    int m_quietMs = 0;
+    int m_sleepMs = 0;
 };

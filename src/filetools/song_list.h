@@ -5,8 +5,9 @@
 #pragma once
 
 #include "controls/file_list_box.h"
+#include "playback/song_folder.h"
 
-class SongList : public QObject
+class SongList : public SongFolder
 {
     Q_OBJECT
 
@@ -15,6 +16,12 @@ public:
 
     FileListBox &File1;
     ListBox &List1;
+
+    QString folder() const override { return File1.Path(); }
+    int count() const override { return File1.ListCount(); }
+    QString name(int row) const override { return File1.List(row); }
+    int chosenRow() const override { return File1.ListIndex(); }
+    void choose(int row) override { File1.setListIndex(row); }
 
     /// Fills List1 from File1 as it stands: item i is File1's item i without its last four characters.
     void rebuildDisplayCopy();

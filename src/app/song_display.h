@@ -3,13 +3,11 @@
 // two sliders under it. Nothing is shown more often than it changes: a tick says when the next one will have news.
 #pragma once
 
+#include "base/timer.h"
 #include "controls/label.h"
 #include "controls/scroll_bars.h"
 #include "controls/text_box.h"
-#include "controls/timer.h"
-#include "playback/media_engine.h"
-
-#include <cstdint>
+#include "playback/player.h"
 
 /// The controls of the main window that show and take position, loudness and title.
 struct DisplayControls {
@@ -21,21 +19,10 @@ struct DisplayControls {
     Timer &Timer4;        // On while a song plays: one step of the title every 100 ms.
 };
 
-/// The text rotated left by one character; "" stays "".
-QString rotatedTitle(const QString &title);
-
-/// "1:05/3:07" of two times in seconds.
-QString timeText(double positionSeconds, double durationSeconds);
-
-/// Milliseconds until a playing position, rounded to whole seconds, reads differently.
-int msUntilNextSecond(double positionSeconds);
-
-class PositionDisplay : public QObject
+class SongDisplay
 {
-    Q_OBJECT
-
 public:
-    PositionDisplay(QObject *parent, MediaEngine &engine, DisplayControls controls);
+    SongDisplay(const Player &player, DisplayControls controls);
 
     /// A song starts: the time runs from now on.
     void startTime();
@@ -46,6 +33,15 @@ public:
     /// The title goes on scrolling, whatever it is.
     void startTitle();
 
+    /// Position and length of the song, and the loudness, as they are; sleeps until the time text changes.
+    void showTime();
+
+    /// The position slider moved otherwise than by its thumb, which does not seek: the next tick puts it back.
+    void restoreSlider();
+
+    /// The title turns by a character.
+    void turnTitle();
+
     /// No song: "0:00/0:00", the slider at its start, the time stands. The title is left alone.
     void showIdleTime();
 
@@ -53,26 +49,10 @@ public:
     void clearTitle();
     void stopTitle();
 
-    /// The last value the user gave the volume slider.
-    std::int16_t CurrentVolume = 0;
-
     /// Nobody sees the window (or somebody does again): the timers rest.
     void setSeen(bool seen);
 
-Q_SIGNALS:
-    /// The tray's tip has another song to tell: its file name without the ending.
-    void songNameChanged(const QString &name);
-
 private:
-    void connectHandlers();
-    void Timer1_Timer();
-    void Timer4_Timer();
-    void HScroll1_Scroll();
-    void HScroll1_Change();
-    void VScroll1_Change();
-    void tellSongName();
-
-    MediaEngine &m_engine;
+    const Player &m_player;
     DisplayControls m_controls;
-    QString m_toldPath; // The song that the tray knows of.
 };

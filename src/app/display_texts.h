@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The texts of the main window, and when they change.
+#pragma once
+
+#include "mp3info/quick_header.h"
+
+#include <QString>
+
+/// The text rotated left by one character; "" stays "".
+QString rotatedTitle(const QString &title);
+
+/// "1:05/3:07" of two times in seconds.
+QString timeText(double positionSeconds, double durationSeconds);
+
+/// Milliseconds until a playing position, rounded to whole seconds, reads differently.
+int msUntilNextSecond(double positionSeconds);
+
+/// What a song's tip says: "Name=…", " Time=…", " Size=…"; "" without a song.
+QString songTip(const QString &name, const QuickHeader &header);

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The songs that the transport plays from: a folder, the names in it by row, one of them chosen at most.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class SongFolder : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The folder as a program path.
+    virtual QString folder() const = 0;
+
+    virtual int count() const = 0;
+
+    /// The file name in a row; "" past the end.
+    virtual QString name(int row) const = 0;
+
+    /// The chosen row, -1 for none.
+    virtual int chosenRow() const = 0;
+
+    /// Chooses a row; one past the end chooses nothing.
+    virtual void choose(int row) = 0;
+
+    /// The chosen song's file name, "" without one.
+    QString chosenName() const { return name(chosenRow()); }
+
+Q_SIGNALS:
+    /// There are other songs, or another one is chosen.
+    void changed();
+};
