@@ -136,6 +136,7 @@ void Mp3Frm::connectTransport()
     connect(&m_player, &Player::stopped, this, &Mp3Frm::Player_Stopped);
     connect(&m_player, &Player::songEnded, this, &Mp3Frm::Player_SongEnded);
     connect(&m_player, &Player::playbackFailed, this, [] { MsgBox::showError(lastError()); });
+    connect(&m_player, &Player::songChanged, this, &Mp3Frm::renewWindowTitle);
     connect(&m_player, &Player::stateChanged, &Timer1, &Timer::trigger);
     connect(&m_player, &Player::volumeChanged, this, [this] { VScroll1.setValue(m_player.volume()); });
 }
@@ -301,6 +302,12 @@ void Mp3Frm::Check2_Changed(bool on)
     File1.setToolTip(frmOptions::songListHint(on));
 }
 
+void Mp3Frm::renewWindowTitle()
+{
+    const QString name = withoutExtension(FileNameFromPath(m_player.playingPath()));
+    setWindowTitle(name.isEmpty() ? programTitle() : name + u" - "_s + programTitle());
+}
+
 void Mp3Frm::announceSong()
 {
     if (m_player.openedPath() == m_announcedPath)
@@ -361,7 +368,7 @@ void Mp3Frm::File1_MouseMove(int row)
     m_songs.setPointedSong(name);
     if (!m_options.toolTipDataChosen())
         return;
-    const QuickHeader header = QuickMp3Header(File1.filePath(row));
+    const QuickHeader header = songHeader(File1.filePath(row));
     File1.setToolTip(songTip(name, header));
 }
 

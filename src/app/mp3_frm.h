@@ -94,6 +94,7 @@ private:
     void firstStart();
     void setVolumeFrom(const QString &stored);
     void announceSong();
+    void renewWindowTitle();
 
     void Label6_Click();
     void HScroll1_Scroll();

@@ -127,7 +127,7 @@ void Program::addPickedSong(const QString &name)
 {
     if (name.isEmpty() || !m_playlist.isVisible())
         return;
-    const QuickHeader header = QuickMp3Header(tidyPathIn(m_mp3Frm.songs().folder(), name));
+    const QuickHeader header = songHeader(tidyPathIn(m_mp3Frm.songs().folder(), name));
     m_playlist.addSong(withoutExtension(name), FormatPlayTime(roundHalfEven(numericValue(header.length))));
 }
 

@@ -133,6 +133,43 @@ bool readLength(QByteArrayView bytes, qsizetype frame, qint64 fileLength, int kb
     reading.header.length = QString::number(*reading.cbrSeconds) + " seconds"_L1;
     return true;
 }
+// The bytes that an ID3v2 tag takes, its head and footer included (id3.org, ID3v2.4 structure, 3.1): the head holds the
+// length of the rest, seven bits a byte. 0 without a tag.
+qint64 id3v2TagLength(QByteArrayView firstBytes)
+{
+    constexpr qint64 headLength = 10;
+    constexpr int hasFooter = 0x10;
+    if (firstBytes.size() < headLength || !firstBytes.startsWith("ID3"))
+        return 0;
+    qint64 length = 0;
+    for (qsizetype at = 6; at < headLength; ++at)
+        length = length * 128 + byteAt(firstBytes, at) % 128;
+    return length + headLength * (byteAt(firstBytes, 5) & hasFooter ? 2 : 1);
+}
+
+enum class Search { FileStart, BehindTagToo };
+
+QuickHeader readFile(const QString &path, Search search)
+{
+    const std::optional<ByteFile> file = ByteFile::open(path, ByteFile::Access::Read);
+    std::array<char, quickHeaderReach> buffer;
+    const auto readAt = [&](qint64 place) {
+        return QByteArrayView(buffer.data(), file ? file->readAt(place, buffer.data(), quickHeaderReach) : 0);
+    };
+    const QByteArrayView start = readAt(0);
+    const std::optional<qint64> length = file ? file->length() : fileLength(path);
+    if (!length)
+        return {};
+    QuickReading reading = quickHeader(start, *length);
+    const qint64 tagLength = id3v2TagLength(start);
+    if (search == Search::BehindTagToo && reading.header.layer.isEmpty() && tagLength > 0 && tagLength < *length) {
+        const QString wholeSize = reading.header.size;
+        reading = quickHeader(readAt(tagLength), *length - tagLength);
+        reading.header.size = wholeSize;
+    }
+    quickSeconds = reading.cbrSeconds.value_or(quickSeconds);
+    return reading.header;
+}
 } // namespace
 
 QuickReading quickHeader(QByteArrayView firstBytes, qint64 fileLength)
@@ -164,15 +201,12 @@ QuickReading quickHeader(QByteArrayView firstBytes, qint64 fileLength)
 
 QuickHeader QuickMp3Header(const QString &path)
 {
-    const std::optional<ByteFile> file = ByteFile::open(path, ByteFile::Access::Read);
-    std::array<char, quickHeaderReach> start;
-    const qint64 got = file ? file->readAt(0, start.data(), quickHeaderReach) : 0;
-    const std::optional<qint64> length = file ? file->length() : fileLength(path);
-    if (!length)
-        return {};
-    QuickReading reading = quickHeader(QByteArrayView(start.data(), got), *length);
-    quickSeconds = reading.cbrSeconds.value_or(quickSeconds);
-    return reading.header;
+    return readFile(path, Search::FileStart);
+}
+
+QuickHeader songHeader(const QString &path)
+{
+    return readFile(path, Search::BehindTagToo);
 }
 
 std::int32_t QuickSeconds()

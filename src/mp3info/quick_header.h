@@ -39,5 +39,9 @@ QuickReading quickHeader(QByteArrayView firstBytes, qint64 fileLength);
 /// The same for a file. Empty for a missing file or a folder; the size alone for one that may not be read.
 QuickHeader QuickMp3Header(const QString &path);
 
+/// As QuickMp3Header(); where that finds no frame, a second read looks for one behind the ID3v2 tag, whose pictures may
+/// fill more than its reach. The tag then counts for the size alone, not for length and bit rate.
+QuickHeader songHeader(const QString &path);
+
 /// The length in seconds at a constant bit rate that the last QuickMp3Header() found; a file without one leaves it.
 std::int32_t QuickSeconds();

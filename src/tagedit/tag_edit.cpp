@@ -213,7 +213,7 @@ void TagEdit::GetTagInf()
 
 void TagEdit::GetMP3Inf()
 {
-    const QuickHeader header = QuickMp3Header(m_file);
+    const QuickHeader header = songHeader(m_file);
     const bool hasFrame = !header.mpegVersion.isEmpty();
     frmMPEG.setVisible(hasFrame);
     frmNoMPEG.setVisible(!hasFrame);

@@ -62,7 +62,9 @@ private Q_SLOTS:
         const auto marks = {OptionsItem, AutoPlayItem, RepeatSongItem, RepeatAllItem};
         for (const SongMenuItem item : marks)
             m_stand->songMenu.mnuSongItem.setChecked(item, true);
+        QVERIFY(m_window->windowTitle().startsWith(u"1 - "_s));
         m_window->bStop.press();
+        QVERIFY(!m_window->windowTitle().contains(u" - "_s));
         QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play, Stop"_s);
         for (const SongMenuItem item : marks)
             QCOMPARE(m_stand->songMenu.mnuSongItem.Checked(item), item == OptionsItem);

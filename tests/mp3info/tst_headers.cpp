@@ -156,6 +156,22 @@ private Q_SLOTS:
             QCOMPARE(QuickMp3Header(path).size, QString());
         QCOMPARE(QuickSeconds(), 3);
     }
+
+    void aPictureInTheTagHidesNoSong()
+    {
+        const TestFolder folder;
+        const QByteArray sound = QByteArray::fromHex("fffb9064").leftJustified(48'000, '\0');
+        const QByteArray head = QByteArray::fromHex("49443304000000002f00"); // 6016 bytes follow.
+        const auto songWith = [&](const QByteArray &tagHead, qsizetype tagLength) {
+            return songHeader(folder.makeFile(u"song.mp3"_s, tagHead + QByteArray(tagLength, '\0') + sound));
+        };
+        QCOMPARE(songWith(head, 6016).length, u"3 seconds"_s);
+        QCOMPARE(songWith(head, 6016).size, u"54026 bytes"_s);
+        QCOMPARE(QuickMp3Header(folder.path(u"song.mp3"_s)).length, QString());
+        QCOMPARE(songWith(QByteArray::fromHex("49443304001000002f00"), 6026).length, u"3 seconds"_s); // With a footer.
+        QCOMPARE(songWith("ID3\x04 no tag", 6016).length, QString());
+        QCOMPARE(songHeader(folder.makeFile(u"cut.mp3"_s, head)).size, u"10 bytes"_s);
+    }
 };
 
 QTEST_APPLESS_MAIN(HeadersTest)
