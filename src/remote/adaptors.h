@@ -63,17 +63,17 @@ class PlayerAdaptor : public QDBusAbstractAdaptor
 public:
     explicit PlayerAdaptor(RemoteControl &remote);
 
-    QString playbackStatus() const { return m_remote.now(u"PlaybackStatus").toString(); }
-    QVariantMap metadata() const { return m_remote.now(u"Metadata").toMap(); }
-    double volume() const { return m_remote.now(u"Volume").toDouble(); }
+    QString playbackStatus() const { return ::playbackStatus(m_remote.facts().playback); }
+    QVariantMap metadata() const { return ::metadata(m_remote.facts()); }
+    double volume() const { return m_remote.facts().volume; }
     void setVolume(double volume) { m_remote.setVolume(volume); }
     qlonglong position() const { return microseconds(m_remote.positionSeconds()); }
     double rate() const { return 1; }
     void setRate(double rate);
-    bool canGoNext() const { return m_remote.now(u"CanGoNext").toBool(); }
-    bool canGoPrevious() const { return m_remote.now(u"CanGoPrevious").toBool(); }
-    bool canPlay() const { return m_remote.now(u"CanPlay").toBool(); }
-    bool canSeek() const { return m_remote.now(u"CanSeek").toBool(); }
+    bool canGoNext() const { return m_remote.facts().canGoNext; }
+    bool canGoPrevious() const { return m_remote.facts().canGoPrevious; }
+    bool canPlay() const { return m_remote.facts().canPlay; }
+    bool canSeek() const { return m_remote.facts().canSeek(); }
     bool yes() const { return true; }
 
 public Q_SLOTS:

@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr double microsecondsPerSecond = 1e6;
+} // namespace
 
 QString playbackStatus(Playback playback)
 {
@@ -24,7 +25,6 @@ QString playbackStatus(Playback playback)
     }
 }
 
-// The song's data with what is known while it plays only.
 QVariantMap metadata(const PlayerFacts &facts)
 {
     QVariantMap song = facts.song;
@@ -35,7 +35,6 @@ QVariantMap metadata(const PlayerFacts &facts)
         song[u"mpris:length"_s] = microseconds(facts.lengthSeconds);
     return song;
 }
-} // namespace
 
 QString trackPath(int songNumber)
 {
@@ -48,7 +47,7 @@ QVariantMap playerProperties(const PlayerFacts &facts)
             {u"Metadata"_s, metadata(facts)},
             {u"Volume"_s, facts.volume},
             {u"CanPlay"_s, facts.canPlay},
-            {u"CanSeek"_s, facts.playback != Playback::Stopped},
+            {u"CanSeek"_s, facts.canSeek()},
             {u"CanGoNext"_s, facts.canGoNext},
             {u"CanGoPrevious"_s, facts.canGoPrevious}};
 }

@@ -19,10 +19,17 @@ struct PlayerFacts {
     bool canPlay = false;     // There is a song to start.
     bool canGoNext = false;
     bool canGoPrevious = false;
+
+    bool canSeek() const { return playback != Playback::Stopped; }
 };
 
 /// The song's identity on the bus, an object path.
 QString trackPath(int songNumber);
+
+/// Two of them as they are told: "Playing", "Paused", "Stopped"; the song's data with what is known while it plays
+/// only.
+QString playbackStatus(Playback playback);
+QVariantMap metadata(const PlayerFacts &facts);
 
 /// The facts by the names of the player interface's properties, those that are told when they change.
 QVariantMap playerProperties(const PlayerFacts &facts);

@@ -26,8 +26,8 @@ public:
     /// Appears on the session bus, where there is one. To be called when the first window is on the screen.
     void start();
 
-    /// One of playerProperties(), as it is now.
-    QVariant now(QStringView property) { return playerProperties(facts()).value(property.toString()); }
+    /// What there is to say just now.
+    PlayerFacts facts();
 
     /// Where the song is; 0 without one.
     double positionSeconds() const;
@@ -62,7 +62,6 @@ private:
     void tellSoon();
     void tell();
     void tellPosition(const PlayerFacts &now);
-    PlayerFacts facts();
     Playback playback() const;
     const QVariantMap &song();
 
