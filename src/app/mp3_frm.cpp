@@ -95,6 +95,10 @@ void Mp3Frm::setUpLooks()
         picture->setAccessibleName(label->Caption());
         label->setFocusPolicy(Qt::NoFocus);
     }
+    File1.setRowTip([this](int row) {
+        const bool isOn = m_options.toolTipDataChosen();
+        return isOn ? songTip(File1.List(row), songHeader(File1.filePath(row))) : QString();
+    });
     List1.hide();
     File1.setFocus();
 }
@@ -359,17 +363,14 @@ void Mp3Frm::File1_KeyDown(QKeyEvent *event)
     event->accept();
 }
 
-// The mouse is over a song: its data become the tip when that is wanted.
+// The mouse is over a song: the menu would act on it. It needs no hint any more.
 void Mp3Frm::File1_MouseMove(int row)
 {
-    const QString name = File1.List(row);
-    if (m_songs.SongMenuOpen || name == m_songs.pointedSong())
+    if (m_songs.SongMenuOpen)
         return;
-    m_songs.setPointedSong(name);
-    if (!m_options.toolTipDataChosen())
-        return;
-    const QuickHeader header = songHeader(File1.filePath(row));
-    File1.setToolTip(songTip(name, header));
+    m_songs.setPointedSong(File1.List(row));
+    if (row >= 0)
+        File1.setToolTip({});
 }
 
 // A song name is clicked: it plays as an MP3, whatever the file's real ending.

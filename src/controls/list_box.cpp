@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QToolTip>
 
 class ListBoxModel : public QAbstractListModel
 {
@@ -161,6 +162,17 @@ void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelect
             setCurrentIndex(rows[0]);
     };
     QMetaObject::invokeMethod(this, chooseSelected, Qt::QueuedConnection);
+}
+
+// The tip belongs to its row: it stays while the mouse moves within it and goes with it.
+bool ListBox::viewportEvent(QEvent *event)
+{
+    const auto *help = event->type() == QEvent::ToolTip ? static_cast<QHelpEvent *>(event) : nullptr;
+    const QModelIndex row = help && m_rowTip ? indexAt(help->pos()) : QModelIndex();
+    if (!row.isValid())
+        return QListView::viewportEvent(event);
+    QToolTip::showText(help->globalPos(), m_rowTip(row.row()), viewport(), visualRect(row));
+    return true;
 }
 
 void ListBox::keyPressEvent(QKeyEvent *event)

@@ -33,6 +33,9 @@ public:
     /// How assistive tools are told an item, when that is not the text shown.
     void setToldForm(std::function<QString(int row)> toldForm);
 
+    /// What the tool tip says while the mouse rests on a row; "" for no tip. Beside the rows it is the list's own.
+    void setRowTip(std::function<QString(int row)> rowTip) { m_rowTip = std::move(rowTip); }
+
     void Clear() { setItems({}); }
 
     /// Removes item row; false when there is none. The choice is gone when it was that row, and stays with its text
@@ -83,12 +86,14 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
+    bool viewportEvent(QEvent *event) override;
 
     /// Chooses a row without Click().
     void chooseQuietly(int row);
 
 private:
     ListBoxModel *m_items;
+    std::function<QString(int)> m_rowTip;
     QPoint m_menuPosition;
     int m_menuRow = -1;
     int m_pressedRow = -1;

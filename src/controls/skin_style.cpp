@@ -4,6 +4,7 @@
 #include "skins/palette.h"
 
 #include <QAbstractItemView>
+#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -204,6 +205,13 @@ void SkinStyle::polish(QPalette &colours)
     colours.setColor(QPalette::Link, lit(palette::accent, 160));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         colours.setColor(QPalette::Disabled, role, colour(palette::captionDim));
+}
+
+void SkinStyle::polish(QWidget *widget)
+{
+    if (auto *label = qobject_cast<QLabel *>(widget))
+        label->setTextFormat(Qt::PlainText);
+    QProxyStyle::polish(widget);
 }
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

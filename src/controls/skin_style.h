@@ -26,6 +26,10 @@ public:
     SkinStyle();
 
     void polish(QPalette &colours) override;
+
+    /// Texts of labels are plain, tool tips and boxes included: a file's name must never be taken as HTML, which could
+    /// even make Qt read other files.
+    void polish(QWidget *widget) override;
     using QProxyStyle::polish;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;

@@ -64,6 +64,7 @@ FormatMp3::FormatMp3(Player &player, SongList &songs, Mp3Info &info, TagEdit &ta
         button->setFont(fonts::font(fonts::Face::SmallFonts, 11));
     }
     Text1.setFont(fonts::font(fonts::Face::Arial, 13));
+    File1.setRowTip([this](int row) { return File1.List(row) + u" is "_s + FileAttributeText(File1.filePath(row)); });
     connectHandlers();
 }
 
@@ -166,14 +167,11 @@ void FormatMp3::File1_MouseDown()
         m_pointedFile = File1.List(File1.menuRow());
 }
 
-// The mouse is over a file: its tip tells whether it may be written.
+// The mouse is over a file: it is the pointed one.
 void FormatMp3::File1_MouseMove(int row)
 {
-    if (MoveMenuOpen)
-        return;
-    m_pointedFile = File1.List(row);
-    File1.setToolTip(m_pointedFile.isEmpty() ? QString()
-                                             : m_pointedFile + u" is "_s + FileAttributeText(File1.filePath(row)));
+    if (!MoveMenuOpen)
+        m_pointedFile = File1.List(row);
 }
 
 // Enter in the new name: the same as Rename. Escape puts the proposal back.

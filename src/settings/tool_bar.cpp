@@ -54,6 +54,7 @@ ToolBar::ToolBar(FileListBox &mainFile1, frmOptions &options)
         Picture3.at(i).setPicture(frames.at(i));
         Picture3.at(i).hide();
     }
+    File1.setRowTip([this](int row) { return File1.List(row); }); // Names too long for the list can be read there.
     Timer1.setResting(true);
     Timer1.setEnabled(true);
     connectHandlers();
@@ -67,7 +68,6 @@ void ToolBar::connectHandlers()
     connect(&Drive1, &DriveListBox::Change, this, &ToolBar::Drive1_Change);
     connect(&Picture1, &Label::Click, this, &ToolBar::Picture1_Click);
     connect(&Dir1, &DirListBox::Change, this, &ToolBar::Dir1_Change);
-    connect(&File1, &ListBox::MouseMove, this, &ToolBar::File1_MouseMove);
     connect(&Label3, &Label::Click, this, &ToolBar::Label3_Click);
     connect(&Timer1, &Timer::tick, this, &ToolBar::Timer1_Tick);
 }
@@ -96,7 +96,6 @@ void ToolBar::prepareForFirstLook()
     Label1.setAlignment(Qt::AlignCenter);
     Label1.setColour(QColor::fromRgb(palette::displayText));
     File1.setFocusPolicy(Qt::TabFocus);
-    File1.setMouseTracking(true);
     Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
     Dir1.setPath(m_firstFolder);
 }
@@ -126,12 +125,6 @@ void ToolBar::Dir1_Change()
     Label1.setCaption(songCountText(File1.ListCount()));
     const QSignalBlocker quiet(Drive1);
     Drive1.setDrive(Dir1.Path());
-}
-
-// The mouse is over a song: names too long for the list can be read in the tool tip.
-void ToolBar::File1_MouseMove(int row)
-{
-    File1.setToolTip(File1.List(row));
 }
 
 // The reel turns by one frame.

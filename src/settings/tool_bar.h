@@ -41,7 +41,6 @@ private:
     void Drive1_Change();
     void Picture1_Click();
     void Dir1_Change();
-    void File1_MouseMove(int row);
     void Timer1_Tick();
     void Label3_Click();
 

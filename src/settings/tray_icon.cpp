@@ -5,6 +5,7 @@
 #include "controls/pictures.h"
 
 #include <QGuiApplication>
+#include <QRegularExpression>
 #include <QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,8 @@ QString trayTip(const QString &text)
     QString tip = untilNul(text).left(longestTip).toString();
     if (tip.size() < text.size() && !tip.isEmpty() && tip.back().isHighSurrogate())
         tip.chop(1); // Half a character is none.
-    return tip;
+    static const QRegularExpression markup(u"([<&])(?=\\S)"_s);
+    return tip.replace(markup, u"\\1\u2060"_s); // The sign that joins words has no width.
 }
 
 TrayIcon::TrayIcon() = default;

@@ -12,7 +12,8 @@
 
 class QSystemTrayIcon;
 
-/// The text as a tip: up to its first zero character, cut to 64 characters.
+/// The text as a tip: up to its first zero character, cut to 64 characters. Some desktops read tips as HTML: what looks
+/// like it is broken up by a sign that cannot be seen.
 QString trayTip(const QString &text);
 
 class TrayIcon : public QObject

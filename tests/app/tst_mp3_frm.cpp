@@ -4,6 +4,7 @@
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "platform/saved_file.h"
+#include "settings/frm_options.h"
 #include "settings/setting_paths.h"
 #include "settings/settings_store.h"
 #include "support/player_stand.h"
@@ -179,22 +180,28 @@ private Q_SLOTS:
         SongList &songs = stand.window.songs();
         const auto tipAt = [&](int row) {
             Q_EMIT list.MouseMove(row, Qt::NoButton);
-            return list.toolTip();
+            return tipOf(list, row);
         };
-        QCOMPARE(tipAt(0), QString());
-        QCOMPARE(songs.pointedSong(), u"a.mp3"_s);
+        stand.window.show();
+        QCOMPARE(tipAt(1), QString());
+        QCOMPARE(songs.pointedSong(), u"b.mp3"_s);
         control<CheckBox>(stand.options, u"Check2"_s).setState(1);
-        QCOMPARE(tipAt(1), u"Name=b Time=0:00 Size="_s + Mp3Info::FormatFileSize(8));
+        QCOMPARE(tipOf(list, -1), frmOptions::songListHint(true));
+        QCOMPARE(tipAt(1), u"Name=b Time=0:00 Size="_s + Mp3Info::FormatFileSize(8)); // Pointed at already.
+        QCOMPARE(list.toolTip(), QString());                                          // No hint any more.
         QuickHeader header;
         header.length = u"250 seconds"_s;
         header.size = u"4000000 bytes"_s;
         QCOMPARE(songTip(u"Song.mp3"_s, header), u"Name=Song Time=4:10 Size="_s + Mp3Info::FormatFileSize(4e6));
         songs.SongMenuOpen = true;
-        QVERIFY(tipAt(0).startsWith(u"Name=b "_s));
+        tipAt(0);
         QCOMPARE(songs.pointedSong(), u"b.mp3"_s);
         songs.SongMenuOpen = false;
-        QCOMPARE(tipAt(-1), QString());
+        tipAt(-1);
         QCOMPARE(songs.pointedSong(), QString());
+        control<CheckBox>(stand.options, u"Check2"_s).setState(0);
+        tipAt(1);
+        QTRY_VERIFY(!QToolTip::isVisible());
     }
 };
 

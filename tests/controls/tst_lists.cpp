@@ -2,12 +2,16 @@
 // The lists: when a click is told, what stays chosen, and which files and folders they show.
 #include "controls/dir_list_box.h"
 #include "controls/file_list_box.h"
+#include "controls/skin_style.h"
 #include "support/test_files.h"
 #include "support/windows.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
+#include <QMouseEvent>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -79,6 +83,38 @@ private Q_SLOTS:
         QCOMPARE(list.menuRow(), -1);
         QCOMPARE(list.ListIndex(), 0);
         QCOMPARE(clicks.size(), 0);
+    }
+
+    void aTipBelongsToItsRow()
+    {
+        QApplication::setStyle(new SkinStyle);
+        ListBox list(nullptr, setup);
+        list.setItems({u"<b>a</b>"_s, u"<img src='/'>"_s, u"c"_s});
+        list.setToolTip(u"songs"_s);
+        list.setRowTip([&list](int row) { return row == 2 ? QString() : u"it is "_s + list.List(row); });
+        list.show();
+        list.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&list));
+        const auto moveTo = [&list](const QPoint &place) {
+            QMouseEvent move(QEvent::MouseMove, place, list.viewport()->mapToGlobal(place), Qt::NoButton, {}, {});
+            QCoreApplication::sendEvent(list.viewport(), &move);
+        };
+        for (const int row : {0, 1}) {
+            QCOMPARE(tipOf(list, row), u"it is "_s + list.List(row));
+            const QPoint place = rowPlace(list, row);
+            for (int step = 1; step < 5; ++step)
+                moveTo(place + QPoint(step, 0));
+            QCOMPARE(QToolTip::text(), u"it is "_s + list.List(row));
+        }
+        for (const QWidget *window : QApplication::topLevelWidgets()) { // A name is no HTML.
+            if (const auto *label = qobject_cast<const QLabel *>(window))
+                QCOMPARE(label->textFormat(), Qt::PlainText);
+        }
+        moveTo(rowPlace(list, 0));
+        QTRY_VERIFY(!QToolTip::isVisible());
+        QCOMPARE(tipOf(list, -1), u"songs"_s);
+        tipOf(list, 2);
+        QTRY_VERIFY(!QToolTip::isVisible());
     }
 
     void filesFitThePatternAndStayChosen()

@@ -202,6 +202,7 @@ private Q_SLOTS:
         QCOMPARE(trayTip(QString(64, u'x') + u"y"_s), QString(64, u'x'));
         QCOMPARE(trayTip(u"a"_s + QChar() + u"b"_s), u"a"_s);
         QCOMPARE(trayTip(QString(63, u'x') + u"\U0001F3B5"_s), QString(63, u'x'));
+        QCOMPARE(trayTip(u"<b>R&amp;B & < x"_s), u"<\u2060b>R&\u2060amp;B & < x"_s);
         QIcon icon;
         TrayIcon tray; // Nothing breaks where there is no desktop.
         tray.AddTrayIcon();

@@ -5,7 +5,9 @@
 #include "controls/list_box.h"
 #include "controls/msg_box.h"
 
+#include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
 
 /// The control of that name; a missing one ends the test run.
 template<class Control>
@@ -30,6 +32,15 @@ inline void clickRow(ListBox &list, int row, Qt::MouseButton button = Qt::LeftBu
 inline void doubleClickRow(ListBox &list, int row)
 {
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, rowPlace(list, row));
+}
+
+/// The tool tip while the mouse rests on a row; beside the rows with row -1.
+inline QString tipOf(const ListBox &list, int row)
+{
+    const QPoint place = row < 0 ? list.viewport()->rect().bottomLeft() : rowPlace(list, row);
+    QHelpEvent rest(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(list.viewport(), &rest);
+    return QToolTip::text();
 }
 
 /// The boxes shown since the last question, each as "title|text".
