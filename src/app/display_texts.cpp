@@ -3,7 +3,7 @@
 
 #include "base/names.h"
 #include "base/numbers.h"
-#include "base/play_time.h"
+#include "base/texts.h"
 #include "mp3info/mp3_info.h"
 
 #include <cmath>

@@ -3,8 +3,8 @@
 
 #include "base/names.h"
 #include "base/numbers.h"
-#include "base/play_time.h"
-#include "controls/center_window.h"
+#include "base/texts.h"
+#include "controls/skin_window.h"
 #include "settings/folder_picker.h"
 #include "settings/translucency.h"
 

@@ -2,8 +2,8 @@
 #include "app/splash.h"
 
 #include "app/version.h"
-#include "base/pump_events.h"
 #include "controls/fonts.h"
+#include "controls/skin_window.h"
 #include "skins/palette.h"
 #include "skins/places.h"
 

@@ -26,12 +26,7 @@ QString withoutExtension(const QString &fileName)
 
 QString pathIn(const QString &folder, const QString &name)
 {
-    return folder + backslash + name;
-}
-
-QString tidyPathIn(const QString &folder, const QString &name)
-{
-    return folder.endsWith(backslash) ? folder + name : pathIn(folder, name);
+    return folder.endsWith(backslash) ? folder + name : folder + backslash + name;
 }
 
 void sortNames(QStringList &names)

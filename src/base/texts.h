@@ -1,12 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts as they come from files of other programs.
+// Texts: cutting them at blanks, NULs and whole characters, and play times as people read them.
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
+#include <cstdint>
+
 /// The text before its first NUL: some programs pad with them, and what follows is none of the text.
-inline QStringView untilNul(QStringView text)
+QStringView untilNul(QStringView text);
+
+using CharacterTest = bool (*)(QChar);
+
+/// Is it the space? Tabs, NULs and the like are not blanks: they belong to a name or a tag.
+constexpr bool isBlank(QChar character)
 {
-    const qsizetype nul = text.indexOf(QChar());
-    return nul < 0 ? text : text.first(nul);
+    return character == u' ';
 }
+
+/// The text without the blanks at its start, at its end, or both.
+QStringView withoutBlanksBefore(QStringView text, CharacterTest blank = isBlank);
+QStringView withoutBlanksAfter(QStringView text, CharacterTest blank = isBlank);
+QStringView withoutBlanks(QStringView text, CharacterTest blank = isBlank);
+
+/// How many code units the character at a position has: 2 for a surrogate pair, else 1, a lone surrogate too.
+inline qsizetype characterLength(QStringView text, qsizetype at)
+{
+    const bool isPair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+    return isPair ? 2 : 1;
+}
+
+/// The start of a text, at most so many code units long; a surrogate pair is never cut in two.
+QStringView wholeCharacters(QStringView text, qsizetype most);
+
+/// m:ss, or h:mm:ss from an hour on. Negative seconds divide toward zero and keep their sign in each place ("0:-5").
+QString FormatPlayTime(std::int32_t seconds);

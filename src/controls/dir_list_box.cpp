@@ -32,7 +32,7 @@ FolderRows rowsFor(const QString &path)
     rows.folders += folder;
     rows.texts += indented(0, openMark, displayPath(folder));
     for (const QString &step : steps.mid(1)) {
-        folder = tidyPathIn(folder, step);
+        folder = pathIn(folder, step);
         rows.texts += indented(rows.folders.size(), openMark, step);
         rows.folders += folder;
     }
@@ -41,7 +41,7 @@ FolderRows rowsFor(const QString &path)
     sortNames(names);
     for (const QString &name : names) {
         rows.texts += indented(rows.openRow + 1, u"▸"_s, name);
-        rows.folders += tidyPathIn(folder, name);
+        rows.folders += pathIn(folder, name);
     }
     return rows;
 }

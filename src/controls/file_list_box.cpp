@@ -29,7 +29,7 @@ void FileListBox::Refresh()
 
 QString FileListBox::filePath(int row) const
 {
-    return tidyPathIn(m_path, List(row));
+    return pathIn(m_path, List(row));
 }
 
 QStringList FileListBox::readFolder() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/skin_window.h"
 
+#include "base/window_place.h"
 #include "controls/list_box.h"
 #include "skins/palette.h"
 
@@ -10,6 +11,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -150,4 +152,17 @@ void SkinWindow::noteSeen()
     const bool seen = isVisible() && !isMinimized();
     if (std::exchange(m_seen, seen) != seen)
         Q_EMIT seenChanged(seen);
+}
+
+void CenterWindow(QWidget &window)
+{
+    const QRect screen = window.screen()->geometry();
+    window.move(screen.topLeft() + centredPlace(screen.size(), window.size()).toPoint());
+}
+
+void PumpEvents()
+{
+    constexpr int passes = 100;
+    for (int pass = 0; pass < passes; ++pass)
+        QCoreApplication::processEvents();
 }

@@ -68,3 +68,9 @@ private:
     bool m_seen = false;
     bool m_painted = false;
 };
+
+/// Moves a window to the middle of its screen, slightly above.
+void CenterWindow(QWidget &window);
+
+/// Lets queued window events run 100 times in a row: for the middle of a long loop.
+void PumpEvents();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/clean_name.h"
 
+#include "base/texts.h"
 #include "platform/ansi_text.h"
 
 using namespace Qt::StringLiterals;
@@ -13,11 +14,10 @@ constexpr int capitalDistance = 32;
 QString inLowerCase(const QString &text)
 {
     QString lower;
-    for (qsizetype i = 0; i < text.size();) {
-        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        const QString character = text.sliced(i, pair ? 2 : 1);
-        lower += pair || !text[i].isSurrogate() ? character.toLower() : character;
-        i += character.size();
+    for (qsizetype i = 0; i < text.size(); i += characterLength(text, i)) {
+        const QString character = text.sliced(i, characterLength(text, i));
+        const bool isLoneSurrogate = character.size() == 1 && character.front().isSurrogate();
+        lower += isLoneSurrogate ? character : character.toLower();
     }
     return lower;
 }

@@ -3,10 +3,10 @@
 
 #include "base/last_error.h"
 #include "base/names.h"
-#include "base/pump_events.h"
 #include "base/window_place.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
+#include "controls/skin_window.h"
 #include "filetools/name_proposal.h"
 #include "filetools/shell_windows.h"
 #include "filetools/song_list.h"

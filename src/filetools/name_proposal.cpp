@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "filetools/name_proposal.h"
 
+#include "base/texts.h"
 #include "filetools/clean_name.h"
 
 #include <algorithm>
@@ -11,22 +12,7 @@ namespace
 {
 constexpr qsizetype longestExtension = 4;
 
-// Blanks only: tabs and the like belong to the name.
-QString withoutBlanksBefore(QStringView text)
-{
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    return text.toString();
-}
-
-QString withoutBlanksAfter(QStringView text)
-{
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text.toString();
-}
-
-QString joined(const QString &left, const QString &right)
+QString joined(QStringView left, QStringView right)
 {
     return left + u" - "_s + right;
 }
@@ -51,9 +37,9 @@ NameProposal proposeName(const QString &fileName)
     const qsizetype second = fileName.indexOf(u'-', first + 1);
     const qsizetype split = second < 0 ? first : second;
     const QStringView name(fileName);
-    const QString left = withoutBlanksAfter(name.first(split));
-    const QString right = withoutBlanksBefore(name.sliced(split + 1));
-    return {CleanName(joined(left, right)), withoutBlanksBefore(name.sliced(first + 1))};
+    const QStringView left = withoutBlanksAfter(name.first(split));
+    const QStringView right = withoutBlanksBefore(name.sliced(split + 1));
+    return {CleanName(joined(left, right)), withoutBlanksBefore(name.sliced(first + 1)).toString()};
 }
 
 std::optional<QString> withSidesSwapped(const QString &fileName)
@@ -63,7 +49,7 @@ std::optional<QString> withSidesSwapped(const QString &fileName)
     const qsizetype hyphen = name.indexOf(u'-');
     if (hyphen < 0)
         return std::nullopt;
-    const QString left = withoutBlanksBefore(withoutBlanksAfter(name.first(hyphen)));
-    const QString right = withoutBlanksBefore(withoutBlanksAfter(name.sliced(hyphen + 1)));
-    return joined(right, left) + extension.toString();
+    const QStringView left = withoutBlanks(name.first(hyphen));
+    const QStringView right = withoutBlanks(name.sliced(hyphen + 1));
+    return joined(right, left) + extension;
 }

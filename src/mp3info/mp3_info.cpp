@@ -2,6 +2,7 @@
 // Reads a file with one system read, two when its end lies beyond the first.
 #include "mp3info/mp3_info.h"
 
+#include "base/texts.h"
 #include "platform/ansi_text.h"
 #include "platform/byte_file.h"
 #include "platform/folders.h"
@@ -15,14 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-QString withoutEndingBlanks(const QString &text)
-{
-    qsizetype length = text.size();
-    while (length > 0 && text[length - 1] == u' ')
-        --length;
-    return text.left(length);
-}
-
 QString asStored(const QString &text, qsizetype width)
 {
     return fromAnsi(tagField(text, width));
@@ -91,27 +84,27 @@ void Mp3Info::takeHeader(const FrameHeader &header)
 
 QString Mp3Info::Comments() const
 {
-    return withoutEndingBlanks(m_tag.comment);
+    return withoutBlanksAfter(m_tag.comment).toString();
 }
 
 QString Mp3Info::Year() const
 {
-    return withoutEndingBlanks(m_tag.year);
+    return withoutBlanksAfter(m_tag.year).toString();
 }
 
 QString Mp3Info::Album() const
 {
-    return withoutEndingBlanks(m_tag.album);
+    return withoutBlanksAfter(m_tag.album).toString();
 }
 
 QString Mp3Info::Artist() const
 {
-    return withoutEndingBlanks(m_tag.artist);
+    return withoutBlanksAfter(m_tag.artist).toString();
 }
 
 QString Mp3Info::Title() const
 {
-    return withoutEndingBlanks(m_tag.title);
+    return withoutBlanksAfter(m_tag.title).toString();
 }
 
 void Mp3Info::setComments(const QString &text)

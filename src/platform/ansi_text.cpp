@@ -3,6 +3,7 @@
 // stand for the control character of the same code, so that no byte is lost.
 #include "platform/ansi_text.h"
 
+#include "base/texts.h"
 #include "platform/file_names.h"
 
 #include <algorithm>
@@ -33,11 +34,9 @@ QByteArray toAnsi(QStringView text)
 {
     QByteArray bytes;
     bytes.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
+    for (qsizetype i = 0; i < text.size(); i += characterLength(text, i)) { // One character, one byte.
         const int code = ansiCode(text[i]);
         bytes += code == notThere ? '?' : static_cast<char>(code);
-        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
-            ++i; // One character, one byte.
     }
     return bytes;
 }

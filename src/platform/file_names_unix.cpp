@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // File names of Unix hosts: any bytes but NUL and the slash, mostly UTF-8.
+#include "base/texts.h"
 #include "platform/file_names.h"
 
 #include <QStringDecoder>
@@ -63,9 +64,8 @@ QByteArray textToBytes(QStringView text)
 {
     QByteArray bytes;
     qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const bool paired = i > 0 && text[i - 1].isHighSurrogate();
-        if (!isOddByte(text[i]) || paired)
+    for (qsizetype i = 0; i < text.size(); i += characterLength(text, i)) {
+        if (!isOddByte(text[i]))
             continue;
         bytes += text.sliced(start, i - start).toUtf8();
         bytes += static_cast<char>(text[i].unicode() - oddByteBase);

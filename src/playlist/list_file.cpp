@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/list_file.h"
 
+#include "base/texts.h"
 #include "platform/ansi_text.h"
 #include "platform/saved_file.h"
 
@@ -17,16 +18,9 @@ bool isLineBreak(QChar c)
     return c == u'\r' || c == u'\n';
 }
 
-bool isBlank(QChar c)
-{
-    return c == u' ';
-}
-
 QStringView withoutEndMarks(QStringView text)
 {
-    while (text.endsWith(endOfFile))
-        text.chop(1);
-    return text;
+    return withoutBlanksAfter(text, [](QChar c) { return c == endOfFile; });
 }
 
 // Walks over a text field by field.

@@ -4,7 +4,7 @@
 #include "playlist/playlist.h"
 
 #include "base/names.h"
-#include "base/play_time.h"
+#include "base/texts.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
 #include "platform/folders.h"

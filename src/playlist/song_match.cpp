@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/song_match.h"
 
+#include "base/texts.h"
+
 #include <QStringMatcher>
 
 #include <algorithm>
@@ -17,22 +19,19 @@ char32_t lowered(char32_t letter)
     return letter == dottedCapital ? U'i' : QChar::toLower(letter);
 }
 
-// Puts letter in the place of one that is as long.
-void setLetter(QString &text, qsizetype at, bool isPair, char32_t letter)
+// Puts another letter in the place of the one at a position, which is as long; end cuts a pair that it divides.
+// Returns the position after it.
+qsizetype changeLetter(QString &text, qsizetype at, qsizetype end, char32_t (*changed)(char32_t))
 {
-    text[at] = QChar(isPair ? QChar::highSurrogate(letter) : static_cast<char16_t>(letter));
-    if (isPair)
-        text[at + 1] = QChar(QChar::lowSurrogate(letter));
-}
-
-bool isPairAt(const QString &text, qsizetype at, qsizetype end)
-{
-    return text[at].isHighSurrogate() && at + 1 < end && text[at + 1].isLowSurrogate();
-}
-
-char32_t letterAt(const QString &text, qsizetype at, bool isPair)
-{
-    return isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode();
+    const QStringView letters = QStringView(text).first(end);
+    if (characterLength(letters, at) == 1) {
+        text[at] = QChar(static_cast<char16_t>(changed(letters[at].unicode())));
+        return at + 1;
+    }
+    const char32_t letter = changed(QChar::surrogateToUcs4(letters[at], letters[at + 1]));
+    text[at] = QChar(QChar::highSurrogate(letter));
+    text[at + 1] = QChar(QChar::lowSurrogate(letter));
+    return at + 2;
 }
 
 QString lowered(QString text)
@@ -42,12 +41,9 @@ QString lowered(QString text)
         if (c >= u'A' && c <= u'Z')
             c = QChar(static_cast<char16_t>(c.unicode() + (u'a' - u'A')));
     }
-    for (qsizetype i = 0; i < std::as_const(text).size(); ++i) {
-        if (std::as_const(text)[i] < firstBeyondAscii)
-            continue;
-        const bool pair = isPairAt(text, i, text.size());
-        setLetter(text, i, pair, lowered(letterAt(text, i, pair)));
-        i += pair ? 1 : 0;
+    for (qsizetype i = 0; i < text.size();) {
+        const bool isAscii = std::as_const(text)[i] < firstBeyondAscii;
+        i = isAscii ? i + 1 : changeLetter(text, i, text.size(), lowered);
     }
     return text;
 }
@@ -103,10 +99,7 @@ std::vector<SongMatch> SongNames::search(const QString &text) const
 QString capitalised(QString name, qsizetype position, qsizetype length)
 {
     const qsizetype end = std::min(position + length, name.size());
-    for (qsizetype i = position; i < end; ++i) {
-        const bool pair = isPairAt(name, i, end);
-        setLetter(name, i, pair, capital(letterAt(name, i, pair)));
-        i += pair ? 1 : 0;
-    }
+    for (qsizetype i = position; i < end;)
+        i = changeLetter(name, i, end, capital);
     return name;
 }

@@ -30,18 +30,14 @@ bool endsLine(QChar character)
 }
 
 // Blanks are everything up to the space, zero bytes of a torn file too, but no character that a name may hold.
-bool isBlank(QChar character)
+bool isPadding(QChar character)
 {
     return character <= u' ';
 }
 
-QStringView withoutBlanks(QStringView text)
+QStringView trimmed(QStringView text)
 {
-    while (!text.isEmpty() && isBlank(text.front()))
-        text = text.sliced(1);
-    while (!text.isEmpty() && isBlank(text.back()))
-        text.chop(1);
-    return text;
+    return withoutBlanks(text, isPadding);
 }
 
 QStringView withoutQuotes(QStringView text)
@@ -63,17 +59,17 @@ Line lineAt(QStringView text, qsizetype start)
 // The name in square brackets; nothing for a line that heads no section.
 std::optional<QStringView> sectionName(QStringView line)
 {
-    const QStringView header = withoutBlanks(line);
+    const QStringView header = trimmed(line);
     const qsizetype close = header.indexOf(u']');
     if (!header.startsWith(u'[') || close < 0)
         return std::nullopt;
-    return withoutBlanks(header.sliced(1, close - 1));
+    return trimmed(header.sliced(1, close - 1));
 }
 
 bool isKey(QStringView line, QStringView key)
 {
     const qsizetype equals = line.indexOf(u'=');
-    return equals >= 0 && withoutBlanks(line.first(equals)).compare(key, Qt::CaseInsensitive) == 0;
+    return equals >= 0 && trimmed(line.first(equals)).compare(key, Qt::CaseInsensitive) == 0;
 }
 
 Place findPlace(QStringView text, QStringView section, QStringView key)
@@ -81,7 +77,7 @@ Place findPlace(QStringView text, QStringView section, QStringView key)
     Place place;
     for (Line line; line.start < text.size(); line.start = line.next) {
         line = lineAt(text, line.start);
-        const QStringView content = withoutBlanks(text.sliced(line.start, line.end - line.start));
+        const QStringView content = trimmed(text.sliced(line.start, line.end - line.start));
         const auto name = sectionName(content);
         if (name && place.sectionEnd)
             return place; // A second section of the name is never looked at.
@@ -119,7 +115,7 @@ QString iniValue(QStringView text, QStringView section, QStringView key)
     if (!line)
         return {};
     const QStringView content = text.sliced(line->start, line->end - line->start);
-    const QStringView value = withoutBlanks(content.sliced(content.indexOf(u'=') + 1));
+    const QStringView value = trimmed(content.sliced(content.indexOf(u'=') + 1));
     return withoutQuotes(untilNul(value)).left(longestIniValue).toString();
 }
 

@@ -32,10 +32,8 @@ bool hasDesktop()
 
 QString trayTip(const QString &text)
 {
-    QString tip = untilNul(text).left(longestTip).toString();
-    if (tip.size() < text.size() && !tip.isEmpty() && tip.back().isHighSurrogate())
-        tip.chop(1); // Half a character is none.
     static const QRegularExpression markup(u"([<&])(?=\\S)"_s);
+    QString tip = wholeCharacters(untilNul(text), longestTip).toString();
     return tip.replace(markup, u"\\1\u2060"_s); // The sign that joins words has no width.
 }
 

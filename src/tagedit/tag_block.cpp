@@ -2,6 +2,7 @@
 #include "tagedit/tag_block.h"
 
 #include "base/names.h"
+#include "base/texts.h"
 #include "platform/byte_file.h"
 #include "platform/file_copy.h"
 #include "platform/folders.h"
@@ -15,16 +16,6 @@ QByteArray emptyBlock()
 {
     return "TAG" + QByteArray(tagBlockSize - tagMarkerSize - 1, '\0') + static_cast<char>(noGenreNumber);
 }
-
-// Blanks only: a NUL that another program padded with stays part of the text.
-QString withoutBlanks(QStringView text)
-{
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text.toString();
-}
 } // namespace
 
 std::optional<Id3v1Tag> readTag(const QString &path)
@@ -35,7 +26,7 @@ std::optional<Id3v1Tag> readTag(const QString &path)
     auto tag = parseTagBlock(file->readAt(file->length() - tagBlockSize, tagBlockSize));
     if (tag) {
         for (QString *text : {&tag->title, &tag->artist, &tag->album, &tag->year, &tag->comment})
-            *text = withoutBlanks(*text);
+            *text = withoutBlanks(*text).toString();
     }
     return tag;
 }
@@ -46,15 +37,12 @@ Id3v1Tag tagFromName(const QString &songName)
     tag.comment = u"Tagged With KIV Mp3"_s;
     tag.genre = noGenreNumber;
     const qsizetype hyphen = songName.indexOf(u'-');
-    if (hyphen >= 0) {
-        tag.artist = songName.first(hyphen);
-        while (tag.artist.endsWith(u' '))
-            tag.artist.chop(1);
+    if (hyphen < 0) {
+        tag.title = withoutExtension(songName);
+        return tag;
     }
-    qsizetype titleStart = hyphen + 1;
-    while (hyphen >= 0 && titleStart < songName.size() && songName[titleStart] == u' ')
-        ++titleStart;
-    tag.title = withoutExtension(songName.sliced(titleStart));
+    tag.artist = withoutBlanksAfter(songName.first(hyphen)).toString();
+    tag.title = withoutExtension(withoutBlanksBefore(QStringView(songName).sliced(hyphen + 1)).toString());
     return tag;
 }
 

@@ -3,7 +3,6 @@
 
 #include "base/names.h"
 #include "base/numbers.h"
-#include "base/play_time.h"
 #include "base/texts.h"
 #include "base/window_place.h"
 #include "controls/fonts.h"

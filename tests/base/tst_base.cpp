@@ -2,7 +2,7 @@
 // Names, numbers and times at their edges.
 #include "base/names.h"
 #include "base/numbers.h"
-#include "base/play_time.h"
+#include "base/texts.h"
 
 #include <QTest>
 
