@@ -3,7 +3,7 @@
 
 #include "app/version.h"
 #include "controls/fonts.h"
-#include "platform/system_facts.h"
+#include "platform/processes.h"
 #include "skins/palette.h"
 #include "skins/places.h"
 

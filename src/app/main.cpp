@@ -5,10 +5,9 @@
 #include "controls/accessibility.h"
 #include "controls/fonts.h"
 #include "controls/skin_style.h"
-#include "platform/command_line.h"
-#include "platform/ending_signals.h"
+#include "platform/entries.h"
 #include "platform/file_names.h"
-#include "platform/folders.h"
+#include "platform/processes.h"
 #include "platform/terminal.h"
 #include "playback/mpv_engine.h"
 
@@ -57,18 +56,18 @@ QString textOf(const QList<QByteArray> &files)
 int main(int argc, char *argv[])
 {
     StartOptions options = readStartOptions({argv, static_cast<std::size_t>(argc)}, hostEntryExists);
-    if (options.wish != StartOptions::Wish::Play)
+    if (options.action != StartOptions::Action::Play)
         return answerInTerminal(options);
     qSetMessagePattern(u"kiv-mp3: %{if-category}%{category}: %{endif}%{message}"_s);
     preferX11();
     paintWithoutSharedMemory();
     startNoBus();
     QApplication::setStyle(new SkinStyle);
-    std::optional<DisplaySearch> search(std::in_place);
+    std::optional<MissingDisplayHandler> displayHandler(std::in_place);
     int toolkitCount = static_cast<int>(options.toolkit.size());
     options.toolkit.push_back(nullptr);
     const QApplication application(toolkitCount, options.toolkit.data());
-    search.reset();
+    displayHandler.reset();
     QApplication::setApplicationName(u"KiV Mp3"_s);
     QApplication::setDesktopFileName(u"kiv-mp3"_s);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -8,7 +8,7 @@
 #include "base/numbers.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
-#include "platform/desktop_places.h"
+#include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "settings/frm_options.h"

@@ -8,7 +8,7 @@
 #include "app/splash.h"
 #include "filetools/format_mp3.h"
 #include "filetools/menus.h"
-#include "platform/single_instance.h"
+#include "platform/processes.h"
 #include "playlist/playlist.h"
 #include "playlist/song_search.h"
 #include "remote/remote_control.h"

@@ -56,7 +56,7 @@ std::size_t toolkitWords(std::string_view argument)
 
 StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &isThere)
 {
-    using Wish = StartOptions::Wish;
+    using Action = StartOptions::Action;
     StartOptions options;
     options.toolkit.assign(arguments.begin(), arguments.begin() + std::min<std::size_t>(arguments.size(), 1));
     bool onlyFiles = false;
@@ -67,9 +67,9 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
         else if (argument == "--")
             onlyFiles = true;
         else if (argument == "--help" || argument == "-h")
-            return {Wish::ShowHelp, {}, {}, {}};
+            return {Action::ShowHelp, {}, {}, {}};
         else if (argument == "--version" || argument == "-v")
-            return {Wish::ShowVersion, {}, {}, {}};
+            return {Action::ShowVersion, {}, {}, {}};
         else if (const std::size_t words = toolkitWords(argument); words > 0) {
             const std::size_t end = std::min(i + words, arguments.size());
             options.toolkit.insert(options.toolkit.end(), arguments.begin() + i, arguments.begin() + end);
@@ -80,19 +80,19 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
             options.unknown = arguments[i];
     }
     if (!options.unknown.isEmpty())
-        options.wish = Wish::Refuse;
+        options.action = Action::Refuse;
     return options;
 }
 
 int answerInTerminal(const StartOptions &options)
 {
-    switch (options.wish) {
-    case StartOptions::Wish::ShowHelp:
+    switch (options.action) {
+    case StartOptions::Action::ShowHelp:
         return printAnswer(help);
-    case StartOptions::Wish::ShowVersion:
+    case StartOptions::Action::ShowVersion:
         return printAnswer("kiv-mp3 " + versionText().toUtf8() + '\n');
     default:
-        complain("unknown option \"" + options.unknown + "\"; kiv-mp3 --help tells the known ones");
+        printError("unknown option \"" + options.unknown + "\"; kiv-mp3 --help tells the known ones");
         return WrongUse;
     }
 }

@@ -10,9 +10,9 @@
 #include <vector>
 
 struct StartOptions {
-    enum class Wish { Play, ShowHelp, ShowVersion, Refuse };
+    enum class Action { Play, ShowHelp, ShowVersion, Refuse };
 
-    Wish wish = Wish::Play;
+    Action action = Action::Play;
     QByteArray unknown;          // The refused option.
     QList<QByteArray> files;     // As the shell gave them.
     std::vector<char *> toolkit; // What Qt is to see: the program's name and Qt's own options.
@@ -24,6 +24,6 @@ using FileTest = std::function<bool(const QByteArray &name)>;
 /// that name; what follows "--" always is.
 StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &isThere);
 
-/// Answers in the terminal what is no wish to play: help and version on stdout, a complaint on stderr. Gives the status
-/// to exit with.
+/// Does in the terminal what any action but Play asks for: help and version on stdout, an error on stderr. Gives the
+/// status to exit with.
 int answerInTerminal(const StartOptions &options);

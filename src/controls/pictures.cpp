@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/pictures.h"
 
-#include "platform/desktop_places.h"
+#include "platform/desktop.h"
 
 #include <QFile>
 

@@ -11,7 +11,6 @@
 #include "filetools/shell_windows.h"
 #include "filetools/song_list.h"
 #include "mp3info/mp3_info.h"
-#include "platform/file_attributes.h"
 #include "platform/folders.h"
 #include "playback/player.h"
 #include "skins/places.h"

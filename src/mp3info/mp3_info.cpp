@@ -4,7 +4,7 @@
 
 #include "base/texts.h"
 #include "platform/ansi_text.h"
-#include "platform/byte_file.h"
+#include "platform/files.h"
 #include "platform/folders.h"
 
 #include <QLocale>

@@ -4,7 +4,7 @@
 
 #include "base/numbers.h"
 #include "mp3info/file_start.h"
-#include "platform/byte_file.h"
+#include "platform/files.h"
 #include "platform/folders.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/drives.h"
 
+#include "platform/entries.h"
 #include "platform/file_names.h"
-#include "platform/folders.h"
 
 #include <QDir>
 #include <QStandardPaths>

@@ -1,11 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Entries of the host's folders, whatever they are: telling them apart, renaming, removing. Paths are the host's.
+// Entries of the host's folders, whatever they are: listing them, telling them apart, renaming, removing. Paths are the
+// host's.
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 
 enum class Existing { Keep, Replace };              // What happens to a file that has the name already.
 enum class NameTaken { Done, OtherExists, Failed }; // How taking a name ended.
+
+/// Is there such an entry? A link counts, wherever it leads.
+bool hostEntryExists(const QByteArray &path);
+
+/// The names of all entries of a folder, "." and ".." too, unsorted; empty for a folder that cannot be read.
+QList<QByteArray> hostEntries(const QByteArray &folder);
 
 /// Do both paths lead to one file, through links too?
 bool isSameFile(const QByteArray &first, const QByteArray &second);

@@ -4,7 +4,9 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 
 namespace
@@ -55,6 +57,21 @@ bool haveSameIdentity(const QByteArray &first, const QByteArray &second, StatusC
            one.st_dev == two.st_dev && one.st_ino == two.st_ino;
 }
 } // namespace
+
+bool hostEntryExists(const QByteArray &path)
+{
+    struct stat status = {};
+    return !path.isEmpty() && ::lstat(path.constData(), &status) == 0;
+}
+
+QList<QByteArray> hostEntries(const QByteArray &folder)
+{
+    QList<QByteArray> entries;
+    const std::unique_ptr<DIR, int (*)(DIR *)> open(::opendir(folder.constData()), ::closedir);
+    while (const dirent *entry = open ? ::readdir(open.get()) : nullptr)
+        entries += QByteArray(entry->d_name);
+    return entries;
+}
 
 bool isSameFile(const QByteArray &first, const QByteArray &second)
 {

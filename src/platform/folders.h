@@ -2,8 +2,6 @@
 // Folders and their entries, and the few questions about files that need no opening. Paths are the program's.
 #pragma once
 
-#include <QByteArray>
-#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -35,6 +33,5 @@ void MakeFolder(const QString &path);
 /// Removes a normal file for good (not to the trash). False when it is still there.
 bool removeFile(const QString &path);
 
-// The same on paths in host form, for platform/ itself.
-bool hostEntryExists(const QByteArray &hostPath);
-QList<QByteArray> hostEntries(const QByteArray &hostFolder);
+/// "Read Only" for a normal file its owner may not write; "Normal" for all else, a missing file too.
+QString FileAttributeText(const QString &path);

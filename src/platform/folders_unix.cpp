@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 enum class Kind { File, Folder };
@@ -127,17 +129,9 @@ bool removeFile(const QString &path)
     return FileExists(path) && ::unlink(hostPathOnDisk(path).constData()) == 0;
 }
 
-bool hostEntryExists(const QByteArray &hostPath)
+QString FileAttributeText(const QString &path)
 {
-    struct stat status = {};
-    return !hostPath.isEmpty() && ::lstat(hostPath.constData(), &status) == 0;
-}
-
-QList<QByteArray> hostEntries(const QByteArray &hostFolder)
-{
-    QList<QByteArray> entries;
-    const OpenFolder folder = openFolder(hostFolder);
-    while (const dirent *entry = folder ? ::readdir(folder.get()) : nullptr)
-        entries += QByteArray(entry->d_name);
-    return entries;
+    const auto status = statusOf(hostPathOnDisk(path));
+    const bool isReadOnly = status && S_ISREG(status->st_mode) && (status->st_mode & S_IWUSR) == 0;
+    return isReadOnly ? u"Read Only"_s : u"Normal"_s;
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/terminal.h"
 
+#include "platform/drives.h"
+
 #include <QByteArrayView>
-#include <QString>
 
 #include <cerrno>
 #include <cstdio>
@@ -11,42 +12,57 @@
 
 namespace
 {
-QtMessageHandler usualHandler = nullptr;
-QByteArray firstTrouble; // Of the search now going on: the cause. What follows is its consequences.
+bool isQuoted(const QString &text)
+{
+    return text.size() >= 2 && text.startsWith(u'"') && text.endsWith(u'"');
+}
 
-void keepTrouble(QtMsgType type, const QMessageLogContext &context, const QString &text)
+QtMessageHandler usualHandler = nullptr;
+QByteArray firstMessage; // Of Qt's display plug-ins: the cause. The next ones are its consequences.
+
+void keepMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (type == QtDebugMsg) {
         usualHandler(type, context, text);
     } else if (type == QtFatalMsg) {
-        complain("cannot start: " + (firstTrouble.isEmpty() ? text.toUtf8() : firstTrouble));
+        printError("cannot start: " + (firstMessage.isEmpty() ? text.toUtf8() : firstMessage));
         std::_Exit(CannotStart);
-    } else if (firstTrouble.isEmpty() && QByteArrayView(context.category).startsWith("qt.qpa")) {
-        firstTrouble = text.toUtf8();
+    } else if (firstMessage.isEmpty() && QByteArrayView(context.category).startsWith("qt.qpa")) {
+        firstMessage = text.toUtf8();
     }
 }
 } // namespace
+
+QString commandLineText(const QStringList &arguments)
+{
+    QStringList quoted;
+    for (const QString &argument : arguments) {
+        const QString path = isQuoted(argument) ? argument.sliced(1, argument.size() - 2) : argument;
+        quoted += u'"' + programPath(path) + u'"';
+    }
+    return quoted.join(u' ');
+}
 
 ExitStatus printAnswer(const QByteArray &text)
 {
     if (std::fputs(text.constData(), stdout) >= 0 && std::fflush(stdout) == 0)
         return Fine;
-    complain(QByteArray("cannot write: ") + std::strerror(errno));
+    printError(QByteArray("cannot write: ") + std::strerror(errno));
     return CannotStart;
 }
 
-void complain(const QByteArray &text)
+void printError(const QByteArray &text)
 {
     std::fprintf(stderr, "kiv-mp3: %s\n", text.simplified().constData());
 }
 
-DisplaySearch::DisplaySearch()
+MissingDisplayHandler::MissingDisplayHandler()
 {
-    firstTrouble.clear();
-    usualHandler = qInstallMessageHandler(keepTrouble);
+    firstMessage.clear();
+    usualHandler = qInstallMessageHandler(keepMessage);
 }
 
-DisplaySearch::~DisplaySearch()
+MissingDisplayHandler::~MissingDisplayHandler()
 {
     qInstallMessageHandler(usualHandler);
 }

@@ -1,24 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program says in the terminal it was started from, and the status it ends with.
+// The terminal the program was started from: its command line, what is printed there, and the status it ends with.
 #pragma once
 
 #include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+/// The arguments as one text, each in quotation marks: one that comes without them from a shell is put in them first.
+/// File paths in host form, relative ones too, become program paths. "" when there are no arguments.
+QString commandLineText(const QStringList &arguments);
 
 enum ExitStatus { Fine = 0, CannotStart = 1, WrongUse = 2 };
 
-/// Prints a text on stdout; complains when that is full or closed. Gives the status to exit with.
+/// Prints a text on stdout; an error on stderr when that is full or closed. Gives the status to exit with.
 ExitStatus printAnswer(const QByteArray &text);
 
 /// Prints "kiv-mp3: " and the text, made one line, on stderr.
-void complain(const QByteArray &text);
+void printError(const QByteArray &text);
 
-/// While one lives, what Qt has to say is kept back, for it is about the displays that it tries. When Qt finds none and
-/// would abort, the program ends with one line and a status instead.
-class DisplaySearch
+/// The message handler for a missing display, while one lives: Qt's messages about the displays that it tries are not
+/// shown. When it finds none and would abort, the program ends with one line and a status instead.
+class MissingDisplayHandler
 {
 public:
-    DisplaySearch();
-    ~DisplaySearch();
-    DisplaySearch(const DisplaySearch &) = delete;
-    DisplaySearch &operator=(const DisplaySearch &) = delete;
+    MissingDisplayHandler();
+    ~MissingDisplayHandler();
+    MissingDisplayHandler(const MissingDisplayHandler &) = delete;
+    MissingDisplayHandler &operator=(const MissingDisplayHandler &) = delete;
 };

@@ -352,6 +352,6 @@ void MpvCore::deliverAnswer(const mpv_event &event)
             m_listener.positionAnswered(event.reply_userdata, *static_cast<double *>(property.data));
     } else if (isKnown && !m_isSilenceExpected && qstrcmp(*static_cast<char **>(property.data), "null") == 0) {
         m_isSilenceExpected = true; // One notice is enough.
-        complain("no sound device can be opened: songs play silently");
+        printError("no sound device can be opened: songs play silently");
     }
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/play_fault.h"
 
-#include "platform/byte_file.h"
 #include "platform/drives.h"
+#include "platform/files.h"
 #include "platform/folders.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 
 #include "base/texts.h"
 #include "platform/ansi_text.h"
-#include "platform/saved_file.h"
+#include "platform/files.h"
 
 #include <algorithm>
 

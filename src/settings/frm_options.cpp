@@ -4,7 +4,7 @@
 #include "base/numbers.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
-#include "platform/desktop_shortcut.h"
+#include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "settings/setting_paths.h"

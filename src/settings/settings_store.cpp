@@ -4,8 +4,8 @@
 
 #include "platform/ansi_text.h"
 #include "platform/drives.h"
+#include "platform/files.h"
 #include "platform/folders.h"
-#include "platform/saved_file.h"
 #include "settings/ini_file.h"
 #include "settings/setting_paths.h"
 

@@ -4,7 +4,7 @@
 #include "settings/tool_bar.h"
 
 #include "controls/fonts.h"
-#include "platform/desktop_shortcut.h"
+#include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "settings/frm_options.h"

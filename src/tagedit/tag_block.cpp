@@ -3,8 +3,8 @@
 
 #include "base/names.h"
 #include "base/texts.h"
-#include "platform/byte_file.h"
 #include "platform/file_copy.h"
+#include "platform/files.h"
 #include "platform/folders.h"
 #include "tagedit/editor_genres.h"
 

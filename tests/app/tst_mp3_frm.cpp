@@ -2,8 +2,8 @@
 // The main window: its settings, its two lists, its keys and tips.
 #include "app/display_texts.h"
 #include "platform/drives.h"
+#include "platform/files.h"
 #include "platform/folders.h"
-#include "platform/saved_file.h"
 #include "settings/frm_options.h"
 #include "settings/setting_paths.h"
 #include "settings/settings_store.h"

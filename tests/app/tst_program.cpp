@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The start of the player and its end.
 #include "app/program.h"
-#include "platform/command_line.h"
 #include "platform/folders.h"
+#include "platform/terminal.h"
 #include "settings/setting_paths.h"
 #include "settings/settings_store.h"
 #include "support/fake_engine.h"

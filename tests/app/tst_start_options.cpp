@@ -7,7 +7,7 @@
 #include <map>
 
 using namespace Qt::StringLiterals;
-using Wish = StartOptions::Wish;
+using Action = StartOptions::Action;
 
 class StartOptionsTest : public QObject
 {
@@ -17,7 +17,7 @@ private Q_SLOTS:
     void argumentsAreSorted_data()
     {
         QTest::addColumn<QByteArray>("arguments");
-        QTest::addColumn<QByteArray>("outcome"); // The wish, the files, the toolkit's own.
+        QTest::addColumn<QByteArray>("outcome"); // The action, the files, the toolkit's own.
         const auto row = [](const char *name, const char *arguments, const char *outcome) {
             QTest::newRow(name) << QByteArray(arguments) << QByteArray(outcome);
         };
@@ -45,10 +45,12 @@ private Q_SLOTS:
         const StartOptions options =
             readStartOptions(pointers, [](const QByteArray &name) { return name.contains("there"); });
         const QByteArrayList toolkit(options.toolkit.begin(), options.toolkit.end());
-        const std::map<Wish, QByteArray> wishes = {
-            {Wish::Play, "play"}, {Wish::Refuse, "refuse"}, {Wish::ShowHelp, "help"}, {Wish::ShowVersion, "version"}};
+        const std::map<Action, QByteArray> actions = {{Action::Play, "play"},
+                                                      {Action::Refuse, "refuse"},
+                                                      {Action::ShowHelp, "help"},
+                                                      {Action::ShowVersion, "version"}};
         const QByteArray files = QByteArrayList(options.files).join('|');
-        QTEST(wishes.at(options.wish) + ' ' + files + ' ' + toolkit.mid(1).join('|'), "outcome");
+        QTEST(actions.at(options.action) + ' ' + files + ' ' + toolkit.mid(1).join('|'), "outcome");
     }
 };
 

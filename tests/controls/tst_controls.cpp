@@ -8,7 +8,7 @@
 #include "controls/scroll_bars.h"
 #include "controls/skin_style.h"
 #include "controls/skin_window.h"
-#include "platform/desktop_places.h"
+#include "platform/desktop.h"
 #include "skins/palette.h"
 #include "support/test_files.h"
 

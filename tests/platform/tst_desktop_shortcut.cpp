@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The shortcut file: what desktops read from it for any program path.
-#include "platform/desktop_places.h"
-#include "platform/desktop_shortcut.h"
+#include "platform/desktop.h"
 #include "support/test_files.h"
 
 #include <QFileInfo>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Paths between the program and the host: every file of the host can be named, and is found again by that name.
-#include "platform/command_line.h"
 #include "platform/drives.h"
+#include "platform/files.h"
 #include "platform/folders.h"
-#include "platform/saved_file.h"
+#include "platform/terminal.h"
 #include "support/test_files.h"
 
 #include <QDir>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Files and folders as they turn up: short, hidden, linked, forbidden, full, no files at all.
-#include "platform/byte_file.h"
+#include "platform/files.h"
 #include "platform/folders.h"
-#include "platform/saved_file.h"
 #include "support/crash_points.h"
 #include "support/test_files.h"
 

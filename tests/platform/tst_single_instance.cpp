@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // One player a user: the second one knows, and nothing a dead one leaves behind keeps the next one away.
-#include "platform/desktop_places.h"
-#include "platform/single_instance.h"
+#include "platform/desktop.h"
+#include "platform/processes.h"
 #include "support/crash_points.h"
 
 #include <QFile>

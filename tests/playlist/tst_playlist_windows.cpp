@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The play list and the search as a user meets them, with an engine without sound.
-#include "platform/saved_file.h"
+#include "platform/files.h"
 #include "playlist/list_file.h"
 #include "playlist/playlist.h"
 #include "playlist/song_search.h"

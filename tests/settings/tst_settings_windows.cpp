@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The options window, the folder browser and the tray icon, as a user meets them.
-#include "platform/desktop_places.h"
-#include "platform/desktop_shortcut.h"
+#include "platform/desktop.h"
 #include "platform/folders.h"
 #include "settings/frm_options.h"
 #include "settings/setting_paths.h"

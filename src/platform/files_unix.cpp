@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/byte_file.h"
 #include "platform/drives.h"
+#include "platform/files.h"
+#include "platform/handle_unix.h"
+
+#include <QFile>
+#include <QSaveFile>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -10,8 +14,6 @@
 
 namespace
 {
-constexpr int noHandle = -1;
-
 // Opens as spelled first; only a miss pays for the search that ignores case. Never blocks on a pipe or a device.
 int openHandle(const QString &path, int flags)
 {
@@ -121,4 +123,19 @@ bool ByteFile::resize(qint64 length)
 bool ByteFile::flush()
 {
     return ::fsync(m_handle) == 0;
+}
+
+std::optional<QByteArray> loadFile(const QString &path)
+{
+    const auto file = ByteFile::open(path, ByteFile::Access::Read);
+    return file ? std::optional<QByteArray>(file->readAt(0, file->length())) : std::nullopt;
+}
+
+bool saveFile(const QString &path, QByteArrayView bytes)
+{
+    QSaveFile file(QFile::decodeName(hostPathOnDisk(path)));
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    // Flushed by hand: commit() takes no notice when its own flush meets a full disk.
+    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush() && file.commit();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A normal file read and written by position. Offsets count from 0, lengths are 64-bit; who wants less narrows them.
+// Normal files: read and written by position, or small ones as a whole.
 #pragma once
 
 #include <QByteArray>
@@ -7,6 +7,7 @@
 
 #include <optional>
 
+/// An open file. Offsets count from 0, lengths are 64-bit; who wants less narrows them.
 class ByteFile
 {
 public:
@@ -47,3 +48,10 @@ private:
     int m_handle;
     qint64 m_length;
 };
+
+/// The bytes of a normal file; nothing when it is missing or cannot be read.
+std::optional<QByteArray> loadFile(const QString &path);
+
+/// Replaces the file, or leaves the old one as it was: the new bytes are complete on the disk before they take its
+/// name. Creates no folder. False when nothing was written.
+bool saveFile(const QString &path, QByteArrayView bytes);

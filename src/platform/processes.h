@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Processes: the one instance of the player, the signals that end it, and what else runs on the system.
+#pragma once
+
+#include <QLockFile>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class QObject;
+
+/// One player a user: the first one holds a lock for as long as it runs.
+class SingleInstance
+{
+public:
+    SingleInstance();
+
+    /// Does another player of this user run already? Asked once, early.
+    bool isPreviousRunning() const { return !m_held; }
+
+private:
+    QLockFile m_lock;
+    bool m_held = false;
+};
+
+/// From now on, and as long as the listener lives, the first signal of a terminal, a shell or a system going down calls
+/// `end` from the event loop, in place of ending the program on the spot. The same signal again does that.
+void onEndingSignals(QObject *listener, const std::function<void()> &end);
+
+/// Name and version of the system and of its kernel, as people write them.
+QString systemVersionText();
+
+/// The running processes the player may see, "number  name" each, by number. Empty where the system does not tell.
+QStringList runningProcesses();
