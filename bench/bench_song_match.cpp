@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A keystroke in the search window among 100,000 songs: the search alone, and with the rows handed to the list. The
 // budget is 16 ms.
-#include "controls/file_list_box.h"
+#include "controls/folder_lists.h"
 #include "playlist/song_match.h"
 
 #include <QApplication>

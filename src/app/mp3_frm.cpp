@@ -12,9 +12,9 @@
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "settings/frm_options.h"
-#include "settings/setting_paths.h"
 #include "settings/settings_store.h"
-#include "settings/window_shape.h"
+#include "settings/window_effects.h"
+#include "settings/window_rules.h"
 #include "skins/palette.h"
 #include "skins/places.h"
 
@@ -303,7 +303,7 @@ void Mp3Frm::Player_SongEnded()
 // The option "show a song's data" changed: the list's tip is the hint, or none.
 void Mp3Frm::Check2_Changed(bool on)
 {
-    File1.setToolTip(frmOptions::songListHint(on));
+    File1.setToolTip(songListHint(on));
 }
 
 void Mp3Frm::renewWindowTitle()

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "app/song_display.h"
-#include "controls/file_list_box.h"
+#include "controls/folder_lists.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
 #include "filetools/song_list.h"

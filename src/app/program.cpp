@@ -5,8 +5,7 @@
 #include "base/numbers.h"
 #include "base/texts.h"
 #include "controls/skin_window.h"
-#include "settings/folder_picker.h"
-#include "settings/translucency.h"
+#include "settings/window_effects.h"
 
 #include <QCoreApplication>
 #include <QScreen>
@@ -29,7 +28,7 @@ Program::Program(MediaEngine &engine)
       m_playlist(m_mp3Frm.songs(), m_mp3Frm.player()), m_songSearch(m_mp3Frm.File1, m_mp3Frm.player()),
       m_menus(this, {m_songMenu, m_mp3Frm.songs(), m_mp3Frm.player(), m_formatMp3,
                      [this](const QString &title, const QString &startFolder) {
-                         return FolderPicker::BrowseForFolder(&m_formatMp3, title, startFolder);
+                         return BrowseForFolder(&m_formatMp3, title, startFolder);
                      }}),
       m_remote(m_mp3Frm.player(), m_mp3Frm.songs())
 {
@@ -137,7 +136,7 @@ void Program::chooseFolder()
         showOverMain(m_toolBar);
         return;
     }
-    const QString folder = FolderPicker::BrowseForFolder(&m_mp3Frm, u"Select Mp3 Path"_s, m_mp3Frm.File1.Path());
+    const QString folder = BrowseForFolder(&m_mp3Frm, u"Select Mp3 Path"_s, m_mp3Frm.File1.Path());
     if (!folder.isEmpty())
         m_mp3Frm.setMusicFolder(folder);
 }

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "base/timer.h"
+#include "controls/fields.h"
 #include "controls/label.h"
 #include "controls/scroll_bars.h"
-#include "controls/text_box.h"
 #include "playback/player.h"
 
 /// The controls of the main window that show and take position, loudness and title.

@@ -3,12 +3,9 @@
 
 #include "app/version.h"
 #include "controls/fonts.h"
-#include "controls/skin_window.h"
-#include "skins/palette.h"
 #include "skins/places.h"
 
 #include <QGuiApplication>
-#include <QPainter>
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
@@ -19,23 +16,6 @@ SplashStep splashStep(int step, int barWidth)
     const double fraction = static_cast<double>(step) / splashSteps;
     const bool firstHalf = fraction * barWidth < barWidth / 2.0;
     return {fraction, firstHalf ? u"Loading Settings..."_s : u"Loading Orvel..."_s};
-}
-
-ProgressBar::ProgressBar(QWidget *parent, const ControlSetup &setup) : QWidget(parent)
-{
-    setUpControl(*this, setup);
-}
-
-void ProgressBar::setFraction(double fraction)
-{
-    m_fraction = fraction;
-    update();
-}
-
-void ProgressBar::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.fillRect(QRectF(0, 0, m_fraction * width(), height()), QColor::fromRgb(palette::accent));
 }
 
 Splash::Splash()

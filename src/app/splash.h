@@ -2,6 +2,7 @@
 // The start-up window: name, version and a bar that fills while it is on show. Everything is loaded before it appears.
 #pragma once
 
+#include "controls/frame.h"
 #include "controls/label.h"
 #include "controls/skin_window.h"
 
@@ -15,23 +16,6 @@ inline constexpr int splashSteps = 800;
 
 /// Step 1 to splashSteps for a bar of that width: "Loading Settings..." while less than half of it is filled.
 SplashStep splashStep(int step, int barWidth);
-
-/// The bar: deep red from its left edge on.
-class ProgressBar : public QWidget
-{
-    Q_OBJECT
-
-public:
-    ProgressBar(QWidget *parent, const ControlSetup &setup);
-    void setFraction(double fraction);
-    double fraction() const { return m_fraction; }
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    double m_fraction = 0;
-};
 
 class Splash : public SkinWindow
 {

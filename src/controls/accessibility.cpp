@@ -116,8 +116,9 @@ QAccessibleInterface *makeInterface(const QString &, QObject *object)
         return new WindowInterface(window);
     if (auto *frame = qobject_cast<Frame *>(object))
         return new QAccessibleWidget(frame, QAccessible::Grouping);
-    auto *bar = object->inherits("ProgressBar") ? qobject_cast<QWidget *>(object) : nullptr;
-    return bar ? new QAccessibleWidget(bar, QAccessible::ProgressBar) : nullptr;
+    if (auto *bar = qobject_cast<ProgressBar *>(object))
+        return new QAccessibleWidget(bar, QAccessible::ProgressBar);
+    return nullptr;
 }
 } // namespace
 

@@ -2,7 +2,7 @@
 #include "controls/control.h"
 
 #include <QKeyEvent>
-#include <QWidget>
+#include <QMouseEvent>
 
 void setUpControl(QWidget &control, const ControlSetup &setup)
 {
@@ -15,4 +15,59 @@ void setUpControl(QWidget &control, const ControlSetup &setup)
 bool isEnter(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+void Pressable::press()
+{
+    if (m_isButton && isEnabled())
+        Q_EMIT Click();
+}
+
+void Pressable::makeButton(bool isButton)
+{
+    m_isButton = isButton;
+    setFocusPolicy(isButton ? Qt::TabFocus : Qt::NoFocus);
+    setAttribute(Qt::WA_Hover, isButton); // Painted anew when the mouse comes or goes.
+    update();
+}
+
+void Pressable::mousePressEvent(QMouseEvent *event)
+{
+    if (!m_isButton || event->button() != Qt::LeftButton) {
+        event->ignore(); // The skin below may be dragged by a plain text or picture on it.
+        return;
+    }
+    m_pressed = true;
+    update();
+}
+
+void Pressable::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (!m_pressed || event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    m_pressed = false;
+    update();
+    if (rect().contains(event->position().toPoint()))
+        press();
+}
+
+void Pressable::keyPressEvent(QKeyEvent *event)
+{
+    const bool runs = isEnter(*event) || event->key() == Qt::Key_Space;
+    if (m_isButton && runs)
+        press();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void Pressable::enterEvent(QEnterEvent *)
+{
+    m_hovered = true;
+}
+
+void Pressable::leaveEvent(QEvent *)
+{
+    m_hovered = false;
 }

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What every control has: its short name as object name, a fixed plain description for who cannot see it, its place.
+// What every control has: its short name as object name, a fixed plain description for assistive tools, its place. And
+// what every control that can be a button shares.
 #pragma once
 
 #include <QRect>
 #include <QString>
-
-class QKeyEvent;
-class QWidget;
+#include <QWidget>
 
 struct ControlSetup {
     QString name;        // The short name of the design ("File1"); tests find the control by it.
@@ -25,3 +24,37 @@ constexpr int fromTwips(int twips)
 {
     return twips / 15;
 }
+
+/// A control that can be a button: a left click that ends where it began, Enter and Space run its command, and it knows
+/// whether the mouse is over it or presses it. How that looks is the control's own business.
+class Pressable : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    bool isButton() const { return m_isButton; }
+
+    /// Runs the command as a click does, when the control is a button and enabled.
+    void press();
+
+Q_SIGNALS:
+    void Click();
+
+protected:
+    void makeButton(bool isButton);
+    bool isPressed() const { return m_pressed; }
+    bool isHovered() const { return m_hovered; }
+
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    bool m_isButton = false;
+    bool m_pressed = false;
+    bool m_hovered = false;
+};

@@ -52,3 +52,20 @@ void Frame::paintEvent(QPaintEvent *)
     painter.drawText(rect().adjusted(captionPlace.x(), captionPlace.y(), 0, 0), Qt::AlignLeft | Qt::AlignTop,
                      m_caption);
 }
+
+ProgressBar::ProgressBar(QWidget *parent, const ControlSetup &setup) : QWidget(parent)
+{
+    setUpControl(*this, setup);
+}
+
+void ProgressBar::setFraction(double fraction)
+{
+    m_fraction = fraction;
+    update();
+}
+
+void ProgressBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(QRectF(0, 0, m_fraction * width(), height()), QColor::fromRgb(palette::accent));
+}

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A part of a window with a caption of its own; the controls that belong together are its children. It comes and goes
-// with them. Pressing the mouse on it drags the window as pressing the skin does.
+// Parts of a window that take no input.
 #pragma once
 
 #include "controls/control.h"
@@ -10,6 +9,8 @@
 
 #include <optional>
 
+/// A part of a window with a caption of its own; the controls that belong together are its children. It comes and goes
+/// with them. Pressing the mouse on it drags the window as pressing the skin does.
 class Frame : public QWidget
 {
     Q_OBJECT
@@ -34,4 +35,21 @@ private:
     Picture m_picture = Picture::Count;
     std::optional<QPixmap> m_background; // Loaded at the first paint.
     bool m_isCovering = false;
+};
+
+/// A bar that fills, deep red from its left edge on.
+class ProgressBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ProgressBar(QWidget *parent, const ControlSetup &setup);
+    void setFraction(double fraction);
+    double fraction() const { return m_fraction; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    double m_fraction = 0;
 };

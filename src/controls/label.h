@@ -4,7 +4,6 @@
 #pragma once
 
 #include "controls/control.h"
-#include "controls/pressable.h"
 
 #include <QColor>
 #include <QPixmap>

@@ -5,7 +5,6 @@
 
 #include "controls/control.h"
 #include "controls/pictures.h"
-#include "controls/pressable.h"
 
 #include <optional>
 

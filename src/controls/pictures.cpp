@@ -25,7 +25,6 @@ constexpr std::array<PictureFile, static_cast<std::size_t>(Picture::Count)> file
     {"bPrev-hover", ".png"},   {"bPrev-pressed", ".png"}, {"bNext", ".png"},         {"bNext-hover", ".png"},
     {"bNext-pressed", ".png"}, {"Picture3-0", ".png"},    {"Picture3-1", ".png"},    {"Picture3-2", ".png"},
     {"icon-16", ".png"},       {"icon-22", ".png"},       {"icon-32", ".png"},       {"icon-48", ".png"},
-    {"icon-128", ".png"},
 }};
 static_assert(files.back().name != nullptr, "every picture needs a file");
 

@@ -40,7 +40,6 @@ enum class Picture {
     Icon22,
     Icon32,
     Icon48,
-    Icon128,
     Count
 };
 

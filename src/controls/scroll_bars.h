@@ -61,7 +61,6 @@ class HScrollBar : public SliderBar
 public:
     HScrollBar(QWidget *parent, const ControlSetup &setup);
 
-    void setMin(int value) { setRange(value, maximum()); }
     void setMax(int value);
     int Min() const { return minimum(); }
     int Max() const { return maximum(); }

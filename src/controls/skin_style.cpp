@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/skin_style.h"
 
+#include "controls/list_box.h"
+#include "controls/scroll_bars.h"
 #include "skins/palette.h"
 
-#include <QAbstractItemView>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
@@ -61,12 +62,12 @@ void paintListThumb(QPainter &painter, const QRect &place)
 
 bool isSlider(const QWidget *widget)
 {
-    return widget && (widget->inherits("HScrollBar") || widget->inherits("VScrollBar"));
+    return qobject_cast<const SliderBar *>(widget);
 }
 
 bool isList(const QWidget *widget)
 {
-    return widget && widget->inherits("ListBox");
+    return qobject_cast<const ListBox *>(widget);
 }
 
 // The ring of a list that has the keyboard. Until that begins to go from control to control the ring of the current row
@@ -75,7 +76,7 @@ void paintListRing(QPainter &painter, const QStyleOption &option, const QWidget 
 {
     if (option.state & QStyle::State_KeyboardFocusChange)
         paintFocusRing(painter, option.rect);
-    else if (!static_cast<const QAbstractItemView &>(list).currentIndex().isValid())
+    else if (!static_cast<const ListBox &>(list).currentIndex().isValid())
         paintFocusRing(painter, option.rect, Ring::Thin);
 }
 

@@ -3,11 +3,10 @@
 // the file gets it. How names are tidied is in name_proposal; the menus over the files are opened by Menus.
 #pragma once
 
-#include "controls/dir_list_box.h"
-#include "controls/file_list_box.h"
+#include "controls/fields.h"
+#include "controls/folder_lists.h"
 #include "controls/label.h"
 #include "controls/skin_window.h"
-#include "controls/text_box.h"
 
 class Mp3Info;
 class Player;

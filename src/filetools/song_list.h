@@ -4,7 +4,7 @@
 // whether the song menu is up.
 #pragma once
 
-#include "controls/file_list_box.h"
+#include "controls/folder_lists.h"
 #include "playback/song_folder.h"
 
 class SongList : public SongFolder

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "mp3info/frame_header.h"
-#include "mp3info/genres.h"
 #include "mp3info/id3v1_tag.h"
 
 #include <QString>

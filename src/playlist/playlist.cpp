@@ -12,7 +12,6 @@
 #include "playback/player.h"
 #include "playlist/list_file.h"
 #include "playlist/play_times.h"
-#include "settings/setting_paths.h"
 #include "settings/settings_store.h"
 #include "skins/palette.h"
 #include "skins/places.h"

@@ -4,7 +4,7 @@
 #include "playlist/song_search.h"
 
 #include "base/names.h"
-#include "controls/file_list_box.h"
+#include "controls/folder_lists.h"
 #include "controls/fonts.h"
 #include "playback/player.h"
 #include "skins/places.h"

@@ -3,10 +3,10 @@
 // capitals. A double-click or Enter plays a result.
 #pragma once
 
+#include "controls/fields.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
 #include "controls/skin_window.h"
-#include "controls/text_box.h"
 #include "playlist/song_match.h"
 
 class FileListBox;

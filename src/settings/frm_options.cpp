@@ -7,9 +7,8 @@
 #include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
-#include "settings/setting_paths.h"
 #include "settings/settings_store.h"
-#include "settings/translucency.h"
+#include "settings/window_effects.h"
 #include "skins/places.h"
 
 #include <QGuiApplication>
@@ -95,11 +94,6 @@ bool frmOptions::browseDialogChosen()
 {
     Load();
     return Check3.State() == 1;
-}
-
-QString frmOptions::songListHint(bool toolTipData)
-{
-    return toolTipData ? u"Click Song To Start Display Data."_s : QString();
 }
 
 // Fonts and the skin's colour are needed by what is seen alone: a start that shows no options does not pay for them.

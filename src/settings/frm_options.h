@@ -3,7 +3,7 @@
 // first question loads the window. What the flags change in other windows leaves as signals.
 #pragma once
 
-#include "controls/check_box.h"
+#include "controls/fields.h"
 #include "controls/label.h"
 #include "controls/skin_window.h"
 
@@ -22,9 +22,6 @@ public:
 
     /// Is the music folder chosen with the desktop's picker instead of the player's own window?
     bool browseDialogChosen();
-
-    /// What the song list's tool tip says from the moment the option changes until the mouse points at a song.
-    static QString songListHint(bool toolTipData);
 
 Q_SIGNALS:
     /// Check2 changed: the song list takes the hint, or loses its tool tip.

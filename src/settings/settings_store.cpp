@@ -7,7 +7,6 @@
 #include "platform/files.h"
 #include "platform/folders.h"
 #include "settings/ini_file.h"
-#include "settings/setting_paths.h"
 
 #include <array>
 

@@ -9,12 +9,13 @@
 #include "platform/folders.h"
 #include "settings/frm_options.h"
 #include "settings/settings_store.h"
-#include "settings/tool_bar_rules.h"
-#include "settings/translucency.h"
+#include "settings/window_effects.h"
+#include "settings/window_rules.h"
 #include "skins/palette.h"
 #include "skins/places.h"
 
 #include <QDir>
+#include <QFileDialog>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -141,4 +142,10 @@ void ToolBar::Label3_Click()
     Q_EMIT folderConfirmed(Dir1.Path());
     writeSideSetting(Setting::Mp3Path, Dir1.Path());
     hide();
+}
+
+QString BrowseForFolder(QWidget *parent, const QString &title, const QString &startFolder)
+{
+    const QString start = QFile::decodeName(hostPathOnDisk(startFolder));
+    return programPath(QFileDialog::getExistingDirectory(parent, title, start));
 }

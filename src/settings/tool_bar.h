@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The player's own folder browser: drives, folders and the songs of the open folder. Confirming makes that folder the
-// music folder; what other windows do about it leaves as a signal.
+// The two ways to choose a folder. ToolBar is the player's own browser: drives, folders and the songs of the open
+// folder. Confirming makes that folder the music folder; what other windows do about it leaves as a signal.
 #pragma once
 
 #include "base/timer.h"
-#include "controls/dir_list_box.h"
-#include "controls/drive_list_box.h"
-#include "controls/file_list_box.h"
+#include "controls/folder_lists.h"
 #include "controls/label.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
@@ -62,3 +60,7 @@ private:
     qint16 m_frame = 0;    // The frame that Picture2 shows.
     bool m_looked = false;
 };
+
+/// The desktop's folder picker, opened at startFolder. The chosen folder as a program path; "" when the user chose
+/// none.
+QString BrowseForFolder(QWidget *parent, const QString &title, const QString &startFolder);

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/tray_icon.h"
 
-#include "base/texts.h"
 #include "controls/pictures.h"
+#include "settings/window_rules.h"
 
 #include <QGuiApplication>
-#include <QRegularExpression>
 #include <QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qsizetype longestTip = 64;
-
 QIcon playerIcon()
 {
     QIcon icon;
@@ -29,13 +26,6 @@ bool hasDesktop()
     return platform != u"offscreen"_s && platform != u"minimal"_s;
 }
 } // namespace
-
-QString trayTip(const QString &text)
-{
-    static const QRegularExpression markup(u"([<&])(?=\\S)"_s);
-    QString tip = wholeCharacters(untilNul(text), longestTip).toString();
-    return tip.replace(markup, u"\\1\u2060"_s); // The sign that joins words has no width.
-}
 
 TrayIcon::TrayIcon() = default;
 TrayIcon::~TrayIcon() = default;

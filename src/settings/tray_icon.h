@@ -12,10 +12,6 @@
 
 class QSystemTrayIcon;
 
-/// The text as a tip: up to its first zero character, cut to 64 characters. Some desktops read tips as HTML: what looks
-/// like it is broken up by a sign that cannot be seen.
-QString trayTip(const QString &text);
-
 class TrayIcon : public QObject
 {
     Q_OBJECT

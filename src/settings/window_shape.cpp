@@ -3,8 +3,6 @@
 // built without uniting a million single ones.
 #include "settings/window_shape.h"
 
-#include "controls/picture_box.h"
-
 #include <algorithm>
 #include <vector>
 
@@ -133,14 +131,4 @@ QRegion shapeRegion(const QImage &picture)
         bands.add(y, row);
     }
     return bands.region();
-}
-
-bool ShapeFromPicture(PictureBox &box)
-{
-    const QImage picture = box.image();
-    if (!picture.isNull())
-        box.resize(picture.size());
-    const QRegion shape = shapeRegion(picture);
-    box.setShape(shape);
-    return !shape.isEmpty();
 }

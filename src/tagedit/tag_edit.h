@@ -4,11 +4,10 @@
 #pragma once
 
 #include "base/timer.h"
-#include "controls/combo_box.h"
+#include "controls/fields.h"
 #include "controls/frame.h"
 #include "controls/label.h"
 #include "controls/skin_window.h"
-#include "controls/text_box.h"
 #include "mp3info/id3v1_tag.h"
 #include "mp3info/quick_header.h"
 

@@ -4,9 +4,8 @@
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/folders.h"
-#include "settings/frm_options.h"
-#include "settings/setting_paths.h"
 #include "settings/settings_store.h"
+#include "settings/window_rules.h"
 #include "support/player_stand.h"
 
 #include <QContextMenuEvent>
@@ -186,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(tipAt(1), QString());
         QCOMPARE(songs.pointedSong(), u"b.mp3"_s);
         control<CheckBox>(stand.options, u"Check2"_s).setState(1);
-        QCOMPARE(tipOf(list, -1), frmOptions::songListHint(true));
+        QCOMPARE(tipOf(list, -1), songListHint(true));
         QCOMPARE(tipAt(1), u"Name=b Time=0:00 Size="_s + Mp3Info::FormatFileSize(8)); // Pointed at already.
         QCOMPARE(list.toolTip(), QString());                                          // No hint any more.
         QuickHeader header;

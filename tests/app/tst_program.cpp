@@ -3,7 +3,6 @@
 #include "app/program.h"
 #include "platform/folders.h"
 #include "platform/terminal.h"
-#include "settings/setting_paths.h"
 #include "settings/settings_store.h"
 #include "support/fake_engine.h"
 #include "support/test_files.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The lists: when a click is told, what stays chosen, and which files and folders they show.
-#include "controls/dir_list_box.h"
-#include "controls/file_list_box.h"
+#include "controls/folder_lists.h"
 #include "controls/skin_style.h"
 #include "support/test_files.h"
 #include "support/windows.h"

@@ -4,7 +4,7 @@
 #include "playlist/list_file.h"
 #include "playlist/playlist.h"
 #include "playlist/song_search.h"
-#include "settings/setting_paths.h"
+#include "settings/settings_store.h"
 #include "support/player_stand.h"
 
 #include <QScrollBar>

@@ -2,7 +2,6 @@
 // The settings file: odd texts that people and crashes leave behind, and what a write may never touch.
 #include "platform/folders.h"
 #include "settings/ini_file.h"
-#include "settings/setting_paths.h"
 #include "settings/settings_store.h"
 #include "support/test_files.h"
 

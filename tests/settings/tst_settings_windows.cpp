@@ -3,10 +3,10 @@
 #include "platform/desktop.h"
 #include "platform/folders.h"
 #include "settings/frm_options.h"
-#include "settings/setting_paths.h"
 #include "settings/settings_store.h"
 #include "settings/tool_bar.h"
 #include "settings/tray_icon.h"
+#include "settings/window_rules.h"
 #include "support/test_files.h"
 #include "support/windows.h"
 

@@ -3,7 +3,7 @@
 #include "controls/label.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
-#include "settings/translucency.h"
+#include "settings/window_effects.h"
 #include "settings/window_shape.h"
 
 #include <QTest>

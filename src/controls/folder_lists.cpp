@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "controls/dir_list_box.h"
+#include "controls/folder_lists.h"
 
 #include "base/names.h"
 #include "platform/drives.h"
@@ -47,6 +47,26 @@ FolderRows rowsFor(const QString &path)
 }
 } // namespace
 
+DriveListBox::DriveListBox(QWidget *parent, const ControlSetup &setup) : QComboBox(parent)
+{
+    setUpControl(*this, setup);
+    for (const QString &drive : drives())
+        addItem(drive + u"  "_s + displayPath(drive), drive);
+    connect(this, &QComboBox::currentIndexChanged, this, &DriveListBox::Change);
+}
+
+QString DriveListBox::Drive() const
+{
+    return currentData().toString();
+}
+
+void DriveListBox::setDrive(const QString &path)
+{
+    const int row = findData(path.left(2).toLower() + u'\\');
+    if (row >= 0)
+        setCurrentIndex(row);
+}
+
 DirListBox::DirListBox(QWidget *parent, const ControlSetup &setup) : ListBox(parent, setup)
 {
     setToldForm([this](int row) { // Read out, the steps and marks before the names say nothing.
@@ -81,4 +101,39 @@ void DirListBox::open(int row)
 {
     if (row >= 0)
         setPath(folderAt(row));
+}
+
+FileListBox::FileListBox(QWidget *parent, const ControlSetup &setup, const QString &pattern) : ListBox(parent, setup)
+{
+    for (const QString &part : pattern.split(u';'))
+        m_extensions += part.mid(part.lastIndexOf(u'.') + 1);
+}
+
+bool FileListBox::setPath(const QString &path)
+{
+    if (!folderExists(path))
+        return false;
+    m_path = path;
+    setItems(readFolder());
+    Q_EMIT PathChange();
+    return true;
+}
+
+void FileListBox::Refresh()
+{
+    const QString chosen = List(ListIndex());
+    setItems(readFolder());
+    chooseQuietly(chosen.isEmpty() ? -1 : static_cast<int>(items().indexOf(chosen)));
+}
+
+QString FileListBox::filePath(int row) const
+{
+    return pathIn(m_path, List(row));
+}
+
+QStringList FileListBox::readFolder() const
+{
+    QStringList names = filesIn(m_path, m_extensions);
+    sortNames(names);
+    return names;
 }

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/translucency.h"
+#include "settings/window_effects.h"
+
+#include "controls/picture_box.h"
+#include "settings/window_shape.h"
 
 #include <QVariant>
 #include <QWidget>
@@ -11,4 +14,14 @@ void MakeTranslucent(QWidget &window, qint16 on)
     window.setProperty("layered", true);
     window.setWindowOpacity((on == asFlag(true) ? halfAlpha : fullAlpha) / qreal(fullAlpha));
     window.update(); // Under X11 the request waits in a buffer until something is painted.
+}
+
+bool ShapeFromPicture(PictureBox &box)
+{
+    const QImage picture = box.image();
+    if (!picture.isNull())
+        box.resize(picture.size());
+    const QRegion shape = shapeRegion(picture);
+    box.setShape(shape);
+    return !shape.isEmpty();
 }

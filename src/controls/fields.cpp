@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/fields.h"
+
+#include "controls/fonts.h"
+#include "controls/skin_style.h"
+#include "skins/palette.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace
+{
+constexpr int shownItems = 16;
+constexpr int arrowRoom = 20;
+constexpr int textIndent = 4;
+} // namespace
+
+CheckBox::CheckBox(QWidget *parent, const ControlSetup &setup, const QString &caption) : QCheckBox(caption, parent)
+{
+    setUpControl(*this, setup);
+    setAccessibleName({}); // Its text is its name.
+    connect(this, &QCheckBox::toggled, this, &CheckBox::Click);
+}
+
+void CheckBox::setState(int state)
+{
+    if (state == 0 || state == 1)
+        setChecked(state == 1);
+}
+
+void CheckBox::setBackColour(const QColor &colour)
+{
+    QPalette colours = palette();
+    colours.setColor(backgroundRole(), colour);
+    setPalette(colours);
+    setAutoFillBackground(true);
+}
+
+ComboBox::ComboBox(QWidget *parent, const ControlSetup &setup, const QStringList &items) : QComboBox(parent)
+{
+    setUpControl(*this, setup);
+    setFont(fonts::font(fonts::Face::Arial, 12));
+    setMaxVisibleItems(shownItems);
+    addItems(items);
+    setCurrentIndex(-1);
+}
+
+// The well itself is the skin's.
+void ComboBox::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor::fromRgb(palette::listText));
+    const QRect text = rect().adjusted(textIndent, 0, -arrowRoom, 0);
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                     fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));
+    const QPointF tip(width() - arrowRoom / 2.0, height() / 2.0 + 2);
+    painter.setPen(QPen(QColor::fromRgb(underMouse() ? palette::warmWhite : palette::captionDim), 1.5));
+    painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
+    if (hasFocus())
+        paintFocusRing(painter, rect());
+}
+
+TextBox::TextBox(QWidget *parent, const ControlSetup &setup) : QLineEdit(parent)
+{
+    setUpControl(*this, setup);
+    setFrame(false);
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, Qt::transparent); // The well of the skin shows through.
+    setPalette(colours);
+    connect(this, &QLineEdit::textChanged, this, &TextBox::Change);
+}
+
+void TextBox::setText(const QString &text)
+{
+    if (text != QLineEdit::text())
+        QLineEdit::setText(text);
+}
+
+void TextBox::setDisplayOnly()
+{
+    setReadOnly(true);
+    setFocusPolicy(Qt::NoFocus);
+    setCursor(Qt::ArrowCursor);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void TextBox::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
+    Q_EMIT KeyDown(event);
+    if (!event->isAccepted())
+        QLineEdit::keyPressEvent(event);
+}
+
+void TextBox::mousePressEvent(QMouseEvent *event)
+{
+    Q_EMIT MouseDown(event->button());
+    QLineEdit::mousePressEvent(event);
+}
+
+void TextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->ignore();
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Q_EMIT MenuKeyDown(event);
+    if (!event->isAccepted())
+        QLineEdit::contextMenuEvent(event);
+}
