@@ -12,9 +12,9 @@ namespace
 {
 constexpr qsizetype longestExtension = 4;
 
-QString joined(QStringView left, QStringView right)
+QString joined(QStringView left, QStringView right, QStringView end = {})
 {
-    return left + u" - "_s + right;
+    return left.toString() + u" - "_s + right.toString() + end.toString();
 }
 
 // Where the extension begins, its dot included; the end of the name when it has none.
@@ -51,5 +51,5 @@ std::optional<QString> withSidesSwapped(const QString &fileName)
         return std::nullopt;
     const QStringView left = withoutBlanks(name.first(hyphen));
     const QStringView right = withoutBlanks(name.sliced(hyphen + 1));
-    return joined(right, left) + extension;
+    return joined(right, left, extension);
 }
