@@ -26,7 +26,12 @@ QString withoutExtension(const QString &fileName)
 
 QString pathIn(const QString &folder, const QString &name)
 {
-    return folder.endsWith(backslash) ? folder + name : folder + backslash + name;
+    return folder + backslash + name;
+}
+
+QString tidyPathIn(const QString &folder, const QString &name)
+{
+    return folder.endsWith(backslash) ? folder + name : pathIn(folder, name);
 }
 
 void sortNames(QStringList &names)

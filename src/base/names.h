@@ -14,8 +14,11 @@ QString FolderFromPath(const QString &path);
 /// A file name less its last four characters: the extension and its dot.
 QString withoutExtension(const QString &fileName);
 
-/// The path of a name in a folder, which may end in a backslash.
+/// folder & "\" & name; a folder that ends in a backslash already gives a doubled one, which stands for one.
 QString pathIn(const QString &folder, const QString &name);
+
+/// As pathIn(), but never with a doubled backslash.
+QString tidyPathIn(const QString &folder, const QString &name);
 
 /// Sorts names without regard to case; names that differ in case alone keep a fixed order.
 void sortNames(QStringList &names);

@@ -32,7 +32,7 @@ FolderRows rowsFor(const QString &path)
     rows.folders += folder;
     rows.texts += indented(0, openMark, displayPath(folder));
     for (const QString &step : steps.mid(1)) {
-        folder = pathIn(folder, step);
+        folder = tidyPathIn(folder, step);
         rows.texts += indented(rows.folders.size(), openMark, step);
         rows.folders += folder;
     }
@@ -41,7 +41,7 @@ FolderRows rowsFor(const QString &path)
     sortNames(names);
     for (const QString &name : names) {
         rows.texts += indented(rows.openRow + 1, u"▸"_s, name);
-        rows.folders += pathIn(folder, name);
+        rows.folders += tidyPathIn(folder, name);
     }
     return rows;
 }
@@ -128,7 +128,7 @@ void FileListBox::Refresh()
 
 QString FileListBox::filePath(int row) const
 {
-    return pathIn(m_path, List(row));
+    return tidyPathIn(m_path, List(row));
 }
 
 QStringList FileListBox::readFolder() const

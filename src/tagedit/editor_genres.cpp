@@ -49,14 +49,14 @@ constexpr bool holdsEachNumberOnce()
 static_assert(holdsEachNumberOnce());
 } // namespace
 
-int genrePosition(std::uint8_t number)
+int editorGenrePosition(std::uint8_t number)
 {
     const auto found = std::find_if(editorGenres.begin(), editorGenres.end(),
                                     [number](const EditorGenre &genre) { return genre.number == number; });
     return found == editorGenres.end() ? noGenrePosition : static_cast<int>(found - editorGenres.begin());
 }
 
-std::uint8_t genreNumber(int position)
+std::uint8_t editorGenreNumber(int position)
 {
     const bool inList = position >= 0 && position < static_cast<int>(editorGenres.size());
     return inList ? editorGenres[static_cast<std::size_t>(position)].number : noGenreNumber;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The tag editor's own genres: in the order of its list, each with the number it writes. Names and numbers differ from
-// the usual genre list here and there (choosing "Jazz" writes 146); songs tagged so far rely on it.
+// The tag editor's own genres: in the order of its list, each with the number it writes. Some names and numbers differ
+// from those of ID3v1 (choosing "Jazz" writes 146).
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ constexpr int noGenrePosition = -1;
 extern const std::array<EditorGenre, 149> editorGenres;
 
 /// The position of the first genre with that number; noGenrePosition when there is none.
-int genrePosition(std::uint8_t number);
+int editorGenrePosition(std::uint8_t number);
 
 /// The number of the genre at a position; noGenreNumber for a position outside the list.
-std::uint8_t genreNumber(int position);
+std::uint8_t editorGenreNumber(int position);

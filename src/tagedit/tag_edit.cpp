@@ -206,7 +206,7 @@ void TagEdit::GetTagInf()
     if (!tag)
         return;
     showTexts(*tag);
-    if (const int position = genrePosition(tag->genre); position != noGenrePosition)
+    if (const int position = editorGenrePosition(tag->genre); position != noGenrePosition)
         Genre.setListIndex(position);
 }
 
@@ -257,7 +257,8 @@ void TagEdit::showTexts(const Id3v1Tag &tag)
 
 Id3v1Tag TagEdit::typedTag() const
 {
-    return {Title.Text(), Artist.Text(), Album.Text(), Year.Text(), Comment.Text(), genreNumber(Genre.ListIndex())};
+    return {Title.Text(), Artist.Text(),  Album.Text(),
+            Year.Text(),  Comment.Text(), editorGenreNumber(Genre.ListIndex())};
 }
 
 // The song chosen in the main window tells the texts; with none chosen there, the edited one.
