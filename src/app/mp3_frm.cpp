@@ -332,6 +332,8 @@ void Mp3Frm::Form_Unload()
 void Mp3Frm::ListSwitch_Click()
 {
     const bool toNames = File1.isVisibleTo(this);
+    if (toNames && !List1.items().isSharedWith(File1.items()))
+        m_songs.rebuildDisplayCopy(); // Another folder's names would not be found in this one.
     File1.setVisible(!toNames);
     List1.setVisible(toNames);
     ListSwitch.setCaption(toNames ? u"Files"_s : u"Names"_s);

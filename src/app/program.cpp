@@ -61,7 +61,6 @@ void Program::connectOtherWindows()
 {
     connect(&m_options, &frmOptions::translucencyApplied, this, &Program::applyTranslucency);
     connect(&m_toolBar, &ToolBar::folderConfirmed, &m_mp3Frm.songs(), &SongList::rebuildDisplayCopy);
-    connect(&m_toolBar, &ToolBar::folderConfirmed, &m_songSearch, &SongSearch::clearSearch);
     connect(&m_playlist, &Playlist::menuRequested, &m_menus, &Menus::openPlayListMenu);
     connect(&m_formatMp3, &FormatMp3::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_about, &About::done, &m_mp3Frm, &Mp3Frm::bringBack);

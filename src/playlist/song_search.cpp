@@ -50,12 +50,14 @@ void SongSearch::connectHandlers()
     connect(&List1, &ListBox::DblClick, this, &SongSearch::List1_DblClick);
     connect(&List1, &ListBox::KeyDown, this, &SongSearch::List1_KeyDown);
     connect(this, &SkinWindow::closeRequested, this, &QWidget::hide);
+    connect(&m_songFolder, &FileListBox::PathChange, this, &SongSearch::clearSearch);
 }
 
+// Another music folder: neither text nor results mean anything there. (Emptying the text finds every song.)
 void SongSearch::clearSearch()
 {
-    List1.Clear();
     Text1.setText({});
+    List1.Clear();
 }
 
 void SongSearch::showEvent(QShowEvent *event)
@@ -63,7 +65,8 @@ void SongSearch::showEvent(QShowEvent *event)
     SkinWindow::showEvent(event);
     activateWindow();
     Text1.setFocus();
-    readNames(); // Now, so that the first letter is answered as fast as the others.
+    Text1.selectAll(); // What is typed next replaces the last search.
+    readNames();       // Now, so that the first letter is answered as fast as the others.
 }
 
 void SongSearch::hideEvent(QHideEvent *event)

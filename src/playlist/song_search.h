@@ -20,9 +20,6 @@ public:
     /// File1's songs are searched; its folder is where results are played from.
     SongSearch(FileListBox &File1, Player &player);
 
-    /// The music folder has changed: the results are gone and the text is empty.
-    void clearSearch();
-
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
@@ -35,6 +32,7 @@ private:
     void List1_DblClick();
     void List1_KeyDown(QKeyEvent *event);
 
+    void clearSearch();
     void readNames();
     void playResult(int row);
 

@@ -113,9 +113,15 @@ private Q_SLOTS:
         QTest::keyClick(&list, Qt::Key_Return);
         QCOMPARE(stand.takeCalls(), u"FileName Song.mp3, Play"_s);
         stand.window.setMusicFolder(other.path());
-        QCOMPARE(list.List(0), u"Song"_s); // Until somebody refreshes it.
-        stand.window.songs().refresh();
+        QCOMPARE(list.List(0), u"Song"_s); // Until somebody refreshes it, or it comes to the front again.
+        stand.window.ListSwitch.press();
+        stand.window.ListSwitch.press();
         QCOMPARE(list.List(0), u"Other"_s);
+        list.setListIndex(0);
+        stand.window.ListSwitch.press();
+        stand.window.ListSwitch.press();
+        QCOMPARE(list.ListIndex(), 0); // Nothing new, nothing lost.
+        stand.takeCalls();
     }
 
     void aDoubleClickPlays()

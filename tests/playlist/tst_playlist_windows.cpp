@@ -176,7 +176,9 @@ private Q_SLOTS:
         QCOMPARE(results.List(0), u"NEW Song.mp3"_s);
         text.setText(u""_s);
         QCOMPARE(results.items(), m_windows->main.window.File1.items());
-        m_windows->search.clearSearch();
+        text.setText(u"new"_s);
+        m_windows->main.window.setMusicFolder(m_windows->main.folder.path() + u'\\');
+        QCOMPARE(text.Text(), QString());
         QCOMPARE(results.ListCount(), 0);
     }
 
@@ -202,6 +204,9 @@ private Q_SLOTS:
         QCOMPARE(m_engine->fileName(), m_windows->main.folder.path(u"LOVE Song.mp3"_s));
         QTest::keyClick(&text, Qt::Key_Escape);
         QVERIFY(!search.isVisible());
+        search.show();
+        QTest::keyClicks(&text, u"ze"_s); // In place of the last search.
+        QCOMPARE(results.items(), QStringList(u"Zebra.mp3"_s));
     }
 
 private:
