@@ -9,7 +9,7 @@
 #include "platform/file_names.h"
 #include "platform/processes.h"
 #include "platform/terminal.h"
-#include "playback/mpv_engine.h"
+#include "playback/engine_choice.h"
 
 #include <QApplication>
 #include <QFile>
@@ -74,10 +74,10 @@ int main(int argc, char *argv[])
     QApplication::setFont(fonts::font(fonts::Face::Arial, 13));
     installAccessibility();
 
-    MpvEngine engine;
-    engine.deferUntilShown(); // The sound library takes longer to load than the window to show.
+    EngineChoice engine;
+    engine.deferUntilShown();
     Program program(engine);
-    QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &MpvEngine::release);
+    QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &EngineChoice::release);
     if (!program.start(textOf(options.files)))
         return Fine;
     // Before this a signal ends the program as usual: there is no loop yet to leave.

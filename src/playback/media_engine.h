@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What plays the songs, as the player sees it: a file, a position, a loudness, two events. All of it happens on the
-// user-interface thread. One engine exists (MpvEngine); tests bring their own.
+// user-interface thread. EngineChoice takes the engine that a song needs; tests bring their own.
 #pragma once
 
 #include <QObject>
 #include <QString>
+
+/// Where a seek goes in a song of this length (0: not known). At the end, or beyond it, the song's last moment is still
+/// heard.
+inline double seekPlace(double seconds, double duration)
+{
+    constexpr double lastMomentSeconds = 0.5;
+    return qMax(duration > 0 ? qMin(seconds, duration - lastMomentSeconds) : seconds, 0.0);
+}
 
 class MediaEngine : public QObject
 {
@@ -45,6 +53,9 @@ public:
     /// Does the song keep its place until play(), by pause()?
     virtual bool isPaused() const = 0;
 
+    /// Is there no device to hear the song with? It goes on silently, and sounds again as soon as there is one.
+    virtual bool isDeviceMissing() const { return false; }
+
 Q_SIGNALS:
     /// The open file has played to its end; the argument says nothing.
     void endOfStream(int result);
@@ -52,6 +63,6 @@ Q_SIGNALS:
     /// The file could not be played; lastError() says why. Emitted once for each request that fails.
     void errorOccurred();
 
-    /// Position, length or isPlaying() changed otherwise than by the passing of time.
+    /// Position, length, isPlaying() or isDeviceMissing() changed otherwise than by the passing of time.
     void stateChanged();
 };

@@ -5,6 +5,7 @@
 #include "playback/mpv_core.h"
 
 #include "platform/terminal.h"
+#include "playback/loaded_library.h"
 
 #include <QElapsedTimer>
 
@@ -136,20 +137,26 @@ void keepAlsaQuiet()
 }
 } // namespace
 
-struct MpvCore::Functions {
-    decltype(&::mpv_create) create;
-    decltype(&::mpv_initialize) initialize;
-    decltype(&::mpv_terminate_destroy) terminate_destroy;
-    decltype(&::mpv_set_option_string) set_option_string;
-    decltype(&::mpv_set_property_async) set_property_async;
-    decltype(&::mpv_get_property_async) get_property_async;
-    decltype(&::mpv_command_async) command_async;
-    decltype(&::mpv_wait_event) wait_event;
-    decltype(&::mpv_set_wakeup_callback) set_wakeup_callback;
-    decltype(&::mpv_error_string) error_string;
+struct MpvCore::Functions : LoadedLibrary {
+    Functions() : LoadedLibrary(u"mpv"_s, 2) {}
+    Function<decltype(::mpv_create)> create{*this, "mpv_create"};
+    Function<decltype(::mpv_initialize)> initialize{*this, "mpv_initialize"};
+    Function<decltype(::mpv_terminate_destroy)> terminate_destroy{*this, "mpv_terminate_destroy"};
+    Function<decltype(::mpv_set_option_string)> set_option_string{*this, "mpv_set_option_string"};
+    Function<decltype(::mpv_set_property_async)> set_property_async{*this, "mpv_set_property_async"};
+    Function<decltype(::mpv_get_property_async)> get_property_async{*this, "mpv_get_property_async"};
+    Function<decltype(::mpv_command_async)> command_async{*this, "mpv_command_async"};
+    Function<decltype(::mpv_wait_event)> wait_event{*this, "mpv_wait_event"};
+    Function<decltype(::mpv_set_wakeup_callback)> set_wakeup_callback{*this, "mpv_set_wakeup_callback"};
+    Function<decltype(::mpv_error_string)> error_string{*this, "mpv_error_string"};
 };
 
-MpvCore::MpvCore(MpvListener &listener) : m_listener(listener), m_library(u"mpv"_s, 2), m_mpv(new Functions{}) {}
+bool MpvCore::isInstalled()
+{
+    return Functions().isComplete();
+}
+
+MpvCore::MpvCore(MpvListener &listener) : m_listener(listener), m_mpv(new Functions) {}
 
 // A sound device that has died keeps libmpv waiting for ever. So it gets the order to stop and a moment of time; when
 // it does not come to rest in that time, the program ends without it.
@@ -168,7 +175,7 @@ MpvCore::~MpvCore()
 
 bool MpvCore::start(int hundredthsOfDecibel)
 {
-    if (!findFunctions())
+    if (!m_mpv->isComplete())
         return false;
     keepAlsaQuiet();
     std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start where numbers are written with a comma.
@@ -183,21 +190,6 @@ bool MpvCore::start(int hundredthsOfDecibel)
     setOption("volume", QByteArray::number(mpvVolume(hundredthsOfDecibel), 'g', 17));
     m_mpv->set_wakeup_callback(m_handle, wake, this);
     return m_mpv->initialize(m_handle) >= 0;
-}
-
-bool MpvCore::findFunctions()
-{
-    const auto find = [this]<typename Function>(Function &function, const char *name) {
-        function = reinterpret_cast<Function>(m_library.resolve(name));
-        return function != nullptr;
-    };
-    return find(m_mpv->create, "mpv_create") && find(m_mpv->initialize, "mpv_initialize") &&
-           find(m_mpv->terminate_destroy, "mpv_terminate_destroy") &&
-           find(m_mpv->set_option_string, "mpv_set_option_string") &&
-           find(m_mpv->set_property_async, "mpv_set_property_async") &&
-           find(m_mpv->get_property_async, "mpv_get_property_async") &&
-           find(m_mpv->command_async, "mpv_command_async") && find(m_mpv->wait_event, "mpv_wait_event") &&
-           find(m_mpv->set_wakeup_callback, "mpv_set_wakeup_callback") && find(m_mpv->error_string, "mpv_error_string");
 }
 
 void MpvCore::setOption(const char *name, const QByteArray &value)

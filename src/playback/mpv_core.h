@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QLibrary>
 #include <QList>
 #include <QObject>
 
@@ -34,6 +33,9 @@ class MpvCore : public QObject
     Q_OBJECT
 
 public:
+    /// Can libmpv be loaded?
+    static bool isInstalled();
+
     explicit MpvCore(MpvListener &listener);
     ~MpvCore() override;
 
@@ -56,7 +58,6 @@ public:
 private:
     struct Functions;
 
-    bool findFunctions();
     void setOption(const char *name, const QByteArray &value);
     void chooseOutput();
     void setFarAhead(bool on);
@@ -68,8 +69,7 @@ private:
     void deliverAnswer(const struct mpv_event &event);
 
     MpvListener &m_listener;
-    QLibrary m_library;
-    std::unique_ptr<Functions> m_mpv; // libmpv's functions.
+    std::unique_ptr<Functions> m_mpv;
     struct mpv_handle *m_handle = nullptr;
     bool m_isSilenceExpected = false; // No sound device is wanted, or its lack was reported.
     bool m_isRecording = false;       // The output is a file.

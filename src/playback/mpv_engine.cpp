@@ -15,7 +15,6 @@
 
 namespace
 {
-constexpr double lastMomentSeconds = 0.5;
 constexpr int silentVolume = -10000;
 constexpr int longestDeferralMs = 2000;
 constexpr int clockTrustMs = 4000;   // So long the position is shown unchecked.
@@ -209,11 +208,10 @@ void MpvEngine::refreshClock() const
     m_core->askDuration(m_songSerial);
 }
 
-// Goes to the place that is shown already. At the end, or beyond it, the song's last moment is still heard.
+// Goes to the place that is shown already.
 void MpvEngine::seek()
 {
-    const double end = m_duration > 0 ? std::max(m_duration - lastMomentSeconds, 0.0) : *m_seekTarget;
-    seekTo(std::clamp(*m_seekTarget, 0.0, end));
+    seekTo(seekPlace(*m_seekTarget, m_duration));
 }
 
 void MpvEngine::seekTo(double seconds)

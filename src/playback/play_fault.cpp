@@ -13,7 +13,7 @@ QString sentence(PlayFault fault)
 {
     switch (fault) {
     case PlayFault::LibraryMissing:
-        return u"The song \"%1\" cannot be played, because the library libmpv.so.2 cannot be used."_s;
+        return u"The song \"%1\" is no MP3 and no WAV, and what plays other kinds is missing: the library libmpv.so.2."_s;
     case PlayFault::SongMissing:
         return u"The song \"%1\" was not found."_s;
     case PlayFault::SongEmpty:

@@ -9,7 +9,7 @@
 #include <optional>
 
 enum class PlayFault {
-    LibraryMissing = 48, // The playing library is not installed, or refuses to start.
+    LibraryMissing = 48, // The library for this kind of song is not installed, or refuses to start.
     SongMissing = 53,
     SongEmpty = 62,
     DeviceRefused = 68,

@@ -19,5 +19,5 @@ void PositionClock::setRunning(bool running)
 
 double PositionClock::seconds() const
 {
-    return m_base + (m_sinceBase.isValid() ? static_cast<double>(m_sinceBase.elapsed()) / 1000.0 : 0);
+    return m_base + (m_sinceBase.isValid() ? static_cast<double>(m_sinceBase.nsecsElapsed()) / 1e9 : 0);
 }

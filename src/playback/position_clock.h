@@ -13,6 +13,7 @@ public:
     /// The song plays on from now on, or stands.
     void setRunning(bool running);
 
+    bool isRunning() const { return m_sinceBase.isValid(); }
     double seconds() const;
 
 private:

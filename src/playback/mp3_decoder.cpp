@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// MP3 songs, decoded by libmpg123; the only file that knows its header.
+#include "playback/loaded_library.h"
+#include "playback/song_decoder.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <mpg123.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr long damageToSkip = 16 << 20; // Bytes without a frame after which the song is taken to have ended.
+constexpr long framesBeforeSeek = 12;   // Enough to fill the bit reservoir at the lowest bit rates.
+constexpr int refineMs = 5;
+
+struct Mpg123 : LoadedLibrary {
+    Mpg123() : LoadedLibrary(u"mpg123"_s, 0) {}
+    Function<decltype(::mpg123_new)> create{*this, "mpg123_new"};
+    Function<decltype(::mpg123_delete)> destroy{*this, "mpg123_delete"};
+    Function<decltype(::mpg123_param)> param{*this, "mpg123_param"};
+    Function<decltype(::mpg123_open)> open{*this, "mpg123_open"};
+    Function<decltype(::mpg123_getformat)> getformat{*this, "mpg123_getformat"};
+    Function<decltype(::mpg123_format_none)> format_none{*this, "mpg123_format_none"};
+    Function<decltype(::mpg123_format)> format{*this, "mpg123_format"};
+    Function<decltype(::mpg123_getstate)> getstate{*this, "mpg123_getstate"};
+    Function<decltype(::mpg123_info)> info{*this, "mpg123_info"};
+    Function<decltype(::mpg123_length)> length{*this, "mpg123_length"};
+    Function<decltype(::mpg123_spf)> spf{*this, "mpg123_spf"};
+    Function<decltype(::mpg123_read)> read{*this, "mpg123_read"};
+    Function<decltype(::mpg123_seek)> seek{*this, "mpg123_seek"};
+    Function<decltype(::mpg123_framebyframe_next)> framebyframe_next{*this, "mpg123_framebyframe_next"};
+};
+
+const Mpg123 &mpg123()
+{
+    static const Mpg123 library;
+    return library;
+}
+
+struct Destroy {
+    void operator()(mpg123_handle *handle) const { mpg123().destroy(handle); }
+};
+using Handle = std::unique_ptr<mpg123_handle, Destroy>;
+
+// The file opened and its first frame read; null when there is none near the beginning.
+Handle openHandle(const QByteArray &path, SoundFormat &format)
+{
+    Handle handle(mpg123().create(nullptr, nullptr));
+    if (!handle)
+        return {};
+    mpg123().param(handle.get(), MPG123_ADD_FLAGS,
+                   MPG123_QUIET | MPG123_GAPLESS | MPG123_FORCE_FLOAT | MPG123_SKIP_ID3V2, 0);
+    mpg123().param(handle.get(), MPG123_PREFRAMES, framesBeforeSeek, 0);
+    long rate = 0;
+    int encoding = 0;
+    if (mpg123().open(handle.get(), path.constData()) != MPG123_OK ||
+        mpg123().getformat(handle.get(), &rate, &format.channels, &encoding) != MPG123_OK)
+        return {};
+    format.rate = static_cast<int>(rate);
+    // A change in the middle of the song is converted to what the song began with.
+    mpg123().format_none(handle.get());
+    mpg123().format(handle.get(), rate, format.channels, encoding);
+    mpg123().param(handle.get(), MPG123_RESYNC_LIMIT, damageToSkip, 0);
+    return handle;
+}
+
+class Mp3Decoder : public SongDecoder
+{
+public:
+    Mp3Decoder(Handle handle, SoundFormat format, const QByteArray &path)
+        : m_handle(std::move(handle)), m_format(format), m_length(std::max<qint64>(mpg123().length(m_handle.get()), 0))
+    {
+        if (!hasHeader())
+            m_scan = openHandle(path, format);
+    }
+
+    SoundFormat format() const override { return m_format; }
+    qint64 length() const override { return m_length; }
+    bool refineLength() override;
+    qint64 read(float *frames, qint64 count) override;
+    bool seek(qint64 frame) override { return mpg123().seek(m_handle.get(), frame, SEEK_SET) == frame; }
+
+private:
+    bool hasHeader() const;
+
+    Handle m_handle;
+    SoundFormat m_format;
+    qint64 m_length;
+    Handle m_scan;        // Counts the frames of a song that does not tell their number.
+    qint64 m_counted = 1; // Opening has read the first one.
+};
+
+// Does the file tell how many frames it has?
+bool Mp3Decoder::hasHeader() const
+{
+    mpg123_frameinfo info{};
+    long delay = -1;
+    mpg123().info(m_handle.get(), &info);
+    mpg123().getstate(m_handle.get(), MPG123_ENC_DELAY, &delay, nullptr);
+    return info.vbr != MPG123_CBR || delay >= 0;
+}
+
+bool Mp3Decoder::refineLength()
+{
+    if (!m_scan)
+        return false;
+    QElapsedTimer elapsed;
+    for (elapsed.start(); elapsed.elapsed() < refineMs; ++m_counted) {
+        const int result = mpg123().framebyframe_next(m_scan.get());
+        if (result == MPG123_OK || result == MPG123_NEW_FORMAT)
+            continue;
+        m_length = m_counted * mpg123().spf(m_scan.get());
+        m_scan.reset();
+        return false;
+    }
+    return true;
+}
+
+qint64 Mp3Decoder::read(float *frames, qint64 count)
+{
+    const auto size = static_cast<qint64>(sizeof(float)) * m_format.channels;
+    qint64 done = 0;
+    int result = MPG123_OK;
+    while (done < count && (result == MPG123_OK || result == MPG123_NEW_FORMAT)) {
+        std::size_t bytes = 0;
+        result = mpg123().read(m_handle.get(), frames + done * m_format.channels,
+                               static_cast<std::size_t>((count - done) * size), &bytes);
+        done += static_cast<qint64>(bytes) / size;
+    }
+    return done;
+}
+} // namespace
+
+std::unique_ptr<SongDecoder> openMp3(const QByteArray &hostPath)
+{
+    SoundFormat format;
+    Handle handle = mpg123().isComplete() ? openHandle(hostPath, format) : nullptr;
+    return handle ? std::make_unique<Mp3Decoder>(std::move(handle), format, hostPath) : nullptr;
+}
