@@ -9,6 +9,21 @@
 #include <QScopedValueRollback>
 #include <QToolTip>
 
+#include <algorithm>
+
+namespace
+{
+// A name may hold line breaks; rows are one line high, and the first one makes the height of all.
+QString onOneLine(QString text)
+{
+    const auto breaksLine = [](QChar c) {
+        return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    };
+    std::replace_if(text.begin(), text.end(), breaksLine, u' ');
+    return text;
+}
+} // namespace
+
 class ListBoxModel : public QAbstractListModel
 {
 public:
@@ -23,7 +38,7 @@ public:
     {
         if (role == Qt::AccessibleTextRole && m_toldForm)
             return m_toldForm(index.row());
-        return role == Qt::DisplayRole ? QVariant(shown(index.row())) : QVariant();
+        return role == Qt::DisplayRole ? QVariant(onOneLine(shown(index.row()))) : QVariant();
     }
 
     QString shown(int row) const

@@ -28,6 +28,13 @@ int ansiCode(QChar character)
     const auto found = std::find(specials.begin(), specials.end(), code);
     return found == specials.end() ? notThere : firstSpecial + static_cast<int>(found - specials.begin());
 }
+
+// Is it told from Windows-1252 by what it holds? Sequences of UTF-8 hardly ever come about by chance.
+bool isUtf8(QByteArrayView bytes)
+{
+    const bool isAscii = std::none_of(bytes.begin(), bytes.end(), [](char byte) { return byte & firstSpecial; });
+    return bytes.startsWith(byteOrderMark) || (!isAscii && bytes.isValidUtf8());
+}
 } // namespace
 
 QByteArray toAnsi(QStringView text)
@@ -59,11 +66,14 @@ QString fromAnsi(QByteArrayView bytes)
 
 QByteArray encodeTextFile(const QString &text)
 {
-    const bool isPlain = fitsAnsi(text) && !toAnsi(text.left(3)).startsWith(byteOrderMark);
-    return isPlain ? toAnsi(text) : byteOrderMark + textToBytes(text);
+    const QByteArray plain = toAnsi(text);
+    const bool isPlain = fitsAnsi(text) && !isUtf8(plain);
+    return isPlain ? plain : byteOrderMark + textToBytes(text);
 }
 
 QString decodeTextFile(QByteArrayView bytes)
 {
-    return bytes.startsWith(byteOrderMark) ? textFromBytes(bytes.sliced(sizeof byteOrderMark - 1)) : fromAnsi(bytes);
+    if (bytes.startsWith(byteOrderMark))
+        return textFromBytes(bytes.sliced(sizeof byteOrderMark - 1));
+    return isUtf8(bytes) ? textFromBytes(bytes) : fromAnsi(bytes);
 }

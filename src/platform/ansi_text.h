@@ -14,9 +14,10 @@ bool fitsAnsi(QStringView text);
 /// The text of Windows-1252 bytes; every byte has a character, so that toAnsi() gives the same bytes back.
 QString fromAnsi(QByteArrayView bytes);
 
-/// A whole text file: Windows-1252 where it can hold the text, else UTF-8 with a byte-order mark; bytes of file names
-/// that are no UTF-8 stay as they are.
+/// A whole text file: Windows-1252 where it can hold the text and is not taken for UTF-8, else UTF-8 with a byte-order
+/// mark; bytes of file names that are no UTF-8 stay as they are.
 QByteArray encodeTextFile(const QString &text);
 
-/// The text of such a file, told apart by the mark.
+/// The text of such a file. Without a mark it is UTF-8 if it is valid as such and has more than ASCII, as people's
+/// editors write it; else Windows-1252.
 QString decodeTextFile(QByteArrayView bytes);

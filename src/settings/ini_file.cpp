@@ -107,6 +107,18 @@ QString onOneLine(QString value)
         value.begin(), value.end(), [](QChar c) { return endsLine(c) || c.isNull(); }, u' ');
     return value;
 }
+
+// What a line of the value comes back as: without its blanks, or without its own quotation marks.
+QStringView asRead(QStringView value)
+{
+    return withoutQuotes(trimmed(value));
+}
+
+// In quotation marks where the value would not come back as it is.
+QString asWritten(const QString &value)
+{
+    return asRead(value) == value ? value : u'"' + value + u'"';
+}
 } // namespace
 
 QString iniValue(QStringView text, QStringView section, QStringView key)
@@ -121,7 +133,7 @@ QString iniValue(QStringView text, QStringView section, QStringView key)
 
 QString withIniValue(const QString &text, QStringView section, QStringView key, const QString &value)
 {
-    const QString keyLine = key.toString() + u'=' + onOneLine(value);
+    const QString keyLine = key.toString() + u'=' + asWritten(onOneLine(value));
     const Place place = findPlace(text, section, key);
     QString changed = text;
     if (place.keyLine)

@@ -13,5 +13,6 @@ inline constexpr qsizetype longestIniValue = 749;
 QString iniValue(QStringView text, QStringView section, QStringView key);
 
 /// The text with "key=value" in the place of that line, else at the end of the section, which is added when missing.
-/// Everything else stays as it is, line ends too. Line breaks in value become blanks: a value is one line.
+/// Everything else stays as it is, line ends too. Line breaks in value become blanks: a value is one line. It is put
+/// in quotation marks where it would not come back without them: one that ends in a blank, for instance.
 QString withIniValue(const QString &text, QStringView section, QStringView key, const QString &value);

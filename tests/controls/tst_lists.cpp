@@ -116,6 +116,15 @@ private Q_SLOTS:
         QTRY_VERIFY(!QToolTip::isVisible());
     }
 
+    void aNameOfSeveralLinesHasOneRow()
+    {
+        ListBox list(nullptr, setup);
+        const QString name = u"a\nb\u2028c"_s;
+        list.setItems({name, u"b"_s});
+        QCOMPARE(list.sizeHintForRow(0), list.sizeHintForRow(1));
+        QCOMPARE(list.List(0), name);
+    }
+
     void filesFitThePatternAndStayChosen()
     {
         const TestFolder folder;

@@ -28,7 +28,8 @@ private Q_SLOTS:
     {
         for (const auto &[text, isMarked] : {
                  std::pair(u"Müll €\r\n"_s, false),
-                 {u"ï»¿Song"_s, true},          // Begins like the mark,
+                 {u"MÃ¼ll"_s, true},            // Would be taken for UTF-8.
+                 {u"ï»¿M\u00FCll"_s, true},     // Begins like the mark,
                  {u"\uFEFFSong"_s, true},       // and with it.
                  {u"M\xDCFCnchen.mp3"_s, true}, // The odd byte of a file name,
                  {u"歌\xDCFF\xDC80🎵"_s, true},  // and more beside another alphabet.
@@ -37,6 +38,13 @@ private Q_SLOTS:
             QCOMPARE(bytes.startsWith("\xEF\xBB\xBF"), isMarked);
             QCOMPARE(decodeTextFile(bytes), text);
         }
+    }
+
+    void editorsMayLeaveTheMarkOut()
+    {
+        QCOMPARE(decodeTextFile("M\xC3\xBCsik \xE6\xAD\x8C\r\n"), u"Müsik 歌\r\n"_s);
+        QCOMPARE(decodeTextFile("M\xC3\xBCsik Ol\xE9"), u"MÃ¼sik Olé"_s);
+        QCOMPARE(decodeTextFile("M\xC3\xBCsik \xC3"), u"MÃ¼sik Ã"_s); // Cut in a character.
     }
 };
 

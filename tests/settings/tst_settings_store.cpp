@@ -61,6 +61,13 @@ private Q_SLOTS:
             QCOMPARE(withIniValue(before, u"S", u"KEY", u"v"_s), after);
     }
 
+    void valuesComeBackAsTheyWere()
+    {
+        for (const QString &value : {u"z:\\Music "_s, u" \t"_s, u"\"a\""_s, u"'a'"_s, u"\""_s, u"a"_s, u""_s})
+            QCOMPARE(iniValue(withIniValue({}, u"S", u"KEY", value), u"S", u"KEY"), value);
+        QCOMPARE(withIniValue({}, u"S", u"KEY", u"z:\\\"A\" b"_s), u"[S]\r\nKEY=z:\\\"A\" b\r\n"_s);
+    }
+
     void aFileSurvivesARoundTrip()
     {
         const TestFolder folder;
