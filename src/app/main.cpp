@@ -6,7 +6,6 @@
 #include "controls/fonts.h"
 #include "controls/skin_style.h"
 #include "platform/entries.h"
-#include "platform/file_names.h"
 #include "platform/processes.h"
 #include "platform/terminal.h"
 #include "playback/engine_choice.h"
@@ -43,14 +42,6 @@ void startNoBus()
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
 
-// The files of the command line, the bytes of odd names kept.
-QString textOf(const QList<QByteArray> &files)
-{
-    QStringList names;
-    for (const QByteArray &file : files)
-        names += textFromBytes(file);
-    return commandLineText(names);
-}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -78,7 +69,7 @@ int main(int argc, char *argv[])
     engine.deferUntilShown();
     Program program(engine);
     QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &EngineChoice::release);
-    if (!program.start(textOf(options.files)))
+    if (!program.start(options.file ? commandLineText(*options.file) : QString()))
         return Fine;
     // Before this a signal ends the program as usual: there is no loop yet to leave.
     onEndingSignals(&program, [&program] { program.mainWindow().close(); });

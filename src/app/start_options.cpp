@@ -13,6 +13,7 @@ namespace
 constexpr char help[] =
     "Usage: kiv-mp3 [OPTION]... [FILE]\n"
     "Plays the songs of a folder. With FILE, plays that song at once; its folder becomes the music folder.\n"
+    "FILE is a name or an address that begins with file://.\n"
     "There is one player for each user: a second one ends at once.\n"
     "\n"
     "  -h, --help     show this help\n"
@@ -52,6 +53,21 @@ std::size_t toolkitWords(std::string_view argument)
     const bool isWhole = isOneOf(toolkitOptions, argument);
     return isWhole || isOneOf(toolkitOptionsWithEquals, argument.substr(0, argument.find('=') + 1)) ? 1 : 0;
 }
+
+// The first complaint is the one to tell.
+void refuse(StartOptions &options, const QByteArray &why)
+{
+    options.action = StartOptions::Action::Refuse;
+    if (options.refusal.isEmpty())
+        options.refusal = why;
+}
+
+void takeFile(StartOptions &options, const QByteArray &file)
+{
+    if (options.file)
+        refuse(options, "there is one FILE at most; a name with blanks needs quotation marks");
+    options.file = file;
+}
 } // namespace
 
 StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &isThere)
@@ -63,7 +79,7 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         const std::string_view argument = arguments[i];
         if (onlyFiles || argument.size() < 2 || argument.front() != '-')
-            options.files += arguments[i];
+            takeFile(options, arguments[i]);
         else if (argument == "--")
             onlyFiles = true;
         else if (argument == "--help" || argument == "-h")
@@ -75,12 +91,10 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
             options.toolkit.insert(options.toolkit.end(), arguments.begin() + i, arguments.begin() + end);
             i = end - 1;
         } else if (isThere(arguments[i]))
-            options.files += arguments[i];
-        else if (options.unknown.isEmpty())
-            options.unknown = arguments[i];
+            takeFile(options, arguments[i]);
+        else
+            refuse(options, "unknown option \"" + QByteArray(arguments[i]) + "\"; kiv-mp3 --help tells the known ones");
     }
-    if (!options.unknown.isEmpty())
-        options.action = Action::Refuse;
     return options;
 }
 
@@ -92,7 +106,7 @@ int answerInTerminal(const StartOptions &options)
     case StartOptions::Action::ShowVersion:
         return printAnswer("kiv-mp3 " + versionText().toUtf8() + '\n');
     default:
-        printError("unknown option \"" + options.unknown + "\"; kiv-mp3 --help tells the known ones");
+        printError(options.refusal);
         return WrongUse;
     }
 }

@@ -3,9 +3,9 @@
 #pragma once
 
 #include <QByteArray>
-#include <QList>
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -13,15 +13,15 @@ struct StartOptions {
     enum class Action { Play, ShowHelp, ShowVersion, Refuse };
 
     Action action = Action::Play;
-    QByteArray unknown;          // The refused option.
-    QList<QByteArray> files;     // As the shell gave them.
-    std::vector<char *> toolkit; // What Qt is to see: the program's name and Qt's own options.
+    QByteArray refusal;             // Why, in one line.
+    std::optional<QByteArray> file; // As the shell gave it.
+    std::vector<char *> toolkit;    // What Qt is to see: the program's name and Qt's own options.
 };
 
 using FileTest = std::function<bool(const QByteArray &name)>;
 
 /// Sorts the arguments, the program's name among them. An argument that begins with "-" is a file if there is one of
-/// that name; what follows "--" always is.
+/// that name; what follows "--" always is. There is one file at most.
 StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &isThere);
 
 /// Does in the terminal what any action but Play asks for: help and version on stdout, an error on stderr. Gives the

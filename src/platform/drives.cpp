@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QStandardPaths>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +50,13 @@ QByteArray spellingOnDisk(const QByteArray &folder, const QByteArray &name)
             found = entry;
     }
     return found.isEmpty() ? name : found;
+}
+
+// The bytes of a file's address on this machine. They need not be text, so they never become one.
+QByteArray hostPathOf(const QUrl &address)
+{
+    const bool isHere = address.isLocalFile() && (address.host().isEmpty() || address.host() == u"localhost"_s);
+    return isHere ? QByteArray::fromPercentEncoding(address.path(QUrl::FullyEncoded).toLatin1()) : QByteArray();
 }
 } // namespace
 
@@ -127,4 +135,16 @@ QString displayPath(const QString &path)
     while (text.size() > 1 && text.endsWith(u'/'))
         text.chop(1);
     return text;
+}
+
+QString fileAddress(const QString &path)
+{
+    const QByteArray host = hostPathOnDisk(path);
+    return host.startsWith('/') ? u"file://"_s + QString::fromLatin1(host.toPercentEncoding("/")) : QString();
+}
+
+QString pathOfAddress(const QString &address)
+{
+    const QByteArray host = address.startsWith(u'/') ? textToBytes(address) : hostPathOf(QUrl(address));
+    return host.startsWith('/') && !host.contains('\0') ? programPath(textFromBytes(host)) : QString();
 }

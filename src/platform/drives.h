@@ -29,3 +29,9 @@ QString programPath(const QString &anyPath);
 
 /// What a person reads: the host's own form of a program path; the path as given for a drive that does not exist.
 QString displayPath(const QString &path);
+
+/// "file://…" of a program path, byte by byte as the host names the file; "" where the host has no such path.
+QString fileAddress(const QString &path);
+
+/// The program path of a file's address, or of a plain path that begins with a slash; "" for everything else.
+QString pathOfAddress(const QString &address);

@@ -2,6 +2,7 @@
 #include "platform/terminal.h"
 
 #include "platform/drives.h"
+#include "platform/file_names.h"
 
 #include <QByteArrayView>
 
@@ -9,6 +10,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -33,14 +36,13 @@ void keepMessage(QtMsgType type, const QMessageLogContext &context, const QStrin
 }
 } // namespace
 
-QString commandLineText(const QStringList &arguments)
+QString commandLineText(const QByteArray &file)
 {
-    QStringList quoted;
-    for (const QString &argument : arguments) {
-        const QString path = isQuoted(argument) ? argument.sliced(1, argument.size() - 2) : argument;
-        quoted += u'"' + programPath(path) + u'"';
-    }
-    return quoted.join(u' ');
+    const QString argument = textFromBytes(file);
+    const QString name = isQuoted(argument) ? argument.sliced(1, argument.size() - 2) : argument;
+    const bool isAddress = name.startsWith("file:"_L1, Qt::CaseInsensitive);
+    const QString path = isAddress ? pathOfAddress(name) : QString();
+    return u'"' + (path.isEmpty() ? programPath(name) : path) + u'"';
 }
 
 ExitStatus printAnswer(const QByteArray &text)

@@ -4,11 +4,10 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
-/// The arguments as one text, each in quotation marks: one that comes without them from a shell is put in them first.
-/// File paths in host form, relative ones too, become program paths. "" when there are no arguments.
-QString commandLineText(const QStringList &arguments);
+/// The file among the arguments in quotation marks: one that comes without them from a shell is put in them first. A
+/// path in host form, a relative one too, and a file's address ("file://…") become a program path.
+QString commandLineText(const QByteArray &file);
 
 enum ExitStatus { Fine = 0, CannotStart = 1, WrongUse = 2 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "remote/remote_control.h"
 
+#include "platform/drives.h"
 #include "platform/folders.h"
 #include "playback/player.h"
 #include "remote/adaptors.h"

@@ -4,9 +4,6 @@
 #include "base/texts.h"
 #include "mp3info/mp3_info.h"
 #include "platform/drives.h"
-#include "platform/file_names.h"
-
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -40,13 +37,6 @@ QVariantMap tagData(const Mp3Info &info)
             data[name] = QStringList(readable(text));
     return data;
 }
-
-// The bytes of a file's address on this machine. They need not be text, so they never become one.
-QByteArray hostPathOf(const QUrl &address)
-{
-    const bool isHere = address.isLocalFile() && (address.host().isEmpty() || address.host() == u"localhost"_s);
-    return isHere ? QByteArray::fromPercentEncoding(address.path(QUrl::FullyEncoded).toLatin1()) : QByteArray();
-}
 } // namespace
 
 QVariantMap songMetadata(const QString &path)
@@ -59,16 +49,4 @@ QVariantMap songMetadata(const QString &path)
     if (info.HasTag())
         song.insert(tagData(info));
     return song;
-}
-
-QString fileAddress(const QString &path)
-{
-    const QByteArray host = hostPathOnDisk(path);
-    return host.startsWith('/') ? u"file://"_s + QString::fromLatin1(host.toPercentEncoding("/")) : QString();
-}
-
-QString pathOfAddress(const QString &address)
-{
-    const QByteArray host = address.startsWith(u'/') ? textToBytes(address) : hostPathOf(QUrl(address));
-    return host.startsWith('/') && !host.contains('\0') ? programPath(textFromBytes(host)) : QString();
 }

@@ -59,7 +59,7 @@ private Q_SLOTS:
         const QObject context;
         bool splashSeen = false;
         QTimer::singleShot(0, &context, [&] { splashSeen = isShown(u"Splash"_s); });
-        QVERIFY(stand.program.start(commandLineText({folder.hostPath() + u"/My Song.mp3"_s})));
+        QVERIFY(stand.program.start(commandLineText(folder.hostPath().toUtf8() + "/My Song.mp3")));
         QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
         const Mp3Frm &window = stand.program.mainWindow();
         QVERIFY(window.isVisible() && !splashSeen);

@@ -101,17 +101,34 @@ private Q_SLOTS:
         QCOMPARE(filesIn(folder.path(u"Music"_s)).size(), 3);
     }
 
-    void quotesEachArgument()
+    void addressesLeadToFilesAndBack()
+    {
+        for (const auto &[address, path, back] : {
+                 std::tuple(u"file:///a/b%20c.mp3"_s, u"z:\\a\\b c.mp3"_s, u"file:///a/b%20c.mp3"_s),
+                 {u"FILE://localhost/5%25%23.mp3"_s, u"z:\\5%#.mp3"_s, u"file:///5%25%23.mp3"_s},
+                 {u"file:///%FF%5C.mp3"_s, u"z:\\\xDCFF\xF05C.mp3"_s, u"file:///%FF%5C.mp3"_s},
+                 {u"/5% ü?.mp3"_s, u"z:\\5% ü?.mp3"_s, u"file:///5%25%20%C3%BC%3F.mp3"_s},
+             }) {
+            QCOMPARE(pathOfAddress(address), path);
+            QCOMPARE(fileAddress(path), back);
+        }
+        for (const auto &refused : {u""_s, u"a.mp3"_s, u"http://a/b.mp3"_s, u"file://other/a.mp3"_s, u"/a\0.mp3"_s,
+                                    u"file:///a%00.mp3"_s, u"c:\\a.mp3"_s})
+            QCOMPARE(pathOfAddress(refused), QString());
+    }
+
+    void quotesTheFile()
     {
         const QString here = programPath(QDir::currentPath());
-        for (const auto &[arguments, text] : {
-                 std::pair(QStringList(), u""_s),
-                 {{u"\"c:\\a b.mp3\""_s}, u"\"c:\\a b.mp3\""_s}, // Quoted already.
-                 {{u"/\""_s}, u"\"z:\\\"\""_s},                  // One mark is a name.
-                 {{u"歌.mp3"_s}, u'"' + here + u"\\歌.mp3\""_s},
-                 {{u"/a"_s, u"/b"_s}, u"\"z:\\a\" \"z:\\b\""_s},
+        for (const auto &[file, text] : {
+                 std::pair("\"c:\\a b.mp3\""_ba, u"\"c:\\a b.mp3\""_s), // Quoted already.
+                 {"/\""_ba, u"\"z:\\\"\""_s},                           // One mark is a name.
+                 {"\xE6\xAD\x8C.mp3"_ba, u'"' + here + u"\\歌.mp3\""_s},
+                 {"file:///a/%C3%BC%20%FF.mp3"_ba, u"\"z:\\a\\ü \xDCFF.mp3\""_s},
+                 {"file:///a%2.mp3"_ba, u"\"z:\\a%2.mp3\""_s},
+                 {"file:a.mp3"_ba, u'"' + here + u"\\file:a.mp3\""_s}, // A name after all.
              })
-            QCOMPARE(commandLineText(arguments), text);
+            QCOMPARE(commandLineText(file), text);
     }
 };
 
