@@ -24,9 +24,13 @@ bool InByteRange(int value, int low, int high)
     return value >= low && value <= high;
 }
 
-int EveryThird(int n)
+// How many seconds a number of frames lasts: the first second has 57 frames and does not count, the next ones have 38,
+// 38 and 39 by turns. A second begun counts.
+int secondsOf(int frames)
 {
-    return n % 3 == 0 ? 1 : 0;
+    constexpr int framesInThree = 38 + 38 + 39;
+    const int counted = std::max(frames - 57, 0);
+    return counted / framesInThree * 3 + (counted % framesInThree + 37) / 38;
 }
 
 // The header's second byte: 1111 for MPEG-1 or 0010 for MPEG-2, two layer bits, the check sum bit.
@@ -97,13 +101,10 @@ QString yesOrNo(bool yes)
     return yes ? u" Yes"_s : u" No"_s;
 }
 
-// Counts the seconds of a number of frames, 38, 38, 39 and so on to a second after a start of 57. False when that gives
-// none; the bit rate then stays. The product of file length and 8 wraps at 32 bits.
+// False when the frames last no second; the bit rate then stays. The product of file length and 8 wraps at 32 bits.
 bool VbrLength(QuickHeader &header, qint64 fileLength, int frames)
 {
-    int seconds = 0;
-    for (int remaining = frames - 57; remaining > 0; remaining -= 38 + EveryThird(seconds))
-        ++seconds;
+    const int seconds = secondsOf(frames);
     header.length = QString::number(seconds) + " seconds"_L1;
     if (seconds == 0)
         return false;
