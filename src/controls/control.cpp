@@ -14,7 +14,7 @@ void setUpControl(QWidget &control, const ControlSetup &setup)
 
 bool isEnter(const QKeyEvent &event)
 {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return !event.isAutoRepeat() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
 }
 
 void Pressable::press()
@@ -55,7 +55,7 @@ void Pressable::mouseReleaseEvent(QMouseEvent *event)
 
 void Pressable::keyPressEvent(QKeyEvent *event)
 {
-    const bool runs = isEnter(*event) || event->key() == Qt::Key_Space;
+    const bool runs = isEnter(*event) || (event->key() == Qt::Key_Space && !event->isAutoRepeat());
     if (m_isButton && runs)
         press();
     else

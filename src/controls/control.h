@@ -16,7 +16,7 @@ struct ControlSetup {
 /// Gives a control its name, its description and its place.
 void setUpControl(QWidget &control, const ControlSetup &setup);
 
-/// Is it one of the two keys that mean "do it"?
+/// Is it one of the two keys that mean "do it", pressed and not repeating by itself?
 bool isEnter(const QKeyEvent &event);
 
 /// Logical pixels of a length in twips.

@@ -2,9 +2,14 @@
 #include "controls/msg_box.h"
 
 #include "base/last_error.h"
+#include "controls/skin_window.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMessageBox>
+#include <QScopedValueRollback>
+
+#include <optional>
 
 namespace
 {
@@ -44,15 +49,31 @@ MsgBox::Answer rehearsedAnswer(MsgBox::Buttons buttons)
 }
 } // namespace
 
+HeldKeys::HeldKeys(QObject *parent) : QObject(parent)
+{
+    qApp->installEventFilter(this);
+}
+
+bool HeldKeys::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
+        return false;
+    m_pressedAnew = m_pressedAnew || !static_cast<QKeyEvent *>(event)->isAutoRepeat();
+    return !m_pressedAnew;
+}
+
 MsgBox::Answer MsgBox::show(const QString &text, const QString &title, Icon icon, Buttons buttons)
 {
     if (rehearsal().isOn) {
-        rehearsal().shown += Shown{text, title, icon};
+        rehearsal().shown += Shown{text, title, icon, buttons};
         return rehearsedAnswer(buttons);
     }
-    QMessageBox box(qtIcon(icon), title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    QMessageBox box(qtIcon(icon), title, text, QMessageBox::NoButton, windowAtWork());
     box.setTextFormat(Qt::PlainText);
     box.setStandardButtons(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes | QMessageBox::No);
+    if (buttons == Buttons::YesNoAtRisk)
+        box.setDefaultButton(QMessageBox::No);
+    const HeldKeys kept;
     const int pressed = box.exec();
     if (buttons == Buttons::Ok)
         return Answer::Ok;
@@ -61,7 +82,22 @@ MsgBox::Answer MsgBox::show(const QString &text, const QString &title, Icon icon
 
 void MsgBox::showError(const ErrorRecord &error)
 {
-    show(errorText(error), errorTitle(error), Icon::Critical);
+    static bool isUp = false;
+    static std::optional<ErrorRecord> next;
+    next = error;
+    if (isUp)
+        return;
+    const QScopedValueRollback up(isUp, true);
+    while (next) {
+        const ErrorRecord told = *std::exchange(next, {});
+        show(errorText(told), errorTitle(told), Icon::Critical);
+    }
+}
+
+QWidget *MsgBox::windowAtWork()
+{
+    QWidget *active = QApplication::activeWindow();
+    return active ? active : SkinWindow::lastActive();
 }
 
 void MsgBox::answerFromNowOn(const QList<Answer> &answers)

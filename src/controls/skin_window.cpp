@@ -26,6 +26,12 @@ void paintPlainPanel(QPainter &painter, const QRect &part, const QRect &window)
     painter.setPen(QColor::fromRgb(palette::graphiteLight));
     painter.drawRect(window.adjusted(0, 0, -1, -1));
 }
+
+QPointer<SkinWindow> &lastActiveWindow()
+{
+    static QPointer<SkinWindow> window;
+    return window;
+}
 } // namespace
 
 SkinWindow::SkinWindow(const QString &name, const QString &caption, Picture skin, QSize size)
@@ -72,7 +78,7 @@ void SkinWindow::paintSkin(QPainter &painter, const QRect &part, const QPoint &o
 
 void SkinWindow::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat())
         Q_EMIT closeRequested();
     else if (event->key() == Qt::Key_F6)
         goToNextWindow();
@@ -93,6 +99,12 @@ void SkinWindow::goToNextWindow() const
     SkinWindow *next = shown[(shown.indexOf(this) + 1) % shown.size()];
     next->raise();
     next->activateWindow();
+}
+
+SkinWindow *SkinWindow::lastActive()
+{
+    SkinWindow *window = lastActiveWindow();
+    return window && window->isSeen() ? window : nullptr;
 }
 
 void SkinWindow::contextMenuEvent(QContextMenuEvent *event)
@@ -139,6 +151,8 @@ void SkinWindow::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange)
         noteSeen();
+    else if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        lastActiveWindow() = this;
 }
 
 void SkinWindow::closeEvent(QCloseEvent *event)

@@ -23,6 +23,9 @@ public:
     /// Can somebody see the window: shown and not minimised?
     bool isSeen() const { return m_seen; }
 
+    /// The window that was active last, while somebody can see it; else none.
+    static SkinWindow *lastActive();
+
     /// The list whose menu is the window's own; none where there is no such menu.
     virtual ListBox *listWithMenu() { return nullptr; }
 

@@ -13,21 +13,22 @@ namespace
 {
 constexpr int fullBar = 1000; // Bytes would not fit into the bar's numbers.
 
-bool saysYes(const QString &question, const QString &title)
+bool saysYes(const QString &question, const QString &title, MsgBox::Buttons buttons)
 {
-    return MsgBox::show(question, title, MsgBox::Icon::Question, MsgBox::Buttons::YesNo) == MsgBox::Answer::Yes;
+    return MsgBox::show(question, title, MsgBox::Icon::Question, buttons) == MsgBox::Answer::Yes;
 }
 
 std::unique_ptr<QProgressDialog> progressWindow(const QString &path)
 {
     auto window = std::make_unique<QProgressDialog>(u"Copying %1"_s.arg(displayPath(path)), u"Cancel"_s, 0, fullBar,
-                                                    QApplication::activeWindow());
+                                                    MsgBox::windowAtWork());
     window->setObjectName(u"CopyProgress"_s);
     window->setWindowTitle(u"Copying"_s);
     window->setWindowModality(Qt::ApplicationModal); // The list the song is in must not change meanwhile.
     window->setMinimumDuration(0);
     window->setAutoReset(false);
     window->setAutoClose(false);
+    new HeldKeys(window.get());
     window->show();
     return window;
 }
@@ -40,18 +41,19 @@ ShellWindows::~ShellWindows() = default;
 bool ShellWindows::mayReplace(const QString &path)
 {
     return saysYes(u"There is already a file %1. Do you want to replace it?"_s.arg(displayPath(path)),
-                   u"Replace File"_s);
+                   u"Replace File"_s, MsgBox::Buttons::YesNoAtRisk);
 }
 
 bool ShellWindows::mayTrash(const QString &path)
 {
-    return saysYes(u"Do you want to move %1 to the trash?"_s.arg(displayPath(path)), u"Delete File"_s);
+    return saysYes(u"Do you want to move %1 to the trash?"_s.arg(displayPath(path)), u"Delete File"_s,
+                   MsgBox::Buttons::YesNo);
 }
 
 bool ShellWindows::mayDeleteForGood(const QString &path)
 {
     return saysYes(u"%1 cannot be moved to the trash. Do you want to delete it for good?"_s.arg(displayPath(path)),
-                   u"Delete File"_s);
+                   u"Delete File"_s, MsgBox::Buttons::YesNoAtRisk);
 }
 
 bool ShellWindows::copyGoesOn(const QString &path, qint64 done, qint64 total)

@@ -4,6 +4,7 @@
 #include "settings/tool_bar.h"
 
 #include "controls/fonts.h"
+#include "controls/msg_box.h"
 #include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
@@ -146,6 +147,7 @@ void ToolBar::Label3_Click()
 
 QString BrowseForFolder(QWidget *parent, const QString &title, const QString &startFolder)
 {
+    const HeldKeys kept;
     const QString start = QFile::decodeName(hostPathOnDisk(startFolder));
     return programPath(QFileDialog::getExistingDirectory(parent, title, start));
 }

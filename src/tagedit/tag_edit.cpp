@@ -283,7 +283,8 @@ bool TagEdit::isPlayingFile() const
 // Is it another song that plays? Tells the user when it is not.
 bool TagEdit::mayChangeTag() const
 {
-    if (isPlayingFile())
-        MsgBox::show(u"Can't Edit Playing Song"_s, u"Tag Error"_s);
-    return !isPlayingFile();
+    const bool may = !isPlayingFile();
+    if (!may)
+        MsgBox::show(u"Can't Edit Playing Song"_s, u"Tag Error"_s); // The song may end while the box is up.
+    return may;
 }

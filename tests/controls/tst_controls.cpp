@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the other controls promise: timers, sliders, buttons, menus and the window that is a picture.
+#include "base/last_error.h"
 #include "base/timer.h"
 #include "controls/accessibility.h"
 #include "controls/label.h"
 #include "controls/menu_items.h"
+#include "controls/msg_box.h"
 #include "controls/picture_box.h"
 #include "controls/scroll_bars.h"
 #include "controls/skin_style.h"
@@ -16,10 +18,12 @@
 #include <QApplication>
 #include <QFile>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QStyleOptionSlider>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -274,6 +278,58 @@ private Q_SLOTS:
         menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         menu->actions()[0]->trigger(); // As assistive tools do.
         QTRY_COMPARE(events, QStringList({u"2"_s, u"closed"_s, u"0"_s, u"closed"_s}));
+    }
+
+    void aBoxIsAnsweredByAFreshKeyAlone_data()
+    {
+        QTest::addColumn<MsgBox::Buttons>("buttons");
+        QTest::addColumn<MsgBox::Answer>("answer");
+        QTest::newRow("a question") << MsgBox::Buttons::YesNo << MsgBox::Answer::Yes;
+        QTest::newRow("a loss for good") << MsgBox::Buttons::YesNoAtRisk << MsgBox::Answer::No;
+    }
+
+    void aBoxIsAnsweredByAFreshKeyAlone()
+    {
+        QFETCH(MsgBox::Buttons, buttons);
+        SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QApplication::setActiveWindow(nullptr); // As when the window has just lost a dialog.
+        bool isOver = false;
+        bool staysOpen = false;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            QWidget *box = QApplication::activeModalWidget();
+            if (!box || !box->focusWidget())
+                return;
+            isOver = box->parentWidget() == &window;
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, {}, true);
+            QCoreApplication::sendEvent(box->focusWidget(), &held);
+            staysOpen = box->isVisible();
+            QTest::keyClick(box->focusWidget(), Qt::Key_Return);
+        });
+        timer.start();
+        QTEST(MsgBox::show(u"Text"_s, u"Title"_s, MsgBox::Icon::Question, buttons), "answer");
+        QVERIFY(isOver && staysOpen);
+    }
+
+    void errorsDoNotPileUp()
+    {
+        QStringList told;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            told += box->text();
+            for (const QString &text : {u"second"_s, u"third"_s})
+                if (told.size() == 1)
+                    MsgBox::showError({1, u"Test"_s, text});
+            box->accept();
+        });
+        timer.start();
+        MsgBox::showError({1, u"Test"_s, u"first"_s});
+        QCOMPARE(told, QStringList({u"Test - first"_s, u"Test - third"_s}));
     }
 
     void aWindowWithoutItsPictureIsPlain()
