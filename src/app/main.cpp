@@ -50,6 +50,7 @@ int main(int argc, char *argv[])
     if (options.action != StartOptions::Action::Play)
         return answerInTerminal(options);
     qSetMessagePattern(u"kiv-mp3: %{if-category}%{category}: %{endif}%{message}"_s);
+    outliveReaders();
     preferX11();
     paintWithoutSharedMemory();
     startNoBus();

@@ -28,6 +28,10 @@ private:
 /// `end` from the event loop, in place of ending the program on the spot. The same signal again does that.
 void onEndingSignals(QObject *listener, const std::function<void()> &end);
 
+/// Writing to a terminal, a pipe or a server that has gone away is an error from now on, and no longer ends the
+/// program.
+void outliveReaders();
+
 /// Name and version of the system and of its kernel, as people write them.
 QString systemVersionText();
 

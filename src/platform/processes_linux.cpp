@@ -56,6 +56,11 @@ SingleInstance::SingleInstance() : m_lock(runtimeFolder() + u"/kiv-mp3.lock"_s)
     m_held = m_held || m_lock.error() != QLockFile::LockFailedError; // No place for a lock: play anyway.
 }
 
+void outliveReaders()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 void onEndingSignals(QObject *listener, const std::function<void()> &end)
 {
     if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)

@@ -19,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr quint64 noSerial = 0;
+constexpr quint64 lastSerial = ~quint64(0); // Of the last order.
 constexpr int lastWaitMs = 1500;
 
 struct Option {
@@ -71,6 +72,12 @@ constexpr Option options[] = {
     {"demuxer-max-back-bytes", "0"},
     {"audio-buffer", "2"},
 };
+
+// What an .mp3, .wav or .wma may turn out to be. Formats that open other files or the network are not among them;
+// pictures are, so that they are known to hold no sound.
+constexpr char songFormats[] =
+    "asf,mp3,wav,w64,aac,ac3,eac3,dts,flac,ogg,mov,matroska,aiff,ape,wv,tta,mpc,mpc8,amr,au,caf,"
+    "dsf,iff,voc,rm,avi,flv,mpeg,mpegts,loas,latm,xwma,gif,jpeg_pipe,png_pipe,webp_pipe,bmp_pipe";
 
 // How far ahead the sound device is filled. Far ahead is thrifty: at 100 ms a sound server wakes the player 150 times a
 // second, at 1000 ms 17 times. But loudness is applied before the device, so it would be heard late. So the first
@@ -165,11 +172,15 @@ MpvCore::~MpvCore()
     if (!m_handle)
         return;
     m_mpv->set_wakeup_callback(m_handle, nullptr, nullptr);
-    stop();
+    command({"stop"}, lastSerial);
+    bool isStopped = false; // Any song begun before that has been announced.
     QElapsedTimer waited;
-    for (waited.start(); !m_isIdle && waited.elapsed() < lastWaitMs;)
-        m_isIdle = m_mpv->wait_event(m_handle, lastWaitMs / 1000.0)->event_id == MPV_EVENT_IDLE;
-    if (m_isIdle)
+    for (waited.start(); !(isStopped && m_isIdle) && waited.elapsed() < lastWaitMs;) {
+        const mpv_event &event = *m_mpv->wait_event(m_handle, lastWaitMs / 1000.0);
+        noteRest(event);
+        isStopped = isStopped || (event.event_id == MPV_EVENT_COMMAND_REPLY && event.reply_userdata == lastSerial);
+    }
+    if (isStopped && m_isIdle)
         m_mpv->terminate_destroy(m_handle);
 }
 
@@ -187,6 +198,8 @@ bool MpvCore::start(int hundredthsOfDecibel)
     for (const Option &option : farAhead)
         setOption(option.name, option.value);
     chooseOutput();
+    const QByteArray formats = '%' + QByteArray::number(qstrlen(songFormats)) + '%' + songFormats; // Holds commas.
+    setOption("demuxer-lavf-o", "protocol_whitelist=file,format_whitelist=" + formats);
     setOption("volume", QByteArray::number(mpvVolume(hundredthsOfDecibel), 'g', 17));
     m_mpv->set_wakeup_callback(m_handle, wake, this);
     return m_mpv->initialize(m_handle) >= 0;
@@ -223,7 +236,6 @@ void MpvCore::command(const QList<QByteArray> &words, quint64 serial)
 
 void MpvCore::load(const QByteArray &path, quint64 serial)
 {
-    m_isIdle = false;
     setFarAhead(true);
     command({"loadfile", path, "replace"}, serial);
 }
@@ -291,8 +303,20 @@ void MpvCore::drain()
     deliver(*event);
 }
 
+// Between songs libmpv is idle and its sound device closed.
+void MpvCore::noteRest(const mpv_event &event)
+{
+    if (event.event_id == MPV_EVENT_START_FILE)
+        m_isIdle = false;
+    if (event.event_id != MPV_EVENT_IDLE)
+        return;
+    m_isIdle = true;
+    m_isDeviceOpen = false;
+}
+
 void MpvCore::deliver(const mpv_event &event)
 {
+    noteRest(event);
     switch (event.event_id) {
     case MPV_EVENT_COMMAND_REPLY:
         if (event.reply_userdata != noSerial)
@@ -311,10 +335,6 @@ void MpvCore::deliver(const mpv_event &event)
         break;
     case MPV_EVENT_END_FILE:
         deliverEnd(*static_cast<mpv_event_end_file *>(event.data));
-        break;
-    case MPV_EVENT_IDLE:
-        m_isIdle = true;
-        m_isDeviceOpen = false;
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
         deliverAnswer(event);

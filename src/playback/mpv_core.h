@@ -64,6 +64,7 @@ private:
     void command(const QList<QByteArray> &words, quint64 serial = 0);
     void drain();
     static void wake(void *core);
+    void noteRest(const struct mpv_event &event);
     void deliver(const struct mpv_event &event);
     void deliverEnd(const struct mpv_event_end_file &end);
     void deliverAnswer(const struct mpv_event &event);

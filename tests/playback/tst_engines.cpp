@@ -178,6 +178,7 @@ private Q_SLOTS:
         QTest::newRow("folder") << u"folder.mp3\\"_s << 75;
         QTest::newRow("garbage") << u"garbage.mp3"_s << 321;
         QTest::newRow("play list that names a song") << u"list.mp3"_s << 321;
+        QTest::newRow("text that opens the network") << u"network.mp3"_s << 321;
         QTest::newRow("picture") << u"picture.mp3"_s << 326;
     }
 
@@ -191,6 +192,9 @@ private Q_SLOTS:
             x.folder.copySample(sample);
         x.folder.makeFolder(u"folder.mp3"_s);
         x.folder.makeFile(u"list.mp3"_s, "#EXTM3U\n" + tone + "\n");
+
+        x.folder.makeFile(u"network.mp3"_s, "v=0\r\no=- 0 0 IN IP4 127.0.0.1\r\ns=x\r\nc=IN IP4 127.0.0.1\r\nt=0 0\r\n"
+                                            "m=audio 5004 RTP/AVP 14\r\n");
 
         x.start(x.folder.path(song));
         QTRY_COMPARE_WITH_TIMEOUT(x.errors.size(), 1, patienceMs);
