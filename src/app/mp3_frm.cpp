@@ -82,7 +82,7 @@ void Mp3Frm::setUpLooks()
     VScroll1.setSmallChange(Player::volumeStep);
     VScroll1.setLargeChange(20);
     VScroll1.setWheelStep(volumePerNotch);
-    VScroll1.setToldInPercent();
+    VScroll1.setAccessibleInPercent();
     bPrev.setButton(Picture::Previous, Picture::PreviousHover, Picture::PreviousPressed, u"|<"_s);
     bPlay.setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
     bPause.setButton(Picture::Pause, Picture::PauseHover, Picture::PausePressed, u"||"_s);

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "base/texts.h"
 #include "controls/skin_window.h"
+#include "remote/adaptors.h"
 #include "settings/window_effects.h"
 
 #include <QCoreApplication>
@@ -32,6 +33,7 @@ Program::Program(MediaEngine &engine)
                      }}),
       m_remote(m_mp3Frm.player(), m_mp3Frm.songs())
 {
+    addInterfaces(m_remote);
     connectMainWindow();
     connectOtherWindows();
     connectMenus();
@@ -48,7 +50,7 @@ void Program::connectMainWindow()
     connect(&m_mp3Frm, &Mp3Frm::songPicked, this, &Program::addPickedSong);
     connect(&m_mp3Frm, &Mp3Frm::folderWanted, this, &Program::chooseFolder);
     connect(&m_mp3Frm, &Mp3Frm::hideWanted, this, &Program::hideMainWindow);
-    connect(&m_mp3Frm, &Mp3Frm::songNameChanged, this, &Program::tellTray);
+    connect(&m_mp3Frm, &Mp3Frm::songNameChanged, this, &Program::updateTray);
     connect(&m_mp3Frm, &Mp3Frm::leaving, this, &Program::leave);
     connect(&m_mp3Frm, &Mp3Frm::unloaded, this, [] { QCoreApplication::exit(); });
     connect(&m_mp3Frm.player(), &Player::songEnded, this, [this] {
@@ -230,7 +232,7 @@ void Program::trayClicked()
     m_mp3Frm.bringBack();
 }
 
-void Program::tellTray(const QString &songName)
+void Program::updateTray(const QString &songName)
 {
     m_trayIcon.UpdateTrayIcon(m_trayPicture, songName);
 }

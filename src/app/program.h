@@ -52,7 +52,7 @@ private:
     void switchRandom(bool on);
     void hideMainWindow();
     void trayClicked();
-    void tellTray(const QString &songName);
+    void updateTray(const QString &songName);
     void leave();
 
     SingleInstance m_instance;

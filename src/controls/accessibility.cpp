@@ -59,14 +59,14 @@ public:
                                                    : QAccessibleWidget::interface_cast(type);
     }
 
-    QVariant currentValue() const override { return bar()->toldValue(bar()->value()); }
-    QVariant minimumValue() const override { return bar()->toldValue(bar()->minimum()); }
-    QVariant maximumValue() const override { return bar()->toldValue(bar()->maximum()); }
+    QVariant currentValue() const override { return bar()->accessibleValue(bar()->value()); }
+    QVariant minimumValue() const override { return bar()->accessibleValue(bar()->minimum()); }
+    QVariant maximumValue() const override { return bar()->accessibleValue(bar()->maximum()); }
     QVariant minimumStepSize() const override
     {
-        return std::max(1, bar()->toldValue(bar()->minimum() + bar()->singleStep()) - minimumValue().toInt());
+        return std::max(1, bar()->accessibleValue(bar()->minimum() + bar()->singleStep()) - minimumValue().toInt());
     }
-    void setCurrentValue(const QVariant &value) override { bar()->scrollToTold(value.toDouble()); }
+    void setCurrentValue(const QVariant &value) override { bar()->scrollToAccessible(value.toDouble()); }
 
     QStringList actionNames() const override
     {

@@ -69,7 +69,7 @@ void DriveListBox::setDrive(const QString &path)
 
 DirListBox::DirListBox(QWidget *parent, const ControlSetup &setup) : ListBox(parent, setup)
 {
-    setToldForm([this](int row) { // Read out, the steps and marks before the names say nothing.
+    setAccessibleForm([this](int row) { // Read out, the steps and marks before the names say nothing.
         const QString text = List(row).trimmed();
         return text.mid(2) + (text.startsWith(openMark) ? u", open"_s : QString());
     });

@@ -36,8 +36,8 @@ public:
 
     QVariant data(const QModelIndex &index, int role) const override
     {
-        if (role == Qt::AccessibleTextRole && m_toldForm)
-            return m_toldForm(index.row());
+        if (role == Qt::AccessibleTextRole && m_accessibleForm)
+            return m_accessibleForm(index.row());
         return role == Qt::DisplayRole ? QVariant(onOneLine(shown(index.row()))) : QVariant();
     }
 
@@ -71,7 +71,7 @@ public:
 
     QStringList m_items;
     std::function<QString(int, const QString &)> m_shownForm;
-    std::function<QString(int)> m_toldForm;
+    std::function<QString(int)> m_accessibleForm;
 };
 
 ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : QListView(parent), m_items(new ListBoxModel(this))
@@ -110,9 +110,9 @@ void ListBox::setShownForm(std::function<QString(int, const QString &)> shownFor
     viewport()->update();
 }
 
-void ListBox::setToldForm(std::function<QString(int)> toldForm)
+void ListBox::setAccessibleForm(std::function<QString(int)> accessibleForm)
 {
-    m_items->m_toldForm = std::move(toldForm);
+    m_items->m_accessibleForm = std::move(accessibleForm);
 }
 
 bool ListBox::RemoveItem(int row)

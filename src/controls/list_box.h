@@ -31,7 +31,7 @@ public:
     void setShownForm(std::function<QString(int row, const QString &item)> shownForm);
 
     /// How assistive tools are told an item, when that is not the text shown.
-    void setToldForm(std::function<QString(int row)> toldForm);
+    void setAccessibleForm(std::function<QString(int row)> accessibleForm);
 
     /// What the tool tip says while the mouse rests on a row; "" for no tip. Beside the rows it is the list's own.
     void setRowTip(std::function<QString(int row)> rowTip) { m_rowTip = std::move(rowTip); }

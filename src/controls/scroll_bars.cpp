@@ -13,7 +13,7 @@ SliderBar::SliderBar(Qt::Orientation orientation, QWidget *parent, const Control
     setFocusPolicy(Qt::TabFocus);
     setContextMenuPolicy(Qt::NoContextMenu);
     setInvertedControls(false); // Up and Right make the value larger, by key and by wheel.
-    connect(this, &QAbstractSlider::valueChanged, this, &SliderBar::tellChange);
+    connect(this, &QAbstractSlider::valueChanged, this, &SliderBar::notifyChange);
 }
 
 void SliderBar::setValue(int value)
@@ -23,15 +23,15 @@ void SliderBar::setValue(int value)
         QScrollBar::setValue(value);
 }
 
-int SliderBar::toldValue(int value) const
+int SliderBar::accessibleValue(int value) const
 {
     const int range = maximum() - minimum();
-    return !m_isToldInPercent ? value : range == 0 ? 0 : qRound(100.0 * (value - minimum()) / range);
+    return !m_isAccessibleInPercent ? value : range == 0 ? 0 : qRound(100.0 * (value - minimum()) / range);
 }
 
-void SliderBar::scrollToTold(double told)
+void SliderBar::scrollToAccessible(double told)
 {
-    scrollTo(qRound(m_isToldInPercent ? minimum() + told * (maximum() - minimum()) / 100 : told));
+    scrollTo(qRound(m_isAccessibleInPercent ? minimum() + told * (maximum() - minimum()) / 100 : told));
 }
 
 void SliderBar::scrollTo(int value)
@@ -59,7 +59,7 @@ void SliderBar::wheelEvent(QWheelEvent *event)
         scrollTo(value() + steps);
 }
 
-void SliderBar::tellChange()
+void SliderBar::notifyChange()
 {
     const bool byUser = m_byUser || isSliderDown();
     Q_EMIT Change();

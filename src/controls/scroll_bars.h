@@ -25,13 +25,13 @@ public:
     void setWheelStep(int step) { m_wheelStep = step; }
 
     /// Assistive tools are told how far up the slider is, in percent, instead of its value.
-    void setToldInPercent() { m_isToldInPercent = true; }
+    void setAccessibleInPercent() { m_isAccessibleInPercent = true; }
 
     /// What assistive tools are told for a value.
-    int toldValue(int value) const;
+    int accessibleValue(int value) const;
 
     /// Scrolls to what they tell.
-    void scrollToTold(double told);
+    void scrollToAccessible(double told);
 
     /// Scrolls as a key or the wheel does.
     void scrollTo(int value);
@@ -45,10 +45,10 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    void tellChange();
+    void notifyChange();
 
     bool m_byUser = false;
-    bool m_isToldInPercent = false;
+    bool m_isAccessibleInPercent = false;
     int m_wheelStep = 0;
     int m_turned = 0; // What the wheel was turned by and the thumb has not moved by yet.
 };

@@ -137,13 +137,13 @@ QString displayPath(const QString &path)
     return text;
 }
 
-QString fileAddress(const QString &path)
+QString fileUri(const QString &path)
 {
     const QByteArray host = hostPathOnDisk(path);
     return host.startsWith('/') ? u"file://"_s + QString::fromLatin1(host.toPercentEncoding("/")) : QString();
 }
 
-QString pathOfAddress(const QString &address)
+QString pathOfUri(const QString &address)
 {
     const QByteArray host = address.startsWith(u'/') ? textToBytes(address) : hostPathOf(QUrl(address));
     return host.startsWith('/') && !host.contains('\0') ? programPath(textFromBytes(host)) : QString();

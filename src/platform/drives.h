@@ -31,7 +31,7 @@ QString programPath(const QString &anyPath);
 QString displayPath(const QString &path);
 
 /// "file://…" of a program path, byte by byte as the host names the file; "" where the host has no such path.
-QString fileAddress(const QString &path);
+QString fileUri(const QString &path);
 
 /// The program path of a file's address, or of a plain path that begins with a slash; "" for everything else.
-QString pathOfAddress(const QString &address);
+QString pathOfUri(const QString &address);

@@ -7,7 +7,7 @@
 #include <QList>
 
 enum class Existing { Keep, Replace };              // What happens to a file that has the name already.
-enum class NameTaken { Done, OtherExists, Failed }; // How taking a name ended.
+enum class RenameResult { Done, OtherExists, Failed }; // How taking a name ended.
 
 /// Is there such an entry? A link counts, wherever it leads.
 bool hostEntryExists(const QByteArray &path);
@@ -26,7 +26,7 @@ bool isHostFolder(const QByteArray &path);
 
 /// Gives an entry another name in the same file system. With Existing::Keep nothing is ever replaced, not even a file
 /// that appears at the same moment.
-NameTaken renameEntry(const QByteArray &from, const QByteArray &to, Existing existing);
+RenameResult renameEntry(const QByteArray &from, const QByteArray &to, Existing existing);
 
 /// Removes an entry for good: a link, not the file it leads to; never a folder.
 bool removeEntry(const QByteArray &path);

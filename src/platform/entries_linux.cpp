@@ -89,14 +89,14 @@ bool isHostFolder(const QByteArray &path)
     return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-NameTaken renameEntry(const QByteArray &from, const QByteArray &to, Existing existing)
+RenameResult renameEntry(const QByteArray &from, const QByteArray &to, Existing existing)
 {
     const int result =
         existing == Existing::Replace ? ::rename(from.constData(), to.constData()) : renameWithoutReplacing(from, to);
     if (result != 0)
-        return errno == EEXIST ? NameTaken::OtherExists : NameTaken::Failed;
+        return errno == EEXIST ? RenameResult::OtherExists : RenameResult::Failed;
     flushFolder(folderOf(to));
-    return NameTaken::Done;
+    return RenameResult::Done;
 }
 
 bool removeEntry(const QByteArray &path)

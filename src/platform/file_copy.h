@@ -18,25 +18,25 @@ using CopyWatcher = std::function<bool(qint64 done, qint64 total)>;
 
 /// The copy of a file, complete and on the disk under a hidden name beside its destination. It vanishes again unless
 /// it takes the destination's name.
-class WaitingCopy
+class PendingCopy
 {
 public:
     /// Copies the first length bytes (all of them without a length), permissions and, as far as allowed, owner and
     /// extended attributes. Nothing when it failed or was stopped; then no trace is left.
-    static std::optional<WaitingCopy> make(const QByteArray &source, const QByteArray &destination, FileTimes times,
+    static std::optional<PendingCopy> make(const QByteArray &source, const QByteArray &destination, FileTimes times,
                                            std::optional<qint64> length = {}, const CopyWatcher &watcher = {});
 
-    WaitingCopy(WaitingCopy &&other) noexcept;
-    WaitingCopy &operator=(WaitingCopy &&) = delete;
-    WaitingCopy(const WaitingCopy &) = delete;
-    WaitingCopy &operator=(const WaitingCopy &) = delete;
-    ~WaitingCopy();
+    PendingCopy(PendingCopy &&other) noexcept;
+    PendingCopy &operator=(PendingCopy &&) = delete;
+    PendingCopy(const PendingCopy &) = delete;
+    PendingCopy &operator=(const PendingCopy &) = delete;
+    ~PendingCopy();
 
     /// Puts the copy in place. After OtherExists it may be called again.
-    NameTaken takeName(Existing existing);
+    RenameResult commit(Existing existing);
 
 private:
-    WaitingCopy(const QByteArray &hiddenName, const QByteArray &destination);
+    PendingCopy(const QByteArray &hiddenName, const QByteArray &destination);
 
     QByteArray m_hiddenName; // Empty once the copy is in place.
     QByteArray m_destination;

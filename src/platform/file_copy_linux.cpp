@@ -96,23 +96,23 @@ QByteArray realPath(const QByteArray &path)
 }
 } // namespace
 
-WaitingCopy::WaitingCopy(const QByteArray &hiddenName, const QByteArray &destination)
+PendingCopy::PendingCopy(const QByteArray &hiddenName, const QByteArray &destination)
     : m_hiddenName(hiddenName), m_destination(destination)
 {
 }
 
-WaitingCopy::WaitingCopy(WaitingCopy &&other) noexcept
+PendingCopy::PendingCopy(PendingCopy &&other) noexcept
     : m_hiddenName(std::exchange(other.m_hiddenName, {})), m_destination(std::exchange(other.m_destination, {}))
 {
 }
 
-WaitingCopy::~WaitingCopy()
+PendingCopy::~PendingCopy()
 {
     if (!m_hiddenName.isEmpty())
         ::unlink(m_hiddenName.constData());
 }
 
-std::optional<WaitingCopy> WaitingCopy::make(const QByteArray &source, const QByteArray &destination, FileTimes times,
+std::optional<PendingCopy> PendingCopy::make(const QByteArray &source, const QByteArray &destination, FileTimes times,
                                              std::optional<qint64> length, const CopyWatcher &watcher)
 {
     const Handle from(::open(source.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
@@ -126,7 +126,7 @@ std::optional<WaitingCopy> WaitingCopy::make(const QByteArray &source, const QBy
     Handle to(::mkostemp(hiddenName.data(), O_CLOEXEC));
     if (!to.isOpen())
         return std::nullopt;
-    WaitingCopy copy(hiddenName, destination);
+    PendingCopy copy(hiddenName, destination);
     if (total < 0 || total > status.st_size || !copyBytes(from.get(), to.get(), total, watcher))
         return std::nullopt;
     copyOwnerAndPermissions(from.get(), to.get(), status);
@@ -137,10 +137,10 @@ std::optional<WaitingCopy> WaitingCopy::make(const QByteArray &source, const QBy
     return copy;
 }
 
-NameTaken WaitingCopy::takeName(Existing existing)
+RenameResult PendingCopy::commit(Existing existing)
 {
-    const NameTaken result = renameEntry(m_hiddenName, m_destination, existing);
-    if (result == NameTaken::Done)
+    const RenameResult result = renameEntry(m_hiddenName, m_destination, existing);
+    if (result == RenameResult::Done)
         m_hiddenName.clear();
     return result;
 }
@@ -150,6 +150,6 @@ bool shortenFile(const QString &path, qint64 length)
     const QByteArray file = realPath(hostPathOnDisk(path));
     if (file.isEmpty() || ::access(file.constData(), W_OK) != 0)
         return false;
-    auto copy = WaitingCopy::make(file, file, FileTimes::Fresh, length);
-    return copy && copy->takeName(Existing::Replace) == NameTaken::Done;
+    auto copy = PendingCopy::make(file, file, FileTimes::Fresh, length);
+    return copy && copy->commit(Existing::Replace) == RenameResult::Done;
 }

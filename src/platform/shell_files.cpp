@@ -34,15 +34,15 @@ QByteArray exactHostPath(const QString &path)
 
 // Runs take(existing), replacing another file only after asking. Asks again when a file appears in the meantime.
 template<class Take>
-ShellOutcome takeNameAsking(const QString &path, Existing existing, ShellPrompts &prompts, Take take)
+ShellOutcome commitAsking(const QString &path, Existing existing, ShellPrompts &prompts, Take take)
 {
-    NameTaken taken = take(existing);
-    if (taken == NameTaken::OtherExists) {
+    RenameResult taken = take(existing);
+    if (taken == RenameResult::OtherExists) {
         if (!prompts.mayReplace(path))
             return ShellOutcome::Declined;
         taken = take(Existing::Replace);
     }
-    return taken == NameTaken::Done ? ShellOutcome::Done : ShellOutcome::Failed;
+    return taken == RenameResult::Done ? ShellOutcome::Done : ShellOutcome::Failed;
 }
 
 // Does the folder of a path list its name with this very spelling?
@@ -58,7 +58,7 @@ ShellOutcome renameOntoItself(const QByteArray &from, const QByteArray &to, cons
                               ShellPrompts &prompts)
 {
     if (!isListed(to))
-        return renameEntry(from, to, Existing::Replace) == NameTaken::Done ? ShellOutcome::Done : ShellOutcome::Failed;
+        return renameEntry(from, to, Existing::Replace) == RenameResult::Done ? ShellOutcome::Done : ShellOutcome::Failed;
     if (!prompts.mayReplace(newPath))
         return ShellOutcome::Declined;
     return removeEntry(from) ? ShellOutcome::Done : ShellOutcome::Failed;
@@ -94,14 +94,14 @@ ShellOutcome ShellCopyFile(const QString &source, const QString &destination, Sh
         return ShellOutcome::Declined;
 
     bool goesOn = true;
-    auto copy = WaitingCopy::make(from, to, FileTimes::Kept, {}, [&](qint64 done, qint64 total) {
+    auto copy = PendingCopy::make(from, to, FileTimes::Kept, {}, [&](qint64 done, qint64 total) {
         goesOn = prompts.copyGoesOn(source, done, total);
         return goesOn;
     });
     if (!copy)
         return goesOn ? ShellOutcome::Failed : ShellOutcome::Declined;
-    return takeNameAsking(destination, replaces ? Existing::Replace : Existing::Keep, prompts,
-                          [&](Existing existing) { return copy->takeName(existing); });
+    return commitAsking(destination, replaces ? Existing::Replace : Existing::Keep, prompts,
+                          [&](Existing existing) { return copy->commit(existing); });
 }
 
 ShellOutcome ShellDeleteFile(const QString &path, ShellPrompts &prompts)
@@ -130,6 +130,6 @@ ShellOutcome ShellRenameFile(const QString &oldPath, const QString &newPath, She
         return renameOntoItself(from, to, newPath, prompts);
     if (isSameFile(from, to)) // One is a link to the other: replacing would leave a link to nothing.
         return ShellOutcome::Failed;
-    return takeNameAsking(newPath, Existing::Keep, prompts,
+    return commitAsking(newPath, Existing::Keep, prompts,
                           [&](Existing existing) { return renameEntry(from, to, existing); });
 }

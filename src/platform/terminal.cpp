@@ -41,7 +41,7 @@ QString commandLineText(const QByteArray &file)
     const QString argument = textFromBytes(file);
     const QString name = isQuoted(argument) ? argument.sliced(1, argument.size() - 2) : argument;
     const bool isAddress = name.startsWith("file:"_L1, Qt::CaseInsensitive);
-    const QString path = isAddress ? pathOfAddress(name) : QString();
+    const QString path = isAddress ? pathOfUri(name) : QString();
     return u'"' + (path.isEmpty() ? programPath(name) : path) + u'"';
 }
 

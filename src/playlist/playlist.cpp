@@ -154,7 +154,7 @@ void Playlist::renewTotal()
     TotalListLength = 0;
     const ErrorRecord error = ReCalcPlayTime().value_or(ErrorRecord());
     showStatus();
-    if (std::exchange(m_toldError, error.description) == error.description || error.description.isEmpty())
+    if (std::exchange(m_shownError, error.description) == error.description || error.description.isEmpty())
         return;
     recordError(error);
     MsgBox::showError(error);

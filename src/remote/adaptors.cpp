@@ -25,3 +25,9 @@ void PlayerAdaptor::setRate(double rate)
     if (rate == 0)
         m_remote.pause();
 }
+
+void addInterfaces(RemoteControl &remote)
+{
+    new RootAdaptor(remote);
+    new PlayerAdaptor(remote);
+}

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The two interfaces by which the desktop knows a media player (MPRIS 2.2), each by the names and types it prescribes.
-// They hold nothing; the remote control knows and does it all.
+// They keep nothing: the remote control knows and does it all.
 #pragma once
 
 #include "remote/remote_control.h"
@@ -96,3 +96,6 @@ Q_SIGNALS:
 private:
     RemoteControl &m_remote;
 };
+
+/// Gives the remote control both interfaces, before it appears on the bus. They live as long as it does.
+void addInterfaces(RemoteControl &remote);

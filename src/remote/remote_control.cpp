@@ -4,7 +4,6 @@
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "playback/player.h"
-#include "remote/adaptors.h"
 #include "remote/song_metadata.h"
 
 #include <QCoreApplication>
@@ -36,10 +35,8 @@ QString takeServiceName(QDBusConnection bus)
 
 RemoteControl::RemoteControl(Player &player, const SongFolder &songs) : m_player(player), m_songs(songs)
 {
-    m_tellTimer.setSingleShot(true);
-    connect(&m_tellTimer, &QTimer::timeout, this, &RemoteControl::tell);
-    new RootAdaptor(*this);
-    new PlayerAdaptor(*this);
+    m_notifyTimer.setSingleShot(true);
+    connect(&m_notifyTimer, &QTimer::timeout, this, &RemoteControl::notify);
 }
 
 RemoteControl::~RemoteControl()
@@ -55,7 +52,7 @@ void RemoteControl::start()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.registerObject(objectPath, this))
         return;
-    tell(); // Nobody knows the player yet: who finds it asks for everything.
+    notify(); // Nobody knows the player yet: who finds it asks for everything.
     m_serviceName = takeServiceName(bus);
     if (!m_serviceName.isEmpty())
         connectHandlers();
@@ -63,41 +60,41 @@ void RemoteControl::start()
 
 void RemoteControl::connectHandlers()
 {
-    connect(&m_player, &Player::stateChanged, this, &RemoteControl::tellSoon);
-    connect(&m_player, &Player::songChanged, this, &RemoteControl::tellSoon);
-    connect(&m_player, &Player::volumeChanged, this, &RemoteControl::tellSoon);
-    connect(&m_songs, &SongFolder::changed, this, &RemoteControl::tellSoon);
+    connect(&m_player, &Player::stateChanged, this, &RemoteControl::notifySoon);
+    connect(&m_player, &Player::songChanged, this, &RemoteControl::notifySoon);
+    connect(&m_player, &Player::volumeChanged, this, &RemoteControl::notifySoon);
+    connect(&m_songs, &SongFolder::changed, this, &RemoteControl::notifySoon);
 }
 
-void RemoteControl::tellSoon()
+void RemoteControl::notifySoon()
 {
-    if (!m_tellTimer.isActive())
-        m_tellTimer.start(0);
+    if (!m_notifyTimer.isActive())
+        m_notifyTimer.start(0);
 }
 
 // Tells what has changed since the last time, if anything has.
-void RemoteControl::tell()
+void RemoteControl::notify()
 {
     const PlayerFacts now = facts();
     const QVariantMap properties = playerProperties(now);
-    const QVariantMap changed = changedProperties(std::exchange(m_told, properties), properties);
+    const QVariantMap changed = changedProperties(std::exchange(m_notified, properties), properties);
     if (!changed.isEmpty()) {
         QDBusMessage message = QDBusMessage::createSignal(objectPath, propertiesInterface, u"PropertiesChanged"_s);
         QDBusConnection::sessionBus().send(message << playerInterface << changed << QStringList());
     }
-    tellPosition(now);
+    notifyPosition(now);
 }
 
-void RemoteControl::tellPosition(const PlayerFacts &now)
+void RemoteControl::notifyPosition(const PlayerFacts &now)
 {
-    if (std::exchange(m_toldSong, now.songNumber) != now.songNumber)
-        m_toldPosition.set(0); // A song that is new to the listeners begins at its start.
+    if (std::exchange(m_notifiedSong, now.songNumber) != now.songNumber)
+        m_notifiedPosition.set(0); // A song that is new to the listeners begins at its start.
     const double position = positionSeconds();
-    if (now.playback != Playback::Stopped && std::abs(m_toldPosition.seconds() - position) > jumpSeconds) {
-        m_toldPosition.set(position);
+    if (now.playback != Playback::Stopped && std::abs(m_notifiedPosition.seconds() - position) > jumpSeconds) {
+        m_notifiedPosition.set(position);
         Q_EMIT jumped(microseconds(position));
     }
-    m_toldPosition.setRunning(now.playback == Playback::Playing);
+    m_notifiedPosition.setRunning(now.playback == Playback::Playing);
 }
 
 Playback RemoteControl::playback() const
@@ -209,7 +206,7 @@ void RemoteControl::setVolume(double volume)
 
 void RemoteControl::open(const QString &address)
 {
-    const QString path = pathOfAddress(address);
+    const QString path = pathOfUri(address);
     if (!path.isEmpty() && fileLength(path))
         Q_EMIT songWanted(path);
     else if (calledFromDBus())

@@ -59,19 +59,19 @@ Q_SIGNALS:
 
 private:
     void connectHandlers();
-    void tellSoon();
-    void tell();
-    void tellPosition(const PlayerFacts &now);
+    void notifySoon();
+    void notify();
+    void notifyPosition(const PlayerFacts &now);
     Playback playback() const;
     const QVariantMap &song();
 
     Player &m_player;
     const SongFolder &m_songs;
     QString m_serviceName; // "" while not on the bus.
-    QTimer m_tellTimer;
+    QTimer m_notifyTimer;
     QVariantMap m_song; // songMetadata() of song m_songNumber; its file is read once.
     int m_songNumber = 0;
-    QVariantMap m_told; // The properties as last told.
-    int m_toldSong = 0;
-    PositionClock m_toldPosition; // Where listeners take the song to be: nobody tells it all the time.
+    QVariantMap m_notified; // The properties as last told.
+    int m_notifiedSong = 0;
+    PositionClock m_notifiedPosition; // Where listeners take the song to be: nobody tells it all the time.
 };

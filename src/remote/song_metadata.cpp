@@ -42,7 +42,7 @@ QVariantMap tagData(const Mp3Info &info)
 QVariantMap songMetadata(const QString &path)
 {
     QVariantMap song{{u"xesam:title"_s, nameWithoutEnding(path)}};
-    if (const QString address = fileAddress(path); !address.isEmpty())
+    if (const QString address = fileUri(path); !address.isEmpty())
         song[u"xesam:url"_s] = address;
     Mp3Info info;
     info.setFileName(path);

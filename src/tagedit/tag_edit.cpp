@@ -81,11 +81,11 @@ TagEdit::TagEdit(const Player &player, const SongFolder &songs)
       labOriginal(&frmMPEG, frmMPEG.inside({u"labOriginal"_s, u"Original"_s, place::labOriginal})),
       Timer1(this, u"Timer1"_s, soonMs, Timer::Kind::OneShot)
 {
-    dress();
+    setUpAppearance();
     connectHandlers();
 }
 
-void TagEdit::dress()
+void TagEdit::setUpAppearance()
 {
     setAttribute(Qt::WA_ShowWithoutActivating); // The window it stands beside goes on having the keyboard.
     const QFont small = fonts::font(fonts::Face::SmallFonts, 11);

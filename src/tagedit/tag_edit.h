@@ -35,7 +35,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void dress();
+    void setUpAppearance();
     void connectHandlers();
     void cmdAdd_Click();
     void cmdRemove_Click();

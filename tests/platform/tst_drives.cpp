@@ -109,12 +109,12 @@ private Q_SLOTS:
                  {u"file:///%FF%5C.mp3"_s, u"z:\\\xDCFF\xF05C.mp3"_s, u"file:///%FF%5C.mp3"_s},
                  {u"/5% ü?.mp3"_s, u"z:\\5% ü?.mp3"_s, u"file:///5%25%20%C3%BC%3F.mp3"_s},
              }) {
-            QCOMPARE(pathOfAddress(address), path);
-            QCOMPARE(fileAddress(path), back);
+            QCOMPARE(pathOfUri(address), path);
+            QCOMPARE(fileUri(path), back);
         }
         for (const auto &refused : {u""_s, u"a.mp3"_s, u"http://a/b.mp3"_s, u"file://other/a.mp3"_s, u"/a\0.mp3"_s,
                                     u"file:///a%00.mp3"_s, u"c:\\a.mp3"_s})
-            QCOMPARE(pathOfAddress(refused), QString());
+            QCOMPARE(pathOfUri(refused), QString());
     }
 
     void quotesTheFile()

@@ -139,9 +139,9 @@ private Q_SLOTS:
     {
         const TestFolder folder;
         const QByteArray source = hostPath(folder.makeFile(u"a.mp3"_s, "new"));
-        auto copy = WaitingCopy::make(source, hostPath(folder.path(u"b.mp3"_s)), FileTimes::Kept);
+        auto copy = PendingCopy::make(source, hostPath(folder.path(u"b.mp3"_s)), FileTimes::Kept);
         folder.makeFile(u"b.mp3"_s, oldBytes);
-        QVERIFY(copy && copy->takeName(Existing::Keep) == NameTaken::OtherExists);
+        QVERIFY(copy && copy->commit(Existing::Keep) == RenameResult::OtherExists);
         QCOMPARE(folder.bytesOf(u"b.mp3"_s), oldBytes);
     }
 

@@ -193,12 +193,12 @@ private Q_SLOTS:
         const TestFolder other;
         other.makeFile(u"50% #1.mp3"_s);
         for (const QString &refused :
-             {fileAddress(other.path()), fileAddress(other.path(u"none.mp3"_s)), u"http://a/b.mp3"_s}) {
+             {fileUri(other.path()), fileUri(other.path(u"none.mp3"_s)), u"http://a/b.mp3"_s}) {
             QCOMPARE(stand.ask(player, u"OpenUri"_s, {refused}).type(), QDBusMessage::ErrorMessage);
             QCOMPARE(stand.takeCalls(), QString());
         }
         const QString song = other.path(u"50% #1.mp3"_s);
-        QCOMPARE(stand.calls(u"OpenUri"_s, {fileAddress(song)}), u"FileName "_s + song + u", Play"_s);
+        QCOMPARE(stand.calls(u"OpenUri"_s, {fileUri(song)}), u"FileName "_s + song + u", Play"_s);
         QCOMPARE(stand.window.File1.items(), QStringList(u"50% #1.mp3"_s));
     }
 
