@@ -19,9 +19,17 @@ if(KIV_FUZZ)
   target_link_options(kiv_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# What Debian asks of programs: a mistake with memory ends the player instead of doing harm.
-target_compile_options(kiv_options INTERFACE $<$<CONFIG:Release>:
-  -fstack-protector-strong -fstack-clash-protection -fcf-protection -D_FORTIFY_SOURCE=2 -Wformat -Werror=format-security>)
+# What Debian asks of programs: a mistake with memory ends the player instead of doing harm. Some of it depends on the
+# processor.
+include(CheckCXXCompilerFlag)
+foreach(flag stack-protector-strong stack-clash-protection cf-protection)
+  check_cxx_compiler_flag(-f${flag} KIV_HAS_${flag})
+  if(KIV_HAS_${flag})
+    target_compile_options(kiv_options INTERFACE $<$<CONFIG:Release>:-f${flag}>)
+  endif()
+endforeach()
+target_compile_options(kiv_options INTERFACE
+  $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2 -Wformat -Werror=format-security>)
 target_link_options(kiv_options INTERFACE $<$<CONFIG:Release>:-Wl,-z,relro,-z,now>)
 
 find_program(KIV_MOLD mold)
@@ -34,10 +42,12 @@ if(KIV_CCACHE)
       ${KIV_CCACHE})
 endif()
 
-# kiv_library(NAME SOURCES file... LIBRARIES library...): the library of one folder of src/.
+# kiv_library(NAME [MOC] SOURCES file... LIBRARIES library...): the library of one folder of src/, headers listed too; MOC
+# where one of them has a Q_OBJECT.
 function(kiv_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "MOC" "" "SOURCES;LIBRARIES")
   add_library(${name} STATIC ${arg_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ${arg_MOC})
   target_link_libraries(${name} PUBLIC kiv_options ${arg_LIBRARIES})
 endfunction()
 
@@ -49,6 +59,7 @@ set(KIV_FOLDERS_WITH_WINDOWS controls settings playlist tagedit filetools app)
 function(kiv_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "UNDER;LIBRARIES")
   add_executable(tst_${name} tst_${name}.cpp)
+  set_target_properties(tst_${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(tst_${name} PRIVATE kiv_options test_support ${arg_LIBRARIES} Qt6::Test)
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-own-home ${arg_UNDER} $<TARGET_FILE:tst_${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 120)

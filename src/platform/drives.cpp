@@ -52,11 +52,11 @@ QByteArray spellingOnDisk(const QByteArray &folder, const QByteArray &name)
     return found.isEmpty() ? name : found;
 }
 
-// The bytes of a file's address on this machine. They need not be text, so they never become one.
-QByteArray hostPathOf(const QUrl &address)
+// The bytes of a file URI on this machine. They need not be text, so they never become one.
+QByteArray hostPathOf(const QUrl &uri)
 {
-    const bool isHere = address.isLocalFile() && (address.host().isEmpty() || address.host() == u"localhost"_s);
-    return isHere ? QByteArray::fromPercentEncoding(address.path(QUrl::FullyEncoded).toLatin1()) : QByteArray();
+    const bool isHere = uri.isLocalFile() && (uri.host().isEmpty() || uri.host() == u"localhost"_s);
+    return isHere ? QByteArray::fromPercentEncoding(uri.path(QUrl::FullyEncoded).toLatin1()) : QByteArray();
 }
 } // namespace
 
@@ -143,8 +143,8 @@ QString fileUri(const QString &path)
     return host.startsWith('/') ? u"file://"_s + QString::fromLatin1(host.toPercentEncoding("/")) : QString();
 }
 
-QString pathOfUri(const QString &address)
+QString pathOfUri(const QString &uri)
 {
-    const QByteArray host = address.startsWith(u'/') ? textToBytes(address) : hostPathOf(QUrl(address));
+    const QByteArray host = uri.startsWith(u'/') ? textToBytes(uri) : hostPathOf(QUrl(uri));
     return host.startsWith('/') && !host.contains('\0') ? programPath(textFromBytes(host)) : QString();
 }

@@ -33,5 +33,5 @@ QString displayPath(const QString &path);
 /// "file://…" of a program path, byte by byte as the host names the file; "" where the host has no such path.
 QString fileUri(const QString &path);
 
-/// The program path of a file's address, or of a plain path that begins with a slash; "" for everything else.
-QString pathOfUri(const QString &address);
+/// The program path of a file URI, or of a plain path that begins with a slash; "" for everything else.
+QString pathOfUri(const QString &uri);

@@ -40,8 +40,8 @@ QString commandLineText(const QByteArray &file)
 {
     const QString argument = textFromBytes(file);
     const QString name = isQuoted(argument) ? argument.sliced(1, argument.size() - 2) : argument;
-    const bool isAddress = name.startsWith("file:"_L1, Qt::CaseInsensitive);
-    const QString path = isAddress ? pathOfUri(name) : QString();
+    const bool isUri = name.startsWith("file:"_L1, Qt::CaseInsensitive);
+    const QString path = isUri ? pathOfUri(name) : QString();
     return u'"' + (path.isEmpty() ? programPath(name) : path) + u'"';
 }
 

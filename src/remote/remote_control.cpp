@@ -204,11 +204,11 @@ void RemoteControl::setVolume(double volume)
         m_player.setVolume(*value);
 }
 
-void RemoteControl::open(const QString &address)
+void RemoteControl::open(const QString &uri)
 {
-    const QString path = pathOfUri(address);
+    const QString path = pathOfUri(uri);
     if (!path.isEmpty() && fileLength(path))
         Q_EMIT songWanted(path);
     else if (calledFromDBus())
-        sendErrorReply(QDBusError::InvalidArgs, u"There is no such file: "_s + address);
+        sendErrorReply(QDBusError::InvalidArgs, u"There is no such file: "_s + uri);
 }

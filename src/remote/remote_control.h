@@ -42,7 +42,7 @@ public:
     void jump(qint64 offsetMicroseconds);
     void setPosition(const QString &track, qint64 positionMicroseconds);
     void setVolume(double volume);
-    void open(const QString &address);
+    void open(const QString &uri);
 
 Q_SIGNALS:
     /// The main window is wanted back.

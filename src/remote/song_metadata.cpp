@@ -42,8 +42,8 @@ QVariantMap tagData(const Mp3Info &info)
 QVariantMap songMetadata(const QString &path)
 {
     QVariantMap song{{u"xesam:title"_s, nameWithoutEnding(path)}};
-    if (const QString address = fileUri(path); !address.isEmpty())
-        song[u"xesam:url"_s] = address;
+    if (const QString uri = fileUri(path); !uri.isEmpty())
+        song[u"xesam:url"_s] = uri;
     Mp3Info info;
     info.setFileName(path);
     if (info.HasTag())

@@ -5,6 +5,6 @@
 #include <QString>
 #include <QVariantMap>
 
-/// A song's data by their names on the bus: its address and title, and what else its tag has. The title is the tag's,
+/// A song's data by their names on the bus: its URI and title, and what else its tag has. The title is the tag's,
 /// or the file name without its ending. Reads the file; a missing one has a title all the same.
 QVariantMap songMetadata(const QString &path);

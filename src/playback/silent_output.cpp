@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The outputs that need no sound server, and which one is taken.
-#include "playback/sound_output.h"
-
 #include "playback/silent_output.h"
 
 #include <QFile>
