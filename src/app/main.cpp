@@ -27,7 +27,7 @@ void preferX11()
 }
 
 // The windows are small: a picture of one goes to the X server with the request itself. In shared memory the server
-// would have to tell after each painting that it has read it, which wakes the player up twice as often.
+// would have to report after each painting that it has read it, which wakes the player up twice as often.
 void paintWithoutSharedMemory()
 {
     if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM"))

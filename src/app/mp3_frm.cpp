@@ -365,7 +365,7 @@ void Mp3Frm::File1_KeyDown(QKeyEvent *event)
     event->accept();
 }
 
-// The mouse is over a song: the menu would act on it. It needs no hint any more.
+// The mouse is over a song: the menu would act on it. The hint goes.
 void Mp3Frm::File1_MouseMove(int row)
 {
     if (m_songs.SongMenuOpen)

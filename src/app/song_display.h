@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Where the song is, how long it is, how loud, and the title that scrolls by: the display of the main window and the
-// two sliders under it. Nothing is shown more often than it changes: a tick says when the next one will have news.
+// two sliders under it. Nothing is shown more often than it changes: a tick says when the next one is due.
 #pragma once
 
 #include "base/timer.h"

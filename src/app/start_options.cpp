@@ -54,7 +54,7 @@ std::size_t toolkitWords(std::string_view argument)
     return isWhole || isOneOf(toolkitOptionsWithEquals, argument.substr(0, argument.find('=') + 1)) ? 1 : 0;
 }
 
-// The first complaint is the one to tell.
+// Only the first error is reported.
 void refuse(StartOptions &options, const QByteArray &why)
 {
     options.action = StartOptions::Action::Refuse;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program's arguments ask for, told before there is an application: an answer in the terminal, or a start.
+// What the program's arguments ask for, known before there is an application: an answer in the terminal, or a start.
 #pragma once
 
 #include <QByteArray>

@@ -11,7 +11,7 @@
 
 namespace
 {
-// A label tells its caption as its name; one that is a button, and a picture button, can be pressed.
+// A label's name is its caption; one that is a button, and a picture button, can be pressed.
 class PressableInterface : public QAccessibleWidget
 {
 public:
@@ -47,7 +47,7 @@ private:
     bool isPressable() const { return control()->isButton(); }
 };
 
-// A slider: it moves by what it tells, in steps too, all of it as the user's doing.
+// A slider. Its accessible value can be set and stepped; both count as the user's doing.
 class SliderInterface : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:

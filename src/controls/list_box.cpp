@@ -229,14 +229,14 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ListBox::mouseMoveEvent(QMouseEvent *event)
 {
-    // A button held chooses nothing on its way: choosing may mean playing.
+    // A drag chooses nothing on its way: choosing may mean playing.
     if (event->buttons() == Qt::NoButton)
         Q_EMIT MouseMove(rowAt(event->position().toPoint()), event->buttons());
 }
 
 void ListBox::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (event->reason() == QContextMenuEvent::Keyboard) // Else the press of the button has told it.
+    if (event->reason() == QContextMenuEvent::Keyboard) // A press of the button has asked already.
         askForMenu();
 }
 

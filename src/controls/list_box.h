@@ -27,10 +27,10 @@ public:
     void setItems(const QStringList &items);
     const QStringList &items() const;
 
-    /// How an item is shown and told by List(), when that is not the item itself (made on demand, row by row).
+    /// How an item is shown and returned by List(), when that is not the item itself (made on demand, row by row).
     void setShownForm(std::function<QString(int row, const QString &item)> shownForm);
 
-    /// How assistive tools are told an item, when that is not the text shown.
+    /// The accessible text of a row, when that is not the text shown.
     void setAccessibleForm(std::function<QString(int row)> accessibleForm);
 
     /// What the tool tip says while the mouse rests on a row; "" for no tip. Beside the rows it is the list's own.

@@ -18,7 +18,7 @@ public:
     /// Captions by index; "-" is a separator and takes an index too.
     MenuItems(QObject *parent, const QString &name, const QStringList &captions);
 
-    /// Says which items have check marks, so that one without its mark can be told from one that never has any.
+    /// Says which items can be checked: they are shown as such while they are unchecked, too.
     void setCheckable(std::initializer_list<int> indexes);
 
     bool Checked(int index) const { return m_items.at(index).isChecked; }

@@ -89,8 +89,8 @@ void MsgBox::showError(const ErrorRecord &error)
         return;
     const QScopedValueRollback up(isUp, true);
     while (next) {
-        const ErrorRecord told = *std::exchange(next, {});
-        show(errorText(told), errorTitle(told), Icon::Critical);
+        const ErrorRecord error = *std::exchange(next, {});
+        show(errorText(error), errorTitle(error), Icon::Critical);
     }
 }
 

@@ -10,8 +10,8 @@
 struct ErrorRecord;
 class QWidget;
 
-/// Keeps a window that opens from the key that opened it: while that key is held and repeats by itself, nobody is told,
-/// until a key goes down anew. One object for one window: its child, or on the stack beside its exec().
+/// Keeps a window that opens from the key that opened it: while that key is held and repeats by itself, no window
+/// learns of it, until a key goes down anew. One object for one window: its child, or on the stack beside its exec().
 class HeldKeys : public QObject
 {
     Q_OBJECT

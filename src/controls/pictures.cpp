@@ -28,7 +28,7 @@ constexpr std::array<PictureFile, static_cast<std::size_t>(Picture::Count)> file
 }};
 static_assert(files.back().name != nullptr, "every picture needs a file");
 
-// The decoder fills what a cut JPEG lacks with grey and calls it a picture; its end mark tells.
+// The decoder fills what a cut JPEG lacks with grey and calls it a picture. A whole one has an end mark.
 bool isWhole(const QByteArray &bytes, const PictureFile &file)
 {
     return QByteArrayView(file.ending) != QByteArrayView(".jpg") || bytes.endsWith("\xFF\xD9");

@@ -29,9 +29,9 @@ int SliderBar::accessibleValue(int value) const
     return !m_isAccessibleInPercent ? value : range == 0 ? 0 : qRound(100.0 * (value - minimum()) / range);
 }
 
-void SliderBar::scrollToAccessible(double told)
+void SliderBar::scrollToAccessible(double accessible)
 {
-    scrollTo(qRound(m_isAccessibleInPercent ? minimum() + told * (maximum() - minimum()) / 100 : told));
+    scrollTo(qRound(m_isAccessibleInPercent ? minimum() + accessible * (maximum() - minimum()) / 100 : accessible));
 }
 
 void SliderBar::scrollTo(int value)

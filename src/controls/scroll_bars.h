@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The sliders. Scroll() is the user's: the thumb dragged, a key, the wheel or an assistive tool. Whatever else moves
-// the thumb fires Change() alone: the program's own setValue(), which leaves a thumb that the user holds where it is,
-// and the mouse on the groove, which moves it by a large change, again and again while the button is held.
+// the thumb fires Change() alone: the program's own setValue(), which leaves a thumb that the user drags where it is,
+// and the mouse on the groove, which moves it by a large change, again and again while the button is down.
 #pragma once
 
 #include "controls/control.h"
@@ -24,14 +24,14 @@ public:
     /// How far a notch of the wheel goes, when that is not a large change.
     void setWheelStep(int step) { m_wheelStep = step; }
 
-    /// Assistive tools are told how far up the slider is, in percent, instead of its value.
+    /// The accessible value is how far up the slider is, in percent, instead of the value itself.
     void setAccessibleInPercent() { m_isAccessibleInPercent = true; }
 
-    /// What assistive tools are told for a value.
+    /// The accessible value that stands for a value.
     int accessibleValue(int value) const;
 
-    /// Scrolls to what they tell.
-    void scrollToAccessible(double told);
+    /// Scrolls to an accessible value.
+    void scrollToAccessible(double accessible);
 
     /// Scrolls as a key or the wheel does.
     void scrollTo(int value);

@@ -31,12 +31,13 @@ QColor lit(QRgb value, int percent)
 // A knob of brushed metal: lit from the top left, the accent across its middle.
 void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider &option)
 {
-    const bool held = (option.state & QStyle::State_Sunken) && (option.activeSubControls & QStyle::SC_ScrollBarSlider);
+    const bool isDragged =
+        (option.state & QStyle::State_Sunken) && (option.activeSubControls & QStyle::SC_ScrollBarSlider);
     const bool across = option.orientation == Qt::Horizontal;
     const QRectF knob =
         QRectF(across ? place.adjusted(0, 1, 0, -1) : place.adjusted(1, 0, -1, 0)).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(colour(palette::ink));
-    painter.setBrush(held ? lit(palette::thumbFace, 115) : colour(palette::thumbFace));
+    painter.setBrush(isDragged ? lit(palette::thumbFace, 115) : colour(palette::thumbFace));
     painter.drawRoundedRect(knob, 2, 2);
     painter.setPen(colour(palette::thumbLight));
     painter.drawPolyline(QPolygonF{knob.bottomLeft() + QPointF(1, -2), knob.topLeft() + QPointF(1, 1),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the name formatter proposes for a file: artist and title told apart by hyphens, then tidied.
+// What the name formatter proposes for a file: artist and title parted at hyphens, then tidied.
 #pragma once
 
 #include <QString>

@@ -13,7 +13,7 @@
 
 struct FrameHeader {
     std::int32_t fileBytes = 0;    // Length of the whole file, tags included; wraps from 2 GiB on.
-    std::int16_t seconds = 0;      // Play length; 0 where it cannot be told or does not fit.
+    std::int16_t seconds = 0;      // Play length; 0 where it is unknown or does not fit.
     std::int16_t mpegVersion = 0;  // 1, 2, 25 (for 2.5) or 0 (reserved).
     std::int16_t layerVersion = 0; // 1, 2, 3 or 0 (reserved).
     std::int16_t kbits = 0;        // kbit/s; 0 for the free and the bad index, 1 for an MPEG-1 header without a layer.

@@ -41,8 +41,8 @@ public:
     /// that may not be read keeps its name and counts as an empty file.
     void setFileName(const QString &path);
 
-    // The tag's texts without the blanks at their end, NULs kept. Set texts are cut to the field's width and held in
-    // Windows-1252, up to WriteTag() only here. Without a tag they are empty.
+    // The tag's texts without the blanks at their end, NULs kept. Set texts are cut to the field's width and made
+    // Windows-1252; WriteTag() puts them into the file. Without a tag they are empty.
     QString Comments() const;
     QString Year() const;
     QString Album() const;

@@ -120,7 +120,7 @@ int xingFrames(QByteArrayView bytes, qsizetype frame)
     return byteAt(bytes, frame + 45) * 65536 + byteAt(bytes, frame + 46) * 256 + byteAt(bytes, frame + 47);
 }
 
-// Fills bit rate and length; false when the length cannot be told.
+// Fills bit rate and length; false when the length cannot be known.
 bool readLength(QByteArrayView bytes, qsizetype frame, qint64 fileLength, int kbit, QuickReading &reading)
 {
     reading.header.bitRate = QString::number(kbit);

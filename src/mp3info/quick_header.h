@@ -11,7 +11,7 @@
 #include <optional>
 
 struct QuickHeader {
-    QString bitRate;     // "128Kbit", "131 Kbit (VBR)"; a bare "128" where the length cannot be told.
+    QString bitRate;     // "128Kbit", "131 Kbit (VBR)"; a bare "128" where the length is unknown.
     QString channelMode; // " Stereo", " Joint Stereo", " 2 Channel", " Mono", with a blank in front.
     QString copyrighted; // " Yes" or " No".
     QString crc;         // "Yes" or "No".
@@ -26,14 +26,14 @@ struct QuickHeader {
 
 struct QuickReading {
     QuickHeader header;
-    std::optional<std::int32_t> cbrSeconds; // The length at a constant bit rate; nothing where it cannot be told.
+    std::optional<std::int32_t> cbrSeconds; // The length at a constant bit rate; nothing where it is unknown.
 };
 
 /// So many first bytes of a file are looked at.
 constexpr qsizetype quickHeaderReach = 4096;
 
 /// Decodes the first frame header in the first bytes of a file of that length (in bytes). Without a frame only the size
-/// is filled; where a length cannot be told (bit rate 0, a Xing header of 57 frames or fewer) decoding ends there.
+/// is filled; where a length cannot be known (bit rate 0, a Xing header of 57 frames or fewer) decoding ends there.
 QuickReading quickHeader(QByteArrayView firstBytes, qint64 fileLength);
 
 /// The same for a file. Empty for a missing file or a folder; the size alone for one that may not be read.

@@ -6,8 +6,8 @@
 #include <QByteArray>
 #include <QList>
 
-enum class Existing { Keep, Replace };              // What happens to a file that has the name already.
-enum class RenameResult { Done, OtherExists, Failed }; // How taking a name ended.
+enum class Existing { Keep, Replace };                 // What happens to a file that has the name already.
+enum class RenameResult { Done, OtherExists, Failed }; // How giving a name ended.
 
 /// Is there such an entry? A link counts, wherever it leads.
 bool hostEntryExists(const QByteArray &path);

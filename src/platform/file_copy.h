@@ -13,11 +13,11 @@
 
 enum class FileTimes { Kept, Fresh }; // Does the copy carry the times of its source?
 
-/// Told of the bytes done and of all bytes, at most ten times a second; false stops the copy.
+/// Called with the bytes done and all bytes, at most ten times a second; false stops the copy.
 using CopyWatcher = std::function<bool(qint64 done, qint64 total)>;
 
-/// The copy of a file, complete and on the disk under a hidden name beside its destination. It vanishes again unless
-/// it takes the destination's name.
+/// The copy of a file, complete and on the disk under a hidden name beside its destination. It is removed
+/// again unless it is committed.
 class PendingCopy
 {
 public:

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// An open file. Offsets count from 0, lengths are 64-bit; who wants less narrows them.
+/// An open file. Offsets count from 0.
 class ByteFile
 {
 public:

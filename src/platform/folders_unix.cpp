@@ -35,7 +35,7 @@ bool isKind(const QByteArray &hostFolder, const dirent &entry, Kind kind)
 {
     if (entry.d_type == DT_REG || entry.d_type == DT_DIR)
         return (entry.d_type == DT_REG) == (kind == Kind::File);
-    const auto status = statusOf(hostFolder + '/' + entry.d_name); // A link, or a file system that does not tell.
+    const auto status = statusOf(hostFolder + '/' + entry.d_name); // A link, or a file system that does not say.
     return status && (kind == Kind::File ? S_ISREG(status->st_mode) : S_ISDIR(status->st_mode));
 }
 

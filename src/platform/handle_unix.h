@@ -17,7 +17,7 @@ public:
 
     int get() const { return m_handle; }
     bool isOpen() const { return m_handle != noHandle; }
-    // Some file systems tell of a failed write only here.
+    // Some file systems report a failed write only here.
     bool close() { return m_handle == noHandle || ::close(std::exchange(m_handle, noHandle)) == 0; }
 
 private:

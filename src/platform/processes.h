@@ -10,18 +10,18 @@
 
 class QObject;
 
-/// One player a user: the first one holds a lock for as long as it runs.
+/// One player a user: the first one has a lock for as long as it runs.
 class SingleInstance
 {
 public:
     SingleInstance();
 
     /// Does another player of this user run already? Asked once, early.
-    bool isPreviousRunning() const { return !m_held; }
+    bool isPreviousRunning() const { return !m_hasLock; }
 
 private:
     QLockFile m_lock;
-    bool m_held = false;
+    bool m_hasLock = false;
 };
 
 /// From now on, and as long as the listener lives, the first signal of a terminal, a shell or a system going down calls
@@ -35,5 +35,5 @@ void outliveReaders();
 /// Name and version of the system and of its kernel, as people write them.
 QString systemVersionText();
 
-/// The running processes the player may see, "number  name" each, by number. Empty where the system does not tell.
+/// The running processes the player may see, "number  name" each, by number. Empty where the system does not say.
 QStringList runningProcesses();

@@ -58,7 +58,8 @@ ShellOutcome renameOntoItself(const QByteArray &from, const QByteArray &to, cons
                               ShellPrompts &prompts)
 {
     if (!isListed(to))
-        return renameEntry(from, to, Existing::Replace) == RenameResult::Done ? ShellOutcome::Done : ShellOutcome::Failed;
+        return renameEntry(from, to, Existing::Replace) == RenameResult::Done ? ShellOutcome::Done
+                                                                              : ShellOutcome::Failed;
     if (!prompts.mayReplace(newPath))
         return ShellOutcome::Declined;
     return removeEntry(from) ? ShellOutcome::Done : ShellOutcome::Failed;
@@ -101,7 +102,7 @@ ShellOutcome ShellCopyFile(const QString &source, const QString &destination, Sh
     if (!copy)
         return goesOn ? ShellOutcome::Failed : ShellOutcome::Declined;
     return commitAsking(destination, replaces ? Existing::Replace : Existing::Keep, prompts,
-                          [&](Existing existing) { return copy->commit(existing); });
+                        [&](Existing existing) { return copy->commit(existing); });
 }
 
 ShellOutcome ShellDeleteFile(const QString &path, ShellPrompts &prompts)
@@ -131,5 +132,5 @@ ShellOutcome ShellRenameFile(const QString &oldPath, const QString &newPath, She
     if (isSameFile(from, to)) // One is a link to the other: replacing would leave a link to nothing.
         return ShellOutcome::Failed;
     return commitAsking(newPath, Existing::Keep, prompts,
-                          [&](Existing existing) { return renameEntry(from, to, existing); });
+                        [&](Existing existing) { return renameEntry(from, to, existing); });
 }

@@ -20,7 +20,7 @@ public:
     /// There is no trash that could take it: may it be deleted for good?
     virtual bool mayDeleteForGood(const QString &path) = 0;
 
-    /// Told of a copy's progress in bytes, at most ten times a second; shows a progress window once the copy has
+    /// Called with a copy's progress in bytes, at most ten times a second; shows a progress window once the copy has
     /// lasted a second. False stops the copy.
     virtual bool copyGoesOn(const QString &path, qint64 done, qint64 total) = 0;
 };

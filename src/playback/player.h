@@ -39,7 +39,7 @@ public:
     /// Silence, and every play mode off.
     void stop();
 
-    /// Ends the sound alone: nobody is told to show that.
+    /// Ends the sound alone, without stopped().
     void stopSound();
 
     /// Chooses the song after (before) the chosen one, around the ends, and plays it. Without a choice the first song
@@ -77,7 +77,7 @@ public:
     double positionSeconds() const { return m_engine.currentPosition(); }
     double lengthSeconds() const { return m_engine.duration(); }
 
-    /// How many songs were opened so far: tells one playing of a song from the next.
+    /// How many songs were opened: each playing of a song has a number of its own.
     int openedSongs() const { return m_openedSongs; }
 
     std::int32_t SongIndex = 0;     // Row of the songs that the automatic advance starts from.

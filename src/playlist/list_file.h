@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The play list's two text files: plain lines when written, comma-separated fields when read. So a name that holds a
-// comma comes back as two items; that is how these files have always been read.
+// The play list's two text files: plain lines when written, comma-separated fields when read. So a name with a comma
+// comes back as two items.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 /// The fields of a list file's text. Blanks and line breaks before a field are skipped; a field that starts with a
 /// double quote runs to the next one (or to the end), both dropped; any other ends at the next comma or line end. The
-/// end-of-file characters (0x1A) that old editors put at the end are no field.
+/// end-of-file characters (0x1A) that some editors put at the end are no field.
 QStringList fieldsOf(QStringView text);
 
 /// One line an item, each ended by carriage return and line feed; nothing is quoted.

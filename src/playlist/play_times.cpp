@@ -15,7 +15,7 @@ constexpr int longTime = 5;
 constexpr int secondsDigits = 2;
 constexpr int typeMismatch = 13;
 
-std::int32_t held(std::int64_t seconds)
+std::int32_t clamped(std::int64_t seconds)
 {
     using Limits = std::numeric_limits<std::int32_t>;
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(seconds, Limits::min(), Limits::max()));
@@ -42,7 +42,7 @@ PlayTimeSum addPlayTimes(const QStringList &times, std::int32_t startSeconds)
             }
             itemSeconds = static_cast<std::int16_t>(*minutes * 60 + *seconds);
         }
-        sum.seconds = held(std::int64_t(sum.seconds) + itemSeconds);
+        sum.seconds = clamped(std::int64_t(sum.seconds) + itemSeconds);
     }
     return sum;
 }

@@ -15,5 +15,5 @@ struct PlayTimeSum {
 };
 
 /// Adds times to startSeconds, up to the first empty one. A time counts with four characters (m:ss) or five (mm:ss);
-/// one of any other length counts as much as the time before it did. The total is held within 32 bits.
+/// one of any other length counts as much as the time before it did. The total is clamped to 32 bits.
 PlayTimeSum addPlayTimes(const QStringList &times, std::int32_t startSeconds = 0);

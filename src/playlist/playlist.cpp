@@ -147,8 +147,8 @@ void Playlist::readListFiles()
     renewTotal();
 }
 
-// The total from anew, and the line that shows it. A text that is no time is told once; the rest of the list counts for
-// nothing until it is gone.
+// Adds up the total and shows it. A text that is no time is reported once; what follows it is not counted while it
+// stands.
 void Playlist::renewTotal()
 {
     TotalListLength = 0;

@@ -88,7 +88,7 @@ private:
     const SongFolder &m_songs;
     Player &m_player;
     RandomOrder m_randomOrder;
-    QString m_shownError; // The bad play time told already: one box is enough while it stands.
+    QString m_shownError; // The bad play time that was reported: one box is enough while it stands.
     bool m_awayWithMain = false;
 
     PictureBox Picture1; // Puts the window away.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the player tells about itself over the desktop's bus, as plain values, and how those are counted there: loudness
-// from 0 to 1, time in microseconds.
+// What the session bus learns of the player, as plain values, and its units: loudness from 0 to 1, time in
+// microseconds.
 #pragma once
 
 #include <QString>
@@ -26,12 +26,12 @@ struct PlayerFacts {
 /// The song's identity on the bus, an object path.
 QString trackPath(int songNumber);
 
-/// Two of them as they are told: "Playing", "Paused", "Stopped"; the song's data with what is known while it plays
-/// only.
+/// Two of them in the form of the bus: "Playing", "Paused", "Stopped"; the song's data with what is known while it
+/// plays only.
 QString playbackStatus(Playback playback);
 QVariantMap metadata(const PlayerFacts &facts);
 
-/// The facts by the names of the player interface's properties, those that are told when they change.
+/// The facts by the names of the player interface's properties, those whose changes are reported.
 QVariantMap playerProperties(const PlayerFacts &facts);
 
 /// What of now is not in before, or different there.

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr double jumpSeconds = 0.5; // So far astray listeners are put right.
+constexpr double jumpSeconds = 0.5; // Listeners that are further off are corrected.
 const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
 const QString serviceName = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
@@ -52,7 +52,7 @@ void RemoteControl::start()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.registerObject(objectPath, this))
         return;
-    notify(); // Nobody knows the player yet: who finds it asks for everything.
+    notify(); // Before the name is taken: whoever finds it asks for everything.
     m_serviceName = takeServiceName(bus);
     if (!m_serviceName.isEmpty())
         connectHandlers();
@@ -72,7 +72,7 @@ void RemoteControl::notifySoon()
         m_notifyTimer.start(0);
 }
 
-// Tells what has changed since the last time, if anything has.
+// Reports what has changed since the last time, if anything has.
 void RemoteControl::notify()
 {
     const PlayerFacts now = facts();
@@ -146,7 +146,7 @@ void RemoteControl::play()
     }
 }
 
-// The first turn may but end a pause that an earlier song was left in; then it takes another.
+// The first call may only end a pause that was left over from the song before; then a second one pauses.
 void RemoteControl::pause()
 {
     for (int turns = 0; turns < 2 && playback() == Playback::Playing; ++turns)
@@ -188,7 +188,7 @@ void RemoteControl::jump(qint64 offsetMicroseconds)
         next();
 }
 
-// Seeks within the song that was meant; a late wish for an earlier song is none.
+// Seeks within the song that was meant; a late request for another song does nothing.
 void RemoteControl::setPosition(const QString &track, qint64 positionMicroseconds)
 {
     const PlayerFacts now = facts();

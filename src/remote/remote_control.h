@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The player on the desktop's session bus: media keys, desktop widgets and command line tools ask it what plays and
-// tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands go to the
-// transport. What changes is told once, after the handler that changed it; the position is only told when it
-// jumps. Without a bus nothing happens.
+// tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands go to the transport.
+// Changes are reported once, after the handler that made them; the position only when it jumps. Without a bus nothing
+// happens.
 #pragma once
 
 #include "playback/position_clock.h"
@@ -71,7 +71,7 @@ private:
     QTimer m_notifyTimer;
     QVariantMap m_song; // songMetadata() of song m_songNumber; its file is read once.
     int m_songNumber = 0;
-    QVariantMap m_notified; // The properties as last told.
+    QVariantMap m_notified; // The properties as last reported.
     int m_notifiedSong = 0;
-    PositionClock m_notifiedPosition; // Where listeners take the song to be: nobody tells it all the time.
+    PositionClock m_notifiedPosition; // Where listeners believe the song to be.
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is told of a song over the desktop's bus.
+// What the session bus learns of a song.
 #pragma once
 
 #include <QString>

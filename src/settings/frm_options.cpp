@@ -35,7 +35,7 @@ void writeState(const CheckBox &box, Setting setting)
     writeSetting(setting, QString::number(box.State()));
 }
 
-// Makes the shortcut. Whether that worked is not told: the text for the user is always empty.
+// Makes the shortcut. The text for the user is empty whether that worked or not.
 QString CreateDesktopLink(const QString &folder, const QString &name, const QString &target)
 {
     createDesktopShortcut(folder, name, target);

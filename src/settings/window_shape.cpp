@@ -17,7 +17,7 @@ struct Span {
 
 using Row = std::vector<Span>;
 
-// Tells the key colour from the rest. Pixels that are fully transparent are one colour, whatever lies under it.
+// Recognises the key colour. Pixels that are fully transparent are one colour, whatever lies under it.
 class KeyColour
 {
 public:

@@ -13,12 +13,12 @@
 /// The tag of a song, blanks around its texts removed; nothing for a missing file or one without a tag.
 std::optional<Id3v1Tag> readTag(const QString &path);
 
-/// What the editor offers for a song that has just got its tag: artist and title told apart by the first hyphen of the
+/// What the editor offers for a song that has just got its tag: artist and title parted at the first hyphen of the
 /// song's name, and no genre.
 Id3v1Tag tagFromName(const QString &songName);
 
-/// Appends an empty tag without a genre. The file grows by 128 bytes and its former last byte becomes 0, which is how
-/// songs were tagged from the start; an empty file has no such byte.
+/// Appends an empty tag without a genre. The file grows by 128 bytes and its former last byte becomes 0; an empty
+/// file has no such byte.
 bool addTag(const QString &path);
 
 /// Writes the tag over the last 128 bytes, whatever they are. False for a shorter file too.

@@ -146,7 +146,7 @@ void TagEdit::keyPressEvent(QKeyEvent *event)
         SkinWindow::keyPressEvent(event);
 }
 
-// Add ID3: the file gets an empty tag at once, the fields what its name tells. Only Save writes them.
+// Add ID3: the file gets an empty tag at once, the fields are filled from its name. Only Save writes them.
 void TagEdit::cmdAdd_Click()
 {
     if (!mayChangeTag() || !addTag(m_file))
@@ -261,7 +261,7 @@ Id3v1Tag TagEdit::typedTag() const
             Year.Text(),  Comment.Text(), editorGenreNumber(Genre.ListIndex())};
 }
 
-// The song chosen in the main window tells the texts; with none chosen there, the edited one.
+// The texts come from the name of the song chosen in the main window; without one, from the edited song's.
 QString TagEdit::nameForNewTag() const
 {
     const QString chosen = m_songs.chosenName();
@@ -280,7 +280,7 @@ bool TagEdit::isPlayingFile() const
     return !file.isEmpty() && file == hostPath(m_player.playingPath());
 }
 
-// Is it another song that plays? Tells the user when it is not.
+// Is it another song that plays? Shows a message when it is not.
 bool TagEdit::mayChangeTag() const
 {
     const bool may = !isPlayingFile();

@@ -59,7 +59,7 @@ private:
     const SongFolder &m_songs;
     QString m_file; // The edited song, a program path.
 
-    Label Caption;     // The window's caption; tells of a removal while it lasts.
+    Label Caption;     // The window's caption; says so while a tag is removed.
     Frame frmNoTag;    // In the place of frmID3 when the song has no tag.
     Label labNoTag;    // Says so.
     Label cmdAdd;      // Add a tag, with texts taken from the song's name.
