@@ -13,7 +13,9 @@ namespace
 {
 constexpr int shownItems = 16;
 constexpr int arrowRoom = 20;
-constexpr int textIndent = 4;
+constexpr int textIndent = 5;
+constexpr int besideRing = 3;   // Between the focus ring and the text of a field.
+constexpr int roomForCaret = 3; // That Qt leaves at each end of it.
 } // namespace
 
 CheckBox::CheckBox(QWidget *parent, const ControlSetup &setup, const QString &caption) : QCheckBox(caption, parent)
@@ -41,6 +43,7 @@ ComboBox::ComboBox(QWidget *parent, const ControlSetup &setup, const QStringList
 {
     setUpControl(*this, setup);
     setFont(fonts::font(fonts::Face::Arial, 12));
+    setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(shownItems);
     addItems(items);
     setCurrentIndex(-1);
@@ -62,6 +65,14 @@ void ComboBox::paintEvent(QPaintEvent *)
         paintFocusRing(painter, rect());
 }
 
+void ComboBox::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
 TextBox::TextBox(QWidget *parent, const ControlSetup &setup) : QLineEdit(parent)
 {
     setUpControl(*this, setup);
@@ -69,6 +80,8 @@ TextBox::TextBox(QWidget *parent, const ControlSetup &setup) : QLineEdit(parent)
     QPalette colours = palette();
     colours.setColor(QPalette::Base, Qt::transparent); // The well of the skin shows through.
     setPalette(colours);
+    setTextMargins(besideRing, 0, besideRing, 0);
+    connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
     connect(this, &QLineEdit::textChanged, this, &TextBox::Change);
 }
 
@@ -80,11 +93,26 @@ void TextBox::setText(const QString &text)
 
 void TextBox::setDisplayOnly()
 {
+    m_isDisplay = true;
     setReadOnly(true);
+    setTextMargins(-roomForCaret, 0, -roomForCaret, 0); // There is none.
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::ArrowCursor);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void TextBox::fitText()
+{
+    if (!m_isDisplay)
+        return;
+    QFont wanted = font();
+    wanted.setStretch(QFont::AnyStretch);
+    const qreal needed = QFontMetricsF(wanted).horizontalAdvance(text());
+    if (needed > width())
+        wanted.setStretch(static_cast<int>(QFont::Unstretched * width() / needed));
+    if (wanted != font())
+        setFont(wanted);
 }
 
 void TextBox::keyPressEvent(QKeyEvent *event)

@@ -28,7 +28,8 @@ Q_SIGNALS:
     void Click();
 };
 
-/// A drop-down list in a well of the skin: one of its items is chosen, or none.
+/// A drop-down list in a well of the skin: one of its items is chosen, or none. The wheel changes it only while it has
+/// the keyboard, and does not give it that.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -45,6 +46,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 };
 
 /// One line of text, edited or just shown. A change made by the program fires Change() as typing does.
@@ -58,7 +60,8 @@ public:
     QString Text() const { return text(); }
     void setText(const QString &text);
 
-    /// Shows only: no frame, no caret, no keyboard.
+    /// Shows only, in the font that it has: no frame, no caret, no keyboard. A text too wide for its place is set in
+    /// narrower letters.
     void setDisplayOnly();
 
 Q_SIGNALS:
@@ -76,4 +79,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    void fitText();
+
+    bool m_isDisplay = false;
 };

@@ -47,9 +47,8 @@ FolderRows rowsFor(const QString &path)
 }
 } // namespace
 
-DriveListBox::DriveListBox(QWidget *parent, const ControlSetup &setup) : QComboBox(parent)
+DriveListBox::DriveListBox(QWidget *parent, const ControlSetup &setup) : ComboBox(parent, setup, {})
 {
-    setUpControl(*this, setup);
     for (const QString &drive : drives())
         addItem(drive + u"  "_s + displayPath(drive), drive);
     connect(this, &QComboBox::currentIndexChanged, this, &DriveListBox::Change);

@@ -2,12 +2,11 @@
 // The file system as lists: drives, folders, the files of one folder.
 #pragma once
 
+#include "controls/fields.h"
 #include "controls/list_box.h"
 
-#include <QComboBox>
-
 /// The drives to choose from. Choosing another one fires Change(), whether the user or the program does it.
-class DriveListBox : public QComboBox
+class DriveListBox : public ComboBox
 {
     Q_OBJECT
 

@@ -149,7 +149,8 @@ void Label::paintEvent(QPaintEvent *event)
         paintMarquee(painter, event->rect());
         return;
     }
-    paintLight(painter);
+    if (isButton())
+        paintLight(painter);
     QColor colour = m_colour;
     if (!isEnabled())
         colour.setAlphaF(0.4F);
@@ -161,14 +162,16 @@ void Label::paintEvent(QPaintEvent *event)
         paintFocusRing(painter, rect());
 }
 
-// The light of the mouse on a button; its face is on the skin.
+// The light of the mouse on a button, or the shade on one that cannot be pressed; its face is on the skin.
 void Label::paintLight(QPainter &painter) const
 {
-    if (!isButton() || !isEnabled() || !(isPressed() || isHovered()))
+    if (isEnabled() && !isPressed() && !isHovered())
         return;
+    QColor shade = QColor::fromRgb(palette::graphite);
+    shade.setAlphaF(0.7F);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgba(isPressed() ? palette::keyPressed : palette::keyHover));
+    painter.setBrush(!isEnabled() ? shade : QColor::fromRgba(isPressed() ? palette::keyPressed : palette::keyHover));
     painter.drawRoundedRect(rect(), 3, 3);
 }
 

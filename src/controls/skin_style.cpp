@@ -324,6 +324,7 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidg
     switch (hint) {
     case SH_ScrollBar_MiddleClickAbsolutePosition: // A slider's thumb goes where it is dragged only.
         return isSlider(widget) ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    case SH_EtchDisabledText: // Its light edge makes dim text bolder than the rest.
     case SH_ScrollBar_Transient:
     case SH_DialogButtonBox_ButtonsHaveIcons:
         return 0;

@@ -28,6 +28,8 @@ namespace
 {
 const QString formCaption = u"Zelk MP3 ID3 Tag Editor"_s;
 const QString removingCaption = u"Removing Tag"_s;
+const QString cannotSave = u"Can't Edit The Playing Song"_s;
+const QString cannotChange = u"Can't Edit Playing Song"_s;
 constexpr int soonMs = 1;
 
 QStringList genreNames()
@@ -137,11 +139,11 @@ void TagEdit::showBeside(QWidget &neighbour)
     neighbour.activateWindow();
 }
 
-// Enter in a field saves.
+// Enter in a field saves, or tells why not.
 void TagEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (isEnter(*event))
-        cmdSave.press();
+    if (isEnter(*event) && frmButtons.isVisible())
+        cmdSave_Click();
     else
         SkinWindow::keyPressEvent(event);
 }
@@ -182,19 +184,22 @@ void TagEdit::cmdCancel_Click()
 void TagEdit::cmdSave_Click()
 {
     if (isPlayingFile())
-        MsgBox::show(u"Can't Edit The Playing Song"_s, u"ReName Error"_s, MsgBox::Icon::Information);
+        MsgBox::show(cannotSave, u"ReName Error"_s, MsgBox::Icon::Information);
     else if (saveTag(m_file, typedTag()))
         GetTagInf();
 }
 
-// The song that plays may have changed: its tag must stay as it is.
+// The song that plays may have changed: its tag must stay as it is, and the buttons' tips tell so.
 void TagEdit::Timer1_Timer()
 {
     const bool mayChange = !isPlayingFile();
     if (cmdSave.isEnabled() == mayChange)
         return;
-    for (Label *button : {&cmdSave, &cmdRemove, &cmdAdd})
+    for (Label *button : {&cmdSave, &cmdRemove, &cmdAdd}) {
+        const QString why = button == &cmdSave ? cannotSave : cannotChange;
         button->setEnabled(mayChange);
+        button->setToolTip(mayChange ? QString() : why);
+    }
 }
 
 void TagEdit::GetTagInf()
@@ -285,6 +290,6 @@ bool TagEdit::mayChangeTag() const
 {
     const bool may = !isPlayingFile();
     if (!may)
-        MsgBox::show(u"Can't Edit Playing Song"_s, u"Tag Error"_s); // The song may end while the box is up.
+        MsgBox::show(cannotChange, u"Tag Error"_s); // The song may end while the box is up.
     return may;
 }

@@ -3,6 +3,8 @@
 #include "base/last_error.h"
 #include "base/timer.h"
 #include "controls/accessibility.h"
+#include "controls/fields.h"
+#include "controls/fonts.h"
 #include "controls/label.h"
 #include "controls/menu_items.h"
 #include "controls/msg_box.h"
@@ -12,6 +14,7 @@
 #include "controls/skin_window.h"
 #include "platform/desktop.h"
 #include "skins/palette.h"
+#include "skins/places.h"
 #include "support/test_files.h"
 
 #include <QAccessible>
@@ -175,6 +178,49 @@ private Q_SLOTS:
         position.setMax(-5);
         QCOMPARE(position.Max(), 0);
         QCOMPARE(scrolls.size(), 3);
+    }
+
+    void aDropDownTurnsOnlyWithTheKeyboard()
+    {
+        QWidget window;
+        ComboBox box(&window, at({0, 0, 100, 22}), {u"a"_s, u"b"_s, u"c"_s});
+        box.setListIndex(0);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const auto turn = [&box] {
+            QWheelEvent down({10, 10}, box.mapToGlobal(QPointF(10, 10)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                             false);
+            QApplication::sendEvent(&box, &down);
+            return box.ListIndex();
+        };
+        window.setFocus();
+        QCOMPARE(turn(), 0);
+        QVERIFY(!box.hasFocus());
+        box.setFocus();
+        QCOMPARE(turn(), 1);
+    }
+
+    void everyTimeFitsItsPlace_data()
+    {
+        QTest::addColumn<QString>("time");
+        QTest::newRow("short") << u"0:00/0:00"_s;
+        QTest::newRow("over an hour") << u"2:46:29/2:58:42"_s;
+        QTest::newRow("longest") << u"99:59:59/99:59:59"_s;
+    }
+
+    void everyTimeFitsItsPlace()
+    {
+        QFETCH(QString, time);
+        QWidget window;
+        TextBox box(&window, at(places::Mp3Frm::Text1));
+        const QFont font = fonts::font(fonts::Face::MatisseItc, 22);
+        box.setFont(font);
+        box.setDisplayOnly();
+        box.setText(u"99:59:59/99:59:59"_s);
+        box.setText(time);
+        QVERIFY(QFontMetricsF(box.font()).horizontalAdvance(time) <= box.width());
+        QCOMPARE(box.font() == font, QFontMetricsF(font).horizontalAdvance(time) <= box.width());
     }
 
     void labelsAndPicturesArePressed()

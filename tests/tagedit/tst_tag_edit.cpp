@@ -37,6 +37,9 @@ private Q_SLOTS:
     {
         edit(u"garbage.mp3"_s);
         QCOMPARE(shownFrames(), u"frmNoTag frmNoMPEG"_s);
+        const QByteArray before = bytes();
+        QTest::keyClick(&m_windows->editor, Qt::Key_Return); // There is nothing to save.
+        QCOMPARE(bytes(), before);
         edit(u"id3v1-spaces.mp3"_s);
         m_windows->editor.reload(folder().path(u"gone.mp3"_s));
         QCOMPARE(box(u"Title"_s).Text(), u"Blue Café"_s);
@@ -105,11 +108,15 @@ private Q_SLOTS:
                               u"Tag Error|Can't Edit Playing Song"_s}));
         QCOMPARE(bytes(), before);
         QTRY_VERIFY(!button(u"cmdSave"_s).isEnabled());
+        QVERIFY(!button(u"cmdRemove"_s).toolTip().isEmpty());
+        QTest::keyClick(&box(u"Title"_s), Qt::Key_Return);
+        QCOMPARE(takeBoxes().size(), 1);
         main.Label10.press(); // A song that is held still plays.
         QTest::qWait(20);
         QVERIFY(!button(u"cmdRemove"_s).isEnabled());
         main.Label2.press();
         QTRY_VERIFY(button(u"cmdSave"_s).isEnabled());
+        QCOMPARE(button(u"cmdSave"_s).toolTip(), QString());
         button(u"cmdSave"_s).press();
         QCOMPARE(takeBoxes(), QStringList());
     }
