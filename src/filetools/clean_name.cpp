@@ -27,13 +27,15 @@ bool isSmallLetter(QChar character)
     return character >= u'a' && character <= u'z';
 }
 
-// Codes are single bytes and wrap within the byte; a character that has no such code stays as it is.
+// Codes are single bytes; a character that has none, or none 32 below it, stays as it is.
 QChar moved32Down(QChar character)
 {
     if (!fitsAnsi(QStringView(&character, 1)))
         return character;
     const auto code = static_cast<unsigned char>(toAnsi(QStringView(&character, 1)).front());
-    const char lower = static_cast<char>(static_cast<unsigned char>(code - capitalDistance));
+    if (code < capitalDistance)
+        return character;
+    const char lower = static_cast<char>(code - capitalDistance);
     return fromAnsi(QByteArrayView(&lower, 1)).front();
 }
 
