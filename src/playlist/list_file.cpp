@@ -36,7 +36,7 @@ public:
         return m_at != m_end;
     }
 
-    QString readField() { return *m_at == u'"' ? readQuoted() : readPlain(); }
+    QString readField() { return isQuoted() ? readQuoted() : readPlain(); }
 
 private:
     template<class Condition>
@@ -45,11 +45,14 @@ private:
         m_at = std::find_if_not(m_at, m_end, condition);
     }
 
+    // A quotation mark that is never closed belongs to the text: else it would swallow all that follows.
+    bool isQuoted() const { return *m_at == u'"' && std::find(m_at + 1, m_end, u'"') != m_end; }
+
     QString readQuoted()
     {
         const auto start = m_at + 1;
         const auto close = std::find(start, m_end, u'"');
-        m_at = close == m_end ? m_end : close + 1;
+        m_at = close + 1;
         skip(isBlank);
         skipSeparator();
         return QStringView(start, close).toString();

@@ -243,6 +243,8 @@ void Playlist::playSelected()
 // Selects the song that moved up into the place, or the one before when the last has gone.
 std::optional<ErrorRecord> Playlist::removeSelected()
 {
+    if (List1.List(0).isEmpty())
+        TotalListLength = 0; // Also when there is nothing to remove.
     const int row = List1.ListIndex();
     if (row < 0)
         return ErrorRecord{invalidCall, objectName(), u"No song is selected in the play list."_s};

@@ -46,7 +46,8 @@ private Q_SLOTS:
         row("quoted over two lines", u"\"a\r\nb\"\r\nc"_s, {u"a\r\nb"_s, u"c"_s});
         row("text after a quote", u"\"a\"b\r\n"_s, {u"a"_s, u"b"_s});
         row("quote inside", u"a \"b\" c\r\n"_s, {u"a \"b\" c"_s});
-        row("unclosed quote", u"a\r\n\"b\r\nc\r\n"_s, {u"a"_s, u"b\r\nc\r\n"_s});
+        row("quote closed at the end", u"a\r\n\"b, d\r\nc\r\n\""_s, {u"a"_s, u"b, d\r\nc\r\n"_s});
+        row("quote never closed", u"\"a\" \"b, d\r\nc\r\n"_s, {u"a"_s, u"\"b"_s, u"d"_s, u"c"_s});
         row("end-of-file letters", u"a\u001Ab\r\n\u001A\u001A"_s, {u"a\u001Ab"_s});
     }
 

@@ -86,8 +86,13 @@ private Q_SLOTS:
         m_songs->setListIndex(1);
         QTest::keyClick(m_songs, Qt::Key_Delete);
         QCOMPARE(m_playlist->songs(), (QStringList{u"Artist"_s, u"Song"_s}));
+        SaveListFile(paths::playListFile, {});
+        m_playlist->loadLists();
+        QCOMPARE(m_playlist->TotalListLength, 60);
+        QTest::keyClick(m_songs, Qt::Key_Delete);
+        QCOMPARE(m_playlist->TotalListLength, 0);
         const QStringList shown = takeBoxes();
-        QCOMPARE(shown.filter(u"Error - 5|"_s).size(), 2);
+        QCOMPARE(shown.filter(u"Error - 5|"_s).size(), 3);
         QVERIFY(shown[0] != shown[1]);
     }
 
