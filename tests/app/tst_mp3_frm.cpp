@@ -6,7 +6,7 @@
 #include "platform/folders.h"
 #include "settings/settings_store.h"
 #include "settings/window_rules.h"
-#include "support/player_stand.h"
+#include "tests/app/main_window_stand.h"
 
 #include <QContextMenuEvent>
 #include <QDir>
@@ -28,7 +28,7 @@ private Q_SLOTS:
 
     void aFirstStartWritesThreeSettings()
     {
-        PlayerStand stand({u"Song.mp3"_s});
+        MainWindowStand stand({u"Song.mp3"_s});
         QVERIFY(QDir::setCurrent(stand.folder.hostPath()));
         stand.engine.setVolume(-600);
         stand.window.Load();
@@ -45,7 +45,7 @@ private Q_SLOTS:
     {
         for (const auto &stored : {u"-600"_s, u"0"_s, u""_s, u"abc"_s, u"1"_s, u"-2291"_s}) {
             writeSetting(Setting::Volume, stored);
-            PlayerStand stand;
+            MainWindowStand stand;
             stand.engine.setVolume(-100);
             stand.window.Load();
             QCOMPARE(stand.window.VScroll1.Value(), stored == u"-600"_s ? -600 : -100);
@@ -64,7 +64,7 @@ private Q_SLOTS:
                  {displayPath(settings) + u'/', settings + u'\\'}, // Written by hand.
              }) {
             writeSetting(Setting::Mp3Path, stored);
-            PlayerStand stand;
+            MainWindowStand stand;
             stand.window.Load();
             const QString taken = stand.window.File1.Path();
             QVERIFY2(path.isEmpty() ? folderExists(taken) && !taken.startsWith(u"c:"_s) : taken == path,
@@ -74,7 +74,7 @@ private Q_SLOTS:
 
     void exitKeepsTheSettingsAndClosingDoesNot()
     {
-        PlayerStand stand;
+        MainWindowStand stand;
         stand.window.Load();
         const auto before = loadFile(paths::settingsFile);
         QVERIFY(before);
@@ -101,7 +101,7 @@ private Q_SLOTS:
     {
         const TestFolder other;
         other.makeFile(u"Other.mp3"_s);
-        PlayerStand stand({u"Song.wma"_s});
+        MainWindowStand stand({u"Song.wma"_s});
         ListBox &list = stand.window.List1;
         stand.window.ListSwitch.press();
         stand.window.show();
@@ -127,7 +127,7 @@ private Q_SLOTS:
     void aDoubleClickPlays()
     {
         QVERIFY(saveFile(u"c:\\Song.mp3"_s, "song") && saveFile(u"c:\\Air.mp3"_s, "song"));
-        PlayerStand stand;
+        MainWindowStand stand;
         stand.window.setMusicFolder(u"c:\\"_s);
         stand.window.show();
         clickRow(stand.window.File1, 1);
@@ -141,7 +141,7 @@ private Q_SLOTS:
 
     void keysPlayAndPick()
     {
-        PlayerStand stand({u"Song.mp3"_s});
+        MainWindowStand stand({u"Song.mp3"_s});
         FileListBox &songs = stand.window.File1;
         const QSignalSpy picked(&stand.window, &Mp3Frm::songPicked);
         QTest::keyClick(&songs, Qt::Key_Return);
@@ -156,7 +156,7 @@ private Q_SLOTS:
 
     void theMenuIsForTheSongUnderThePress()
     {
-        PlayerStand stand({u"Air.mp3"_s, u"Song.wma"_s});
+        MainWindowStand stand({u"Air.mp3"_s, u"Song.wma"_s});
         const SongList &songs = stand.window.songs();
         stand.window.show();
         stand.window.File1.setListIndex(0);
@@ -179,7 +179,7 @@ private Q_SLOTS:
 
     void tipsTellWhatIsPointedAt()
     {
-        PlayerStand stand({u"a.mp3"_s, u"b.mp3"_s});
+        MainWindowStand stand({u"a.mp3"_s, u"b.mp3"_s});
         stand.folder.makeFile(u"b.mp3"_s, "no sound");
         FileListBox &list = stand.window.File1;
         SongList &songs = stand.window.songs();

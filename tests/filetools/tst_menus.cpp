@@ -17,14 +17,13 @@ namespace
 struct Stand : NameTools {
     using NameTools::NameTools;
 
+    SongMenu songMenu;
     QString pickedFolder;
     QString asked;
-    Menus menus{
-        &engine,
-        {songMenu, window.songs(), window.player(), formatMp3, [this](const QString &title, const QString &start) {
-             asked = title + u'|' + start;
-             return pickedFolder;
-         }}};
+    Menus menus{&engine, {songMenu, songList, player, formatMp3, [this](const QString &title, const QString &start) {
+                              asked = title + u'|' + start;
+                              return pickedFolder;
+                          }}};
 
     void choose(int item) { songMenu.mnuSongItem.choose(item); }
 
@@ -35,8 +34,8 @@ struct Stand : NameTools {
         for (const auto &[is, name] : {std::pair(songMenu.mnuSongItem.Checked(AutoPlayItem), u"auto"_s),
                                        {songMenu.mnuSongItem.Checked(RepeatSongItem), u"song"_s},
                                        {songMenu.mnuSongItem.Checked(RepeatAllItem), u"all"_s},
-                                       {control<Timer>(window, u"AutoPlaySong"_s).Enabled(), u"AutoPlaySong"_s},
-                                       {control<Timer>(window, u"Timer2"_s).Enabled(), u"Timer2"_s}})
+                                       {isDue(u"AutoPlaySong"_s), u"AutoPlaySong"_s},
+                                       {isDue(u"Timer2"_s), u"Timer2"_s}})
             on += is ? QStringList(name) : QStringList();
         return on.join(u' ');
     }
@@ -100,9 +99,9 @@ private Q_SLOTS:
     void repeatRemembersItsSongAndStopsWithIt()
     {
         Stand stand({u"a.mp3"_s});
-        stand.window.songs().setPointedSong(u"a.mp3"_s);
+        stand.songList.setPointedSong(u"a.mp3"_s);
         stand.choose(RepeatSongItem);
-        QCOMPARE(stand.window.player().RepeatSongName, u"a.mp3"_s);
+        QCOMPARE(stand.player.RepeatSongName, u"a.mp3"_s);
         QCOMPARE(stand.takeCalls(), u""_s);
         stand.choose(RepeatSongItem);
         QCOMPARE(stand.takeCalls(), u"Stop"_s);
@@ -112,27 +111,27 @@ private Q_SLOTS:
     void songMenuEndsItsFreeze()
     {
         Stand stand;
-        stand.window.songs().SongMenuOpen = true;
+        stand.songList.SongMenuOpen = true;
         stand.choose(RefreshItem);
-        QVERIFY(!stand.window.songs().SongMenuOpen);
-        stand.window.songs().SongMenuOpen = true;
+        QVERIFY(!stand.songList.SongMenuOpen);
+        stand.songList.SongMenuOpen = true;
         stand.menus.openSongMenu({});
         QApplication::activePopupWidget()->close(); // Dismissed without a choice.
-        QTRY_VERIFY(!stand.window.songs().SongMenuOpen);
+        QTRY_VERIFY(!stand.songList.SongMenuOpen);
     }
 
     void deletesThePointedSong()
     {
         Stand stand({u"a.mp3"_s, u"b.mp3"_s});
-        stand.window.songs().setPointedSong(u"a.mp3"_s);
+        stand.songList.setPointedSong(u"a.mp3"_s);
         stand.choose(DeleteSongItem); // No is said.
-        QCOMPARE(stand.window.File1.ListCount(), 2);
+        QCOMPARE(stand.File1.ListCount(), 2);
         MsgBox::answerFromNowOn({MsgBox::Answer::Yes, MsgBox::Answer::Yes});
         stand.choose(DeleteSongItem);
-        QCOMPARE(stand.window.File1.items(), QStringList(u"b.mp3"_s));
-        QCOMPARE(stand.window.List1.ListCount(), 2);
+        QCOMPARE(stand.File1.items(), QStringList(u"b.mp3"_s));
+        QCOMPARE(stand.List1.ListCount(), 2);
         stand.choose(RefreshItem);
-        QCOMPARE(stand.window.List1.ListCount(), 1);
+        QCOMPARE(stand.List1.ListCount(), 1);
         takeBoxes();
         stand.choose(DeleteSongItem); // It is gone already.
         QCOMPARE(takeBoxes(), QStringList());

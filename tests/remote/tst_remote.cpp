@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The player as a listener on the session bus sees and drives it, and the rules of what is told there.
-#include "app/program.h"
 #include "platform/drives.h"
+#include "remote/remote_control.h"
 #include "remote/song_metadata.h"
-#include "support/fake_engine.h"
-#include "support/test_files.h"
+#include "support/core_stand.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -27,26 +26,23 @@ namespace
 const QString service = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
 const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
 const QString root = u"org.mpris.MediaPlayer2"_s;
-const QString player = u"org.mpris.MediaPlayer2.Player"_s;
+const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 const QString properties = u"org.freedesktop.DBus.Properties"_s;
 constexpr auto farthest = std::numeric_limits<qlonglong>::max();
 } // namespace
 
 // A player with three songs, and a desktop widget that listens to it.
-class Stand : public QObject
+class Stand : public QObject, public CoreStand
 {
     Q_OBJECT
 
 public:
-    Stand()
+    Stand() : CoreStand({u"1.mp3"_s, u"2.mp3"_s, u"3.mp3"_s})
     {
         bus.connect(service, objectPath, properties, u"PropertiesChanged"_s, this, SLOT(change(QString, QVariantMap)));
-        bus.connect(service, objectPath, player, u"Seeked"_s, this, SLOT(jump(qlonglong)));
-        for (const auto &song : {u"1.mp3"_s, u"2.mp3"_s, u"3.mp3"_s})
-            folder.makeFile(song);
-        window.setMusicFolder(folder.path());
-        window.show();
-        window.File1.setListIndex(0);
+        bus.connect(service, objectPath, playerInterface, u"Seeked"_s, this, SLOT(jump(qlonglong)));
+        remote.start();
+        songs.choose(0);
         const bool isThere = QTest::qWaitFor([this] { return bus.interface()->isServiceRegistered(service); });
         QTest::qVerify(isThere, "on the bus", "", __FILE__, __LINE__);
         takeCalls();
@@ -65,23 +61,21 @@ public:
 
     QVariant get(const QString &property)
     {
-        const QDBusMessage answer = ask(properties, u"Get"_s, {player, property});
+        const QDBusMessage answer = ask(properties, u"Get"_s, {playerInterface, property});
         return answer.arguments().value(0).value<QDBusVariant>().variant();
     }
 
     void setVolume(double volume)
     {
-        ask(properties, u"Set"_s, {player, u"Volume"_s, QVariant::fromValue(QDBusVariant(volume))});
+        ask(properties, u"Set"_s, {playerInterface, u"Volume"_s, QVariant::fromValue(QDBusVariant(volume))});
     }
 
     // The engine's calls that a command leads to, without the music folder.
     QString calls(const QString &method, const QVariantList &arguments = {})
     {
-        ask(player, method, arguments);
+        ask(playerInterface, method, arguments);
         return takeCalls();
     }
-    QString takeCalls() { return engine.takeCalls().join(u", "_s).remove(folder.path({})); }
-
     // What was told since the last question: names of properties, and "Seeked 15".
     QString takeChanges()
     {
@@ -90,10 +84,7 @@ public:
     }
 
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"widget"_s);
-    TestFolder folder;
-    FakeEngine engine;
-    Program program{engine};
-    Mp3Frm &window = program.mainWindow();
+    RemoteControl remote{player, songs};
     QStringList changes;
 
 public Q_SLOTS:
@@ -131,7 +122,7 @@ private Q_SLOTS:
                  {u"Play"_s, u"Play: Playing"_s},
                  {u"PlayPause"_s, u"Pause: Paused"_s},
                  {u"Previous"_s, u"FileName 1.mp3, Play: Playing"_s},
-                 {u"PlayPause"_s, u"Play, Pause: Paused"_s}, // The window took the new song for held.
+                 {u"PlayPause"_s, u"Play, Pause: Paused"_s}, // The transport took the new song for held.
                  {u"Stop"_s, u"Stop: Stopped"_s},
                  {u"Pause"_s, u": Stopped"_s},
                  {u"PlayPause"_s, u"FileName 1.mp3, Play: Playing"_s},
@@ -163,6 +154,9 @@ private Q_SLOTS:
         stand.engine.setSong(42.1, 100); // No more than time passing.
         QCOMPARE(stand.takeChanges(), u"Seeked 15, Seeked 0, Seeked 42"_s);
         QCOMPARE(stand.calls(u"Seek"_s, {farthest}), u"FileName 3.mp3, Play"_s);
+        QCOMPARE(stand.takeChanges(), u"Metadata"_s); // That a new song begins at its start goes without saying,
+        stand.engine.setSong(30, 100);
+        QCOMPARE(stand.takeChanges(), u"Seeked 30"_s);                             // and that it does not is told.
         QCOMPARE(stand.calls(u"SetPosition"_s, {track, qlonglong(1)}), QString()); // That song is over.
     }
 
@@ -171,14 +165,14 @@ private Q_SLOTS:
         Stand stand;
         stand.takeChanges();
         stand.setVolume(0.5);
-        QCOMPARE(stand.window.VScroll1.Value(), -1145);
+        QCOMPARE(stand.player.volume(), -1145);
         QCOMPARE(stand.takeChanges(), u"Volume"_s);
         stand.setVolume(0.5);
         stand.setVolume(std::nan(""));
         QCOMPARE(stand.takeChanges(), QString());
         for (const auto &[volume, value] : {std::pair(-HUGE_VAL, -2290), {HUGE_VAL, 0}}) {
             stand.setVolume(volume);
-            QCOMPARE(stand.window.VScroll1.Value(), value);
+            QCOMPARE(stand.player.volume(), value);
         }
         stand.takeChanges();
         stand.calls(u"Next"_s);
@@ -187,32 +181,23 @@ private Q_SLOTS:
         QCOMPARE(stand.takeChanges(), u"PlaybackStatus"_s);
     }
 
-    void aFileOpensWithItsFolderAndNothingElseDoes()
+    void commandsForTheWindowsLeaveAsSignals()
     {
         Stand stand;
-        const TestFolder other;
-        other.makeFile(u"50% #1.mp3"_s);
-        for (const QString &refused :
-             {fileUri(other.path()), fileUri(other.path(u"none.mp3"_s)), u"http://a/b.mp3"_s}) {
-            QCOMPARE(stand.ask(player, u"OpenUri"_s, {refused}).type(), QDBusMessage::ErrorMessage);
-            QCOMPARE(stand.takeCalls(), QString());
-        }
-        const QString song = other.path(u"50% #1.mp3"_s);
-        QCOMPARE(stand.calls(u"OpenUri"_s, {fileUri(song)}), u"FileName "_s + song + u", Play"_s);
-        QCOMPARE(stand.window.File1.items(), QStringList(u"50% #1.mp3"_s));
-    }
-
-    void theWindowComesBackAndTheProgramEnds()
-    {
-        Stand stand;
-        stand.window.hide();
+        const QSignalSpy songs(&stand.remote, &RemoteControl::songWanted);
+        const QSignalSpy raises(&stand.remote, &RemoteControl::raiseWanted);
+        const QSignalSpy quits(&stand.remote, &RemoteControl::quitWanted);
+        const QString song = stand.folder.copySample(u"text.mp3"_s, u"50% #1.mp3"_s);
+        for (const QString &refused : {fileUri(stand.folder.path()), fileUri(song + u'x'), u"http://a/b.mp3"_s})
+            QCOMPARE(stand.ask(playerInterface, u"OpenUri"_s, {refused}).type(), QDBusMessage::ErrorMessage);
+        stand.ask(playerInterface, u"OpenUri"_s, {fileUri(song)});
+        QCOMPARE(songs, QList<QVariantList>{{song}});
         stand.ask(root, u"Raise"_s);
-        QVERIFY(stand.window.isVisible());
-        const QSignalSpy leaving(&stand.window, &Mp3Frm::leaving);
+        QVERIFY(raises.size() == 1 && quits.isEmpty());
         QCOMPARE(stand.ask(root, u"Quit"_s).type(), QDBusMessage::ReplyMessage);
-        QTRY_COMPARE(leaving.size(), 1);
+        QCOMPARE(quits.size(), 1);
     }
 };
 
-QTEST_MAIN(RemoteTest)
+QTEST_GUILESS_MAIN(RemoteTest)
 #include "tst_remote.moc"

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The transport and its display in the real main window, on an engine without sound.
+// What the main window shows of the transport, and its keys and sliders that drive it.
 #include "app/display_texts.h"
 #include "controls/skin_style.h"
-#include "support/player_stand.h"
+#include "tests/app/main_window_stand.h"
 
 #include <QApplication>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
-class TransportTest : public QObject
+class DisplayTest : public QObject
 {
     Q_OBJECT
 
@@ -19,39 +19,31 @@ private Q_SLOTS:
     void init()
     {
         m_stand =
-            std::make_unique<PlayerStand>(QStringList{u"1.mp3"_s, u"2.mp3"_s, u"3.mp3"_s, u"4.mp3"_s, u"5.mp3"_s});
+            std::make_unique<MainWindowStand>(QStringList{u"1.mp3"_s, u"2.mp3"_s, u"3.mp3"_s, u"4.mp3"_s, u"5.mp3"_s});
         m_window = &m_stand->window;
         m_window->show();
     }
 
-    void nextAndPreviousGoRound()
+    // A picture and the label below it are one command.
+    void everyKeyOfTheTransportDrivesIt()
     {
-        m_window->Label1.press();
-        m_window->Label3.press();
-        QCOMPARE(m_stand->takeCalls(), u""_s); // Nothing is chosen.
-        m_window->Label4.press();
-        QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play"_s);
-        QCOMPARE(m_window->Label7.Caption(), u"    1"_s);
-        m_window->bPrev.press();
-        QCOMPARE(m_stand->takeCalls(), u"FileName 5.mp3, Play"_s);
-        QCOMPARE(m_window->player().SongIndex, 4);
-        m_window->Label3.press();
-        QCOMPARE(m_stand->takeCalls(), u"FileName 4.mp3, Play"_s);
-        m_window->File1.setListIndex(4);
-        m_window->bNext.press();
-        QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play"_s);
-        const TestFolder empty;
-        m_window->setMusicFolder(empty.path());
-        m_window->bNext.press();
-        QCOMPARE(m_stand->takeCalls(), u""_s);
-    }
-
-    void pauseAndPlayTakeTurns()
-    {
-        for (Label *label : {&m_window->Label10, &m_window->Label10, &m_window->Label10, &m_window->Label2})
-            label->press();
-        m_window->bPause.press(); // A stop does not forget the pause.
-        QCOMPARE(m_stand->takeCalls(), u"Pause, Play, Pause, Stop, Play"_s);
+        Mp3Frm &window = *m_window;
+        for (const auto &[key, calls] : {
+                 std::pair<Pressable *, QString>(&window.Label4, u"FileName 1.mp3, Play"_s),
+                 {&window.bNext, u"FileName 2.mp3, Play"_s},
+                 {&window.Label3, u"FileName 1.mp3, Play"_s},
+                 {&window.bPrev, u"FileName 5.mp3, Play"_s},
+                 {&window.Label1, u"FileName 5.mp3, Play"_s},
+                 {&window.bPlay, u"FileName 5.mp3, Play"_s},
+                 {&window.Label10, u"Pause"_s},
+                 {&window.bPause, u"Play"_s},
+                 {&window.Label2, u"Stop"_s},
+                 {&window.bStop, u"Stop"_s},
+             }) {
+            key->press();
+            QVERIFY2(m_stand->takeCalls() == calls, qPrintable(key->objectName()));
+        }
+        QCOMPARE(window.player().SongIndex, 4);
     }
 
     void stopLeavesNothingRunning()
@@ -74,66 +66,33 @@ private Q_SLOTS:
         QVERIFY(!m_window->Timer1.Enabled() && !m_window->Timer4.Enabled());
     }
 
-    void theEndOfASongStartsWhatIsMarked_data()
+    void theEndOfASongLeavesItsTitle()
     {
-        QTest::addColumn<int>("mark");
-        QTest::addColumn<QString>("calls");
-        QTest::newRow("nothing") << -1 << u""_s;
-        QTest::newRow("Auto Play repeats") << int(AutoPlayItem) << u"FileName 4.mp3, Play"_s;
-        QTest::newRow("Repeat Song") << int(RepeatSongItem) << u""_s;
-        QTest::newRow("Repeat All") << int(RepeatAllItem) << u""_s;
-        QTest::newRow("Options advances") << int(OptionsItem) << u"FileName 3.mp3, Play"_s;
-    }
-
-    void theEndOfASongStartsWhatIsMarked()
-    {
-        QFETCH(int, mark);
-        QFETCH(QString, calls);
-        m_window->player().RepeatSongName = u"4.mp3"_s;
-        m_window->File1.setListIndex(1);
-        m_window->Label1.press();
-        if (mark >= 0)
-            m_stand->songMenu.mnuSongItem.setChecked(mark, true);
-        m_stand->takeCalls();
-        bool wasIdle = false;
-        connect(&m_window->player(), &Player::songEnded, this, [&] {
-            wasIdle = m_window->Text1.Text() == u"0:00/0:00"_s && !m_window->Timer1.Enabled() &&
-                      !m_window->Timer4.Enabled() && !isDue(u"Timer2"_s);
-        });
+        m_window->Label4.press();
+        m_stand->engine.setSong(65, 187);
+        QTRY_COMPARE(m_window->Text1.Text(), u"1:05/3:07"_s);
         m_stand->engine.finishSong();
-        QVERIFY(wasIdle);
-        QCOMPARE(m_stand->takeCalls(), u""_s); // Nothing is opened inside the engine's report.
-        QTRY_VERIFY(!isDue(u"Timer2"_s) && !isDue(u"Timer3"_s) && !isDue(u"AutoPlaySong"_s));
-        QCOMPARE(m_stand->takeCalls(), calls);
-        QCOMPARE(m_window->Timer1.Enabled(), !calls.isEmpty());
-        QCOMPARE(m_window->Timer4.Enabled(), !calls.isEmpty());
-        QCOMPARE(m_window->Label7.Caption().trimmed(), mark == OptionsItem ? u"3"_s : u"2"_s);
-    }
-
-    void aModeTakenOffInTimeRepeatsNothing()
-    {
+        QCOMPARE(m_window->Text1.Text() + m_window->Label7.Caption(), u"0:00/0:00    1"_s);
+        QVERIFY(!m_window->Timer1.Enabled() && !m_window->Timer4.Enabled());
+        m_window->player().RepeatSongName = u"4.mp3"_s;
         m_stand->songMenu.toggle(AutoPlayItem);
         m_stand->engine.finishSong();
-        m_stand->songMenu.clear();
-        QTRY_VERIFY(!isDue(u"Timer2"_s));
-        QVERIFY(!isDue(u"Timer3"_s));
-        QCOMPARE(m_stand->takeCalls(), u""_s);
+        QTRY_COMPARE(m_stand->engine.fileName(), m_stand->folder.path(u"4.mp3"_s));
+        QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play, FileName 4.mp3, Play"_s);
+        QVERIFY(m_window->Timer1.Enabled() && m_window->Timer4.Enabled());
+        QCOMPARE(m_window->Label7.Caption().trimmed(), u"1"_s);
     }
 
-    void theAdvanceGoesOnePastTheEnd()
+    void theAdvanceIsSeenInTheList()
     {
         m_stand->songMenu.mnuSongItem.setChecked(OptionsItem, true);
-        m_window->File1.setListIndex(4);
+        m_window->File1.setListIndex(3);
         m_window->songs().SongMenuOpen = true;
         m_stand->engine.finishSong();
-        QTRY_COMPARE(m_window->player().SongIndex, 5);
-        QCOMPARE(m_stand->takeCalls(), u"FileName , Play"_s);
-        QCOMPARE(m_window->File1.ListIndex(), -1);
+        QTRY_COMPARE(m_window->File1.ListIndex(), 4);
         QVERIFY(!m_window->songs().SongMenuOpen);
-        m_stand->engine.finishSong();
-        QTRY_COMPARE(m_window->player().SongIndex, 0);
-        QCOMPARE(m_stand->takeCalls(), u"FileName 1.mp3, Play"_s);
-        QCOMPARE(m_window->File1.ListIndex(), 0);
+        QCOMPARE(m_stand->takeCalls(), u"FileName 5.mp3, Play"_s);
+        QCOMPARE(m_window->Label7.Caption().trimmed(), u"5"_s);
     }
 
     void anErrorIsToldOnceAndChangesNothing()
@@ -223,9 +182,9 @@ private Q_SLOTS:
 private:
     bool isDue(const QString &timer) { return control<Timer>(*m_window, timer).Enabled(); }
 
-    std::unique_ptr<PlayerStand> m_stand;
+    std::unique_ptr<MainWindowStand> m_stand;
     Mp3Frm *m_window = nullptr;
 };
 
-QTEST_MAIN(TransportTest)
-#include "tst_transport.moc"
+QTEST_MAIN(DisplayTest)
+#include "tst_display.moc"

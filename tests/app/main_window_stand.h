@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window on a folder of a test's own, with an engine without sound, for all tests of windows that work on it.
+// The main window on a folder of a test's own, with an engine without sound.
 #pragma once
 
 #include "app/mp3_frm.h"
@@ -9,9 +9,9 @@
 #include "support/test_files.h"
 #include "support/windows.h"
 
-struct PlayerStand {
+struct MainWindowStand {
     /// The window shows copies of one real song with a tag by these names. Questions are answered with No.
-    explicit PlayerStand(const QStringList &songs = {})
+    explicit MainWindowStand(const QStringList &songs = {})
     {
         for (const QString &song : songs)
             folder.copySample(QStringLiteral("id3v1-nul.mp3"), song);
