@@ -31,7 +31,7 @@ Program::Program(MediaEngine &engine)
                      [this](const QString &title, const QString &startFolder) {
                          return BrowseForFolder(&m_formatMp3, title, startFolder);
                      }}),
-      m_remote(m_mp3Frm.player(), m_mp3Frm.songs())
+      m_remote(m_mp3Frm.player(), m_mp3Frm.songs()), m_trayIcon(this)
 {
     addInterfaces(m_remote);
     connectMainWindow();

@@ -27,7 +27,7 @@ bool hasDesktop()
 }
 } // namespace
 
-TrayIcon::TrayIcon() = default;
+TrayIcon::TrayIcon(QObject *parent) : QObject(parent) {}
 TrayIcon::~TrayIcon() = default;
 
 bool TrayIcon::isTrayThere() const

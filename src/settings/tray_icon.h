@@ -17,7 +17,7 @@ class TrayIcon : public QObject
     Q_OBJECT
 
 public:
-    TrayIcon();
+    explicit TrayIcon(QObject *parent = nullptr);
     ~TrayIcon() override;
 
     /// Does the desktop show tray icons now? May be false at start and true later; where it is false a hidden window

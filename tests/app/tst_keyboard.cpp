@@ -2,22 +2,12 @@
 // The keyboard in every window: where it begins, how Tab goes on, what leaves the window.
 #include "app/program.h"
 #include "support/fake_engine.h"
-
-#include <QApplication>
-#include <QTest>
+#include "support/windows.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-SkinWindow &windowNamed(const QString &name)
-{
-    QWidget *found = nullptr;
-    for (QWidget *window : QApplication::topLevelWidgets())
-        found = window->objectName() == name ? window : found;
-    return *qobject_cast<SkinWindow *>(found);
-}
-
 void open(SkinWindow &window)
 {
     window.show();
@@ -48,7 +38,7 @@ private Q_SLOTS:
     void tabGoesOnAsPeopleRead()
     {
         QFETCH(QString, order);
-        SkinWindow &window = windowNamed(QString::fromLatin1(QTest::currentDataTag()));
+        SkinWindow &window = skinWindow(QString::fromLatin1(QTest::currentDataTag()));
         open(window);
         QStringList met;
         do {
@@ -63,7 +53,7 @@ private Q_SLOTS:
 
     void theKeyboardGoesOnToOtherWindowsAndComesBack()
     {
-        SkinWindow &first = windowNamed(u"About"_s), &second = m_program.mainWindow();
+        SkinWindow &first = skinWindow(u"About"_s), &second = m_program.mainWindow();
         open(second);
         QTest::keyClick(&second, Qt::Key_Tab);
         QWidget *last = second.focusWidget();

@@ -1,30 +1,76 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The start of the player and its end.
+// The start of the player, its end, and what its windows do for each other, by what a user sees.
 #include "app/program.h"
+#include "platform/drives.h"
 #include "platform/folders.h"
 #include "platform/terminal.h"
+#include "playlist/list_file.h"
 #include "settings/settings_store.h"
 #include "support/fake_engine.h"
 #include "support/test_files.h"
+#include "support/windows.h"
 
-#include <QApplication>
-#include <QTest>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QFileDialog>
+#include <QMenu>
+#include <QScreen>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-bool isShown(const QString &name)
+const QStringList translucentWindows = {u"Mp3Frm"_s, u"ToolBar"_s, u"FormatMp3"_s, u"Playlist"_s, u"About"_s};
+
+// The player's windows on the screen, in the order of their names.
+QString shownWindows()
 {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.begin(), windows.end(),
-                       [&](const QWidget *window) { return window->objectName() == name && window->isVisible(); });
+    QStringList shown;
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        shown +=
+            window->isVisible() && !window->objectName().isEmpty() ? QStringList(window->objectName()) : QStringList();
+    shown.sort();
+    return shown.join(u' ');
+}
+
+bool isTranslucent(const QString &window)
+{
+    return skinWindow(window).windowOpacity() < 0.6;
 }
 
 struct Stand {
+    Stand() { engine.takeCalls(); }
+
     FakeEngine engine;
     Program program{engine};
+    Mp3Frm &window = program.mainWindow();
+    SkinWindow &playList = skinWindow(u"Playlist"_s);
+    ListBox &entries = control<ListBox>(playList, u"List1"_s);
+
+    // A command of a list's menu, by its words.
+    static void choose(ListBox &list, const QString &command)
+    {
+        QTest::mouseClick(list.viewport(), Qt::RightButton, {}, {5, 5});
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        const QList<QAction *> actions = menu ? menu->actions() : QList<QAction *>();
+        const auto found =
+            std::find_if(actions.begin(), actions.end(), [&](auto *it) { return it->text() == command; });
+        if (found == actions.end())
+            return QTest::qFail(qPrintable(u"no command "_s + command), __FILE__, __LINE__);
+        (*found)->trigger();
+        QCoreApplication::processEvents(); // The command runs when the menu is gone.
+    }
+    void chooseInMain(const QString &command) { choose(window.File1, command); }
+
+    // The calls of a song that starts by itself, once the current handler has returned; the folder left out.
+    QString takeCalls()
+    {
+        QCoreApplication::processEvents();
+        return engine.takeCalls().join(u", "_s).remove(window.File1.Path() + u'\\');
+    }
 };
 } // namespace
 
@@ -34,12 +80,20 @@ class ProgramTest : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
+
+    // Each player starts on a folder with two songs, and with nothing else kept.
     void init()
     {
+        for (const QString &file : {paths::settingsFile, paths::sideFile, paths::playListFile, paths::playTimesFile})
+            removeFile(file);
         ensureSettingsFolder();
-        removeFile(paths::settingsFile);
-        removeFile(paths::sideFile);
+        m_folder = std::make_unique<TestFolder>();
+        m_folder->makeFile(u"a.mp3"_s, TestFolder::sampleBytes(u"cbr-128-joint.mp3"_s) + QByteArray(1'000'000, '\0'));
+        m_folder->makeFile(u"b.mp3"_s);
+        writeSetting(Setting::Mp3Path, m_folder->path());
+        MsgBox::answerFromNowOn({});
     }
+    void cleanup() { QCOMPARE(takeBoxes(), QStringList()); }
 
     void theBarFillsIn800Steps()
     {
@@ -55,10 +109,9 @@ private Q_SLOTS:
         const TestFolder folder;
         const QString song = folder.makeFile(u"My Song.mp3"_s);
         Stand stand;
-        stand.engine.takeCalls();
         const QObject context;
         bool splashSeen = false;
-        QTimer::singleShot(0, &context, [&] { splashSeen = isShown(u"Splash"_s); });
+        QTimer::singleShot(0, &context, [&] { splashSeen = shownWindows().contains(u"Splash"_s); });
         QVERIFY(stand.program.start(commandLineText(folder.hostPath().toUtf8() + "/My Song.mp3")));
         QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
         const Mp3Frm &window = stand.program.mainWindow();
@@ -73,7 +126,6 @@ private Q_SLOTS:
     {
         for (const auto &[text, path] : {std::pair(u"C:\\M\\Song.mp3"_s, u":\\M\\Song.mp"_s), {u"x"_s, u""_s}}) {
             Stand stand;
-            stand.engine.takeCalls();
             QVERIFY(stand.program.start(text));
             QCOMPARE(stand.engine.takeCalls().value(0), u"FileName "_s + path);
         }
@@ -84,10 +136,10 @@ private Q_SLOTS:
         Stand stand;
         const QObject context;
         bool splashFirst = false;
-        QTimer::singleShot(0, &context,
-                           [&] { splashFirst = isShown(u"Splash"_s) && !stand.program.mainWindow().isVisible(); });
+        QTimer::singleShot(0, &context, [&] { splashFirst = shownWindows() == u"Splash"_s; });
         QVERIFY(stand.program.start({}));
-        QVERIFY(splashFirst && !isShown(u"Splash"_s) && stand.program.mainWindow().isVisible());
+        QVERIFY(splashFirst);
+        QCOMPARE(shownWindows(), u"Mp3Frm"_s);
         QVERIFY(!stand.program.mainWindow().Timer1.Enabled());
     }
 
@@ -95,28 +147,299 @@ private Q_SLOTS:
     {
         const Stand first;
         Stand stand;
-        stand.engine.takeCalls();
         QVERIFY(!stand.program.start(u"\"c:\\Song.mp3\""_s));
         QVERIFY(!stand.program.mainWindow().isVisible());
         QCOMPARE(stand.engine.takeCalls(), QStringList());
     }
 
-    void everyWayOutEndsTheProgram()
+    void whatWasKeptComesBack()
     {
-        for (const bool byExit : {true, false}) {
-            Stand stand;
-            QVERIFY(stand.program.start(u"\"c:\\Song.mp3\""_s));
-            QTimer::singleShot(0, &stand.program, [&] {
-                if (byExit)
-                    stand.program.mainWindow().Label6.press();
-                else
-                    stand.program.mainWindow().close();
-            });
-            QTimer::singleShot(5000, &stand.program, [] { QCoreApplication::exit(1); }); // Too late.
-            QCOMPARE(QApplication::exec(), 0);
-            QCOMPARE(stand.engine.takeCalls().first(2), QStringList({u"FileName c:\\Song.mp3"_s, u"Play"_s}));
+        for (const auto &[kept, value] : {std::pair(Setting::Volume, u"-600"_s), {Setting::AlphaBlending, u"1"_s}})
+            writeSetting(kept, value);
+        SaveListFile(paths::playListFile, {u"a"_s, u"b"_s});
+        SaveListFile(paths::playTimesFile, {u"1:06"_s, u"0:10"_s});
+        Stand stand;
+        QCOMPARE(stand.engine.volume(), -600);
+        QCOMPARE(stand.window.File1.Path(), m_folder->path());
+        QCOMPARE(stand.entries.items(), QStringList({u"a"_s, u"b"_s}));
+        for (const QString &window : translucentWindows)
+            QVERIFY2(isTranslucent(window), qPrintable(window));
+        stand.window.show();
+        stand.window.Label8.press();
+        QCOMPARE(control<DirListBox>(skinWindow(u"ToolBar"_s), u"Dir1"_s).Path(), m_folder->path());
+        stand.chooseInMain(u"Song Search"_s);
+        QVERIFY(isTranslucent(u"SongSearch"_s));
+        stand.window.File1.setListIndex(1);
+        stand.chooseInMain(u"Mp3 Name Tools"_s);
+        QVERIFY(isTranslucent(u"TagEdit"_s));
+    }
+
+    void theOptionsActOnTheWindows()
+    {
+        Stand stand;
+        stand.window.show();
+        stand.chooseInMain(u"Options"_s);
+        SkinWindow &options = skinWindow(u"frmOptions"_s);
+        QCOMPARE(shownWindows(), u"Mp3Frm frmOptions"_s);
+        for (const bool on : {true, false}) {
+            control<CheckBox>(options, u"Check1"_s).setState(on ? 1 : 0);
+            control<Label>(options, u"Label1"_s).press();
+            for (const QString &window : translucentWindows)
+                QVERIFY2(isTranslucent(window) == on, qPrintable(window));
         }
     }
+
+    void aWindowOpensOverTheMainOneAndOnTheScreen()
+    {
+        Stand stand;
+        stand.window.show();
+        const QRect screen = stand.window.screen()->availableGeometry();
+        SkinWindow &options = skinWindow(u"frmOptions"_s);
+        stand.window.move(screen.center() - stand.window.rect().center());
+        stand.chooseInMain(u"Options"_s);
+        QVERIFY((options.geometry().center() - stand.window.geometry().center()).manhattanLength() <= 2);
+        for (const QPoint corner : {screen.topLeft() - QPoint(300, 300), screen.bottomRight()}) {
+            options.hide();
+            stand.window.move(corner);
+            stand.chooseInMain(u"Options"_s);
+            QVERIFY(screen.contains(options.geometry()));
+        }
+    }
+
+    void aWindowInTheMainOnesPlaceGivesItBack_data()
+    {
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("close");
+        QTest::newRow("Mp3 Name Tools") << u"FormatMp3 TagEdit"_s << u"Label2"_s;
+        QTest::newRow("About...") << u"About"_s << u"cmdOk"_s;
+    }
+
+    void aWindowInTheMainOnesPlaceGivesItBack()
+    {
+        QFETCH(QString, shown);
+        Stand stand;
+        stand.window.show();
+        stand.chooseInMain(u"PlayList"_s);
+        stand.window.File1.setListIndex(1);
+        stand.chooseInMain(QString::fromLatin1(QTest::currentDataTag()));
+        QCOMPARE(shownWindows(), shown); // The play list goes and comes with the main window.
+        QFETCH(QString, close);
+        control<Label>(skinWindow(shown.section(u' ', 0, 0)), close).press();
+        QCOMPARE(shownWindows(), u"Mp3Frm Playlist"_s);
+    }
+
+    void thePlayListLiesUnderTheMainWindow()
+    {
+        Stand stand;
+        stand.window.show();
+        stand.window.move(40, 300);
+        stand.chooseInMain(u"PlayList"_s);
+        QCOMPARE(stand.window.pos(), QPoint(40, 0));
+        QCOMPARE(stand.playList.pos(), QPoint(40, stand.window.height() - 2));
+        stand.window.hide();
+        QCOMPARE(shownWindows(), QString());
+        stand.window.show();
+        QCOMPARE(shownWindows(), u"Mp3Frm Playlist"_s);
+        stand.chooseInMain(u"PlayList"_s);
+        QCOMPARE(shownWindows(), u"Mp3Frm"_s);
+        QCOMPARE(stand.window.geometry().center().x(), stand.window.screen()->geometry().center().x());
+        QVERIFY(stand.window.y() > 0);
+        stand.window.hide();
+        stand.window.show();
+        QCOMPARE(shownWindows(), u"Mp3Frm"_s);
+        stand.chooseInMain(u"Song Search"_s);
+        QCOMPARE(skinWindow(u"SongSearch"_s).pos(), QPoint(1, 1));
+    }
+
+    void onlyAnOpenPlayListTakesSongs()
+    {
+        Stand stand;
+        stand.window.show();
+        stand.window.File1.setListIndex(0);
+        QTest::keyClick(&stand.window.File1, Qt::Key_Space);
+        QCOMPARE(stand.entries.ListCount(), 0);
+        stand.chooseInMain(u"PlayList"_s);
+        QTest::keyClick(&stand.window.File1, Qt::Key_Space);
+        QCOMPARE(stand.entries.items(), QStringList(u"a"_s));
+        QCOMPARE(control<ListBox>(stand.playList, u"List2"_s).items(), QStringList(u"1:02"_s));
+        stand.window.File1.setListIndex(-1);
+        QTest::keyClick(&stand.window.File1, Qt::Key_Space);
+        QCOMPARE(stand.entries.ListCount(), 1);
+    }
+
+    void onlyAnOpenPlayListTakesOver()
+    {
+        SaveListFile(paths::playListFile, {u"a"_s, u"b"_s});
+        Stand stand;
+        stand.window.show();
+        stand.engine.finishSong();
+        QCOMPARE(stand.takeCalls(), QString());
+        stand.chooseInMain(u"PlayList"_s);
+        stand.engine.finishSong();
+        QCOMPARE(stand.takeCalls(), u"FileName a.mp3, Play"_s);
+        stand.window.hide(); // Away with the main window it is still in use.
+        stand.engine.finishSong();
+        QCOMPARE(stand.takeCalls(), u"FileName b.mp3, Play"_s);
+    }
+
+    void theMenuOfThePlayListActsOnIt()
+    {
+        const QStringList names(20, u"b"_s);
+        SaveListFile(paths::playListFile, names);
+        Stand stand;
+        stand.window.show();
+        stand.chooseInMain(u"PlayList"_s);
+        stand.choose(stand.entries, u"Clear"_s);
+        QCOMPARE(stand.entries.ListCount(), 0);
+        QCOMPARE(LoadListFile(paths::playListFile), names);
+        stand.choose(stand.entries, u"Load"_s);
+        QCOMPARE(stand.entries.items(), names);
+        stand.entries.RemoveItem(0);
+        stand.choose(stand.entries, u"Save"_s);
+        QCOMPARE(LoadListFile(paths::playListFile), names.mid(1));
+        stand.choose(stand.entries, u"Random"_s); // Goes on at once,
+        QCOMPARE(stand.takeCalls(), u"FileName b.mp3, Play"_s);
+        const int first = stand.entries.ListIndex();
+        bool isInOrder = true;
+        for (int song = 1; song < 6; ++song) {
+            stand.engine.finishSong();
+            stand.takeCalls();
+            isInOrder = isInOrder && stand.entries.ListIndex() == (first + song) % stand.entries.ListCount();
+        }
+        QVERIFY(!isInOrder);
+        stand.entries.setListIndex(0);
+        stand.choose(stand.entries, u"Random"_s); // and its end plays nothing.
+        QCOMPARE(stand.takeCalls(), QString());
+        stand.engine.finishSong();
+        QCOMPARE(stand.takeCalls(), u"FileName b.mp3, Play"_s);
+        QCOMPARE(stand.entries.ListIndex(), 1);
+    }
+
+    void anotherFolderIsTakenEverywhere()
+    {
+        const TestFolder other;
+        other.makeFile(u"New.mp3"_s);
+        Stand stand;
+        stand.window.show();
+        stand.chooseInMain(u"Song Search"_s);
+        SkinWindow &search = skinWindow(u"SongSearch"_s), &folders = skinWindow(u"ToolBar"_s);
+        control<TextBox>(search, u"Text1"_s).setText(u"a"_s);
+        QCOMPARE(control<ListBox>(search, u"List1"_s).ListCount(), 1);
+        stand.window.Label8.press();
+        QCOMPARE(shownWindows(), u"Mp3Frm SongSearch ToolBar"_s);
+        control<DirListBox>(folders, u"Dir1"_s).setPath(other.path());
+        control<Label>(folders, u"Label3"_s).press();
+        QCOMPARE(stand.window.File1.items() + stand.window.List1.items(), QStringList({u"New.mp3"_s, u"New.mp3"_s}));
+        QCOMPARE(control<TextBox>(search, u"Text1"_s).Text(), QString());
+        QCOMPARE(control<ListBox>(search, u"List1"_s).ListCount(), 0);
+    }
+
+    void theDesktopsPickerIsAskedInstead()
+    {
+        writeSetting(Setting::Browse4Dialog, u"1"_s);
+        const TestFolder other;
+        Stand stand;
+        stand.window.show();
+        QStringList asked;
+        for (const QString &picked : {other.hostPath(), QString()}) { // None is picked the second time.
+            QTimer::singleShot(0, this, [&] {
+                auto *picker = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+                asked += picker->windowTitle() + u'|' + picker->directory().path();
+                picker->setDirectory(picked);
+                static_cast<QDialog *>(picker)->done(picked.isEmpty() ? QDialog::Rejected : QDialog::Accepted);
+            });
+            stand.window.Label8.press();
+            QCOMPARE(stand.window.File1.Path(), other.path());
+        }
+        QCOMPARE(asked,
+                 QStringList({u"Select Mp3 Path|"_s + m_folder->hostPath(), u"Select Mp3 Path|"_s + other.hostPath()}));
+        QCOMPARE(shownWindows(), u"Mp3Frm"_s);
+    }
+
+    void theTrayBringsTheMainWindowBackAlone()
+    {
+        Stand stand;
+        stand.window.show();
+        stand.window.Label9.press(); // Without a tray it must not be lost.
+        QVERIFY(stand.window.isVisible() && stand.window.isMinimized());
+        stand.window.showNormal();
+        stand.window.File1.setListIndex(1);
+        for (const QString &command : {u"PlayList"_s, u"Song Search"_s, u"Mp3 Name Tools"_s})
+            stand.chooseInMain(command);
+        skinWindow(u"ToolBar"_s).show();
+        Q_EMIT stand.program.findChild<TrayIcon *>()->Click();
+        QCOMPARE(shownWindows(), u"Mp3Frm"_s);
+        stand.window.hide();
+        stand.window.show();
+        QCOMPARE(shownWindows(), u"Mp3Frm"_s);
+    }
+
+    void everyWayOutEndsTheProgram_data()
+    {
+        QTest::addColumn<bool>("keeps");
+        QTest::newRow("Exit") << true;
+        QTest::newRow("closed") << false;
+        QTest::newRow("by the desktop") << true;
+    }
+
+    void everyWayOutEndsTheProgram()
+    {
+        const QString way = QString::fromLatin1(QTest::currentDataTag());
+        Stand stand;
+        stand.window.show();
+        QVERIFY(isOnTheBus());
+        stand.chooseInMain(u"PlayList"_s);
+        stand.window.File1.setListIndex(0);
+        QTest::keyClick(&stand.window.File1, Qt::Key_Space);
+        QTimer::singleShot(0, &stand.program, [&] {
+            if (way == u"Exit"_s)
+                stand.window.Label6.press();
+            else if (way == u"closed"_s)
+                stand.window.close();
+            else
+                call(u"org.mpris.MediaPlayer2"_s, u"Quit"_s);
+        });
+        QTimer::singleShot(5000, &stand.program, [] { QCoreApplication::exit(1); }); // Too late.
+        QCOMPARE(QApplication::exec(), 0);
+        QFETCH(bool, keeps);
+        QCOMPARE(LoadListFile(paths::playListFile), keeps ? QStringList(u"a"_s) : QStringList());
+        QCOMPARE(LoadListFile(paths::playTimesFile).size(), keeps ? 1 : 0);
+    }
+
+    void theDesktopReachesTheWindows()
+    {
+        const TestFolder other;
+        const QString song = other.makeFile(u"50% #1.mp3"_s, "song");
+        Stand stand;
+        QVERIFY(!m_bus.interface()->isServiceRegistered(m_service)); // Not before it is on the screen.
+        stand.window.show();
+        QVERIFY(isOnTheBus());
+        stand.window.hide();
+        call(u"org.mpris.MediaPlayer2"_s, u"Raise"_s);
+        QTRY_COMPARE(shownWindows(), u"Mp3Frm"_s);
+        call(u"org.mpris.MediaPlayer2.Player"_s, u"OpenUri"_s, {fileAddress(song)});
+        QTRY_COMPARE(stand.window.File1.items(), QStringList(u"50% #1.mp3"_s));
+        QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
+        QCOMPARE(stand.window.Label7.Caption().trimmed(), u"50% #1.mp3"_s);
+    }
+
+private:
+    bool isOnTheBus() const
+    {
+        return QTest::qWaitFor([this] { return m_bus.interface()->isServiceRegistered(m_service).value(); });
+    }
+
+    void call(const QString &interface, const QString &method, const QVariantList &arguments = {})
+    {
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(m_service, u"/org/mpris/MediaPlayer2"_s, interface, method);
+        message.setArguments(arguments);
+        m_bus.asyncCall(message);
+    }
+
+    const QString m_service = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"widget"_s);
+    std::unique_ptr<TestFolder> m_folder;
 };
 
 QTEST_MAIN(ProgramTest)

@@ -39,7 +39,12 @@ public:
     /// Puts a copy of a file of tests/data here and gives its program path.
     QString copySample(const QString &sample, const QString &name = {}) const
     {
-        return makeFile(name.isEmpty() ? sample : name, readWhole(QStringLiteral(KIV_TEST_DATA "/") + sample));
+        return makeFile(name.isEmpty() ? sample : name, sampleBytes(sample));
+    }
+
+    static QByteArray sampleBytes(const QString &sample)
+    {
+        return readWhole(QStringLiteral(KIV_TEST_DATA "/") + sample);
     }
 
     /// Makes a folder and gives its program path.

@@ -4,10 +4,22 @@
 
 #include "controls/list_box.h"
 #include "controls/msg_box.h"
+#include "controls/skin_window.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QTest>
 #include <QToolTip>
+
+/// The player's window of that name; a missing one ends the test run.
+inline SkinWindow &skinWindow(const QString &name)
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (auto *skin = qobject_cast<SkinWindow *>(window); skin && skin->objectName() == name)
+            return *skin;
+    }
+    qFatal("no window %s", qPrintable(name));
+}
 
 /// The control of that name; a missing one ends the test run.
 template<class Control>
