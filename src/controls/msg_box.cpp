@@ -89,8 +89,8 @@ void MsgBox::showError(const ErrorRecord &error)
         return;
     const QScopedValueRollback up(isUp, true);
     while (next) {
-        const ErrorRecord error = *std::exchange(next, {});
-        show(errorText(error), errorTitle(error), Icon::Critical);
+        const ErrorRecord due = *std::exchange(next, {});
+        show(errorText(due), errorTitle(due), Icon::Critical);
     }
 }
 

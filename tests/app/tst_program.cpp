@@ -417,7 +417,7 @@ private Q_SLOTS:
         stand.window.hide();
         call(u"org.mpris.MediaPlayer2"_s, u"Raise"_s);
         QTRY_COMPARE(shownWindows(), u"Mp3Frm"_s);
-        call(u"org.mpris.MediaPlayer2.Player"_s, u"OpenUri"_s, {fileAddress(song)});
+        call(u"org.mpris.MediaPlayer2.Player"_s, u"OpenUri"_s, {fileUri(song)});
         QTRY_COMPARE(stand.window.File1.items(), QStringList(u"50% #1.mp3"_s));
         QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
         QCOMPARE(stand.window.Label7.Caption().trimmed(), u"50% #1.mp3"_s);

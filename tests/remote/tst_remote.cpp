@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The player as a listener on the session bus sees and drives it, and the rules of what is told there.
 #include "platform/drives.h"
+#include "remote/adaptors.h"
 #include "remote/remote_control.h"
 #include "remote/song_metadata.h"
 #include "support/core_stand.h"
@@ -41,6 +42,7 @@ public:
     {
         bus.connect(service, objectPath, properties, u"PropertiesChanged"_s, this, SLOT(change(QString, QVariantMap)));
         bus.connect(service, objectPath, playerInterface, u"Seeked"_s, this, SLOT(jump(qlonglong)));
+        addInterfaces(remote);
         remote.start();
         songs.choose(0);
         const bool isThere = QTest::qWaitFor([this] { return bus.interface()->isServiceRegistered(service); });
