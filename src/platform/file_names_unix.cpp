@@ -23,29 +23,32 @@ bool isAscii(QByteArrayView bytes)
 // Keeps U+FEFF at the start: it is a part of the name.
 constexpr auto asGiven = QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom;
 
+// How many bytes the character at the start takes; 0 when there is no valid one.
+qsizetype characterBytes(QByteArrayView bytes)
+{
+    const qsizetype longest = std::min<qsizetype>(4, bytes.size());
+    for (qsizetype length = 1; length <= longest; ++length) {
+        if (bytes.first(length).isValidUtf8())
+            return length;
+    }
+    return 0;
+}
+
 // Decodes what is no valid UTF-8 as a whole: the longest valid stretches, the bytes between them one by one.
 QString decodeOddName(QByteArrayView bytes)
 {
     QString text;
     while (!bytes.isEmpty()) {
-        qsizetype taken = 0;
-        if (isAscii(bytes.first(1))) { // Most of a long text.
-            text += QLatin1Char(bytes.front());
-            taken = 1;
-        }
-        for (qsizetype length = 1; length <= std::min<qsizetype>(4, bytes.size()) && taken == 0; ++length) {
-            QStringDecoder decoder(QStringDecoder::Utf8, asGiven);
-            const QString character = decoder(bytes.first(length));
-            if (!decoder.hasError() && !character.contains(QChar::ReplacementCharacter)) {
-                text += character;
-                taken = length;
-            }
-        }
-        if (taken == 0) {
-            text += QChar(static_cast<char16_t>(oddByteBase + static_cast<unsigned char>(bytes.front())));
-            taken = 1;
-        }
-        bytes = bytes.sliced(taken);
+        qsizetype valid = 0;
+        while (const qsizetype more = characterBytes(bytes.sliced(valid)))
+            valid += more;
+        QStringDecoder decoder(QStringDecoder::Utf8, asGiven);
+        text += decoder(bytes.first(valid));
+        bytes = bytes.sliced(valid);
+        if (bytes.isEmpty())
+            break;
+        text += QChar(static_cast<char16_t>(oddByteBase + static_cast<unsigned char>(bytes.front())));
+        bytes = bytes.sliced(1);
     }
     return text;
 }
