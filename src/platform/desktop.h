@@ -6,7 +6,8 @@
 #include <QString>
 #include <QStringList>
 
-/// The folder for the locks and sockets of this user's session; one below the temporary folder where there is none.
+/// The folder for the locks and sockets of this user's session; one below the temporary folder where there is none. ""
+/// when that is not the user's own.
 QString runtimeFolder();
 
 /// The folder that holds the skins: $KIV_MP3_SKINS, beside the program's data when installed, else the source tree's.

@@ -12,6 +12,8 @@
 #include <QStringDecoder>
 
 #include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -72,9 +74,13 @@ QString runtimeFolder()
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!runtime.isEmpty() && QDir(runtime).exists())
         return runtime;
-    const QString own = QDir::tempPath() + u"/kiv-mp3-"_s + qEnvironmentVariable("USER", u"user"_s);
-    QDir().mkpath(own);
-    return own;
+    const QString own = QDir::tempPath() + u"/kiv-mp3-"_s + QString::number(::geteuid());
+    const QByteArray path = QFile::encodeName(own);
+    ::mkdir(path.constData(), 0700);
+    struct stat status = {};
+    const bool isOwn = ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                       status.st_uid == ::geteuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+    return isOwn ? own : QString(); // Else anybody could have put something there.
 }
 
 QString skinsFolder()

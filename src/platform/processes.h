@@ -2,7 +2,6 @@
 // Processes: the one instance of the player, the signals that end it, and what else runs on the system.
 #pragma once
 
-#include <QLockFile>
 #include <QString>
 #include <QStringList>
 
@@ -10,18 +9,22 @@
 
 class QObject;
 
-/// One player a user: the first one has a lock for as long as it runs.
+/// One player a user: the first one holds a lock for as long as it runs, however it ends. Where none can be had, which
+/// is told in one line on stderr, each player is the first.
 class SingleInstance
 {
 public:
     SingleInstance();
+    SingleInstance(const SingleInstance &) = delete;
+    SingleInstance &operator=(const SingleInstance &) = delete;
+    ~SingleInstance();
 
     /// Does another player of this user run already? Asked once, early.
-    bool isPreviousRunning() const { return !m_hasLock; }
+    bool isPreviousRunning() const { return m_isHeldByAnother; }
 
 private:
-    QLockFile m_lock;
-    bool m_hasLock = false;
+    int m_lock; // A file's handle; the system lets the lock go with it.
+    bool m_isHeldByAnother = false;
 };
 
 /// From now on, and as long as the listener lives, the first signal of a terminal, a shell or a system going down calls

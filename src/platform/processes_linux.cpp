@@ -3,6 +3,7 @@
 // writes a byte into a pipe that the event loop watches.
 #include "platform/desktop.h"
 #include "platform/file_names.h"
+#include "platform/handle_unix.h"
 #include "platform/processes.h"
 
 #include <QDir>
@@ -14,22 +15,15 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-// It names no owner: a power cut has damaged it.
-bool isUnreadable(const QLockFile &lock)
-{
-    qint64 processId = 0;
-    QString host;
-    QString program;
-    return lock.error() == QLockFile::LockFailedError && !lock.getLockInfo(&processId, &host, &program);
-}
-
 std::array<int, 2> ends; // Of the pipe: reading, writing.
 
 void writeToPipe(int)
@@ -47,13 +41,26 @@ QString nameOf(const QString &process)
 }
 } // namespace
 
-SingleInstance::SingleInstance() : m_lock(runtimeFolder() + u"/kiv-mp3.lock"_s)
+// The file's content says nothing and its being there neither, so that nothing can be left that keeps players away.
+SingleInstance::SingleInstance() : m_lock(noHandle)
 {
-    m_lock.setStaleLockTime(0); // Only a dead owner makes a lock stale, however long the player has been running.
-    m_hasLock = m_lock.tryLock(0);
-    if (!m_hasLock && isUnreadable(m_lock) && m_lock.removeStaleLockFile()) // Refused while its owner runs.
-        m_hasLock = m_lock.tryLock(0);
-    m_hasLock = m_hasLock || m_lock.error() != QLockFile::LockFailedError; // No place for a lock: play anyway.
+    const QByteArray folder = QFile::encodeName(runtimeFolder());
+    if (folder.isEmpty()) {
+        qWarning("no folder of your own for the lock that keeps a second player away");
+        return;
+    }
+    const QByteArray path = folder + "/kiv-mp3.lock";
+    m_lock = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
+    const bool isHeld = m_lock != noHandle && ::flock(m_lock, LOCK_EX | LOCK_NB) == 0;
+    m_isHeldByAnother = !isHeld && m_lock != noHandle && errno == EWOULDBLOCK;
+    if (!isHeld && !m_isHeldByAnother)
+        qWarning("%s, which keeps a second player away, cannot be locked: %s", path.constData(), std::strerror(errno));
+}
+
+SingleInstance::~SingleInstance()
+{
+    if (m_lock != noHandle)
+        ::close(m_lock);
 }
 
 void outliveReaders()

@@ -4,7 +4,9 @@
 #include "platform/processes.h"
 #include "support/crash_points.h"
 
-#include <QFile>
+#include <QDir>
+#include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -43,11 +45,29 @@ private Q_SLOTS:
         QFile lock(runtimeFolder() + u"/kiv-mp3.lock"_s);
         QVERIFY(lock.exists());
         QVERIFY(!SingleInstance().isPreviousRunning());
-        for (const char *damage : {"", "garbage", "1\n"}) {
-            QVERIFY(lock.open(QIODevice::WriteOnly) && lock.write(damage) >= 0);
-            lock.close();
-            QVERIFY2(!SingleInstance().isPreviousRunning(), damage);
-        }
+        QVERIFY(lock.open(QIODevice::WriteOnly) && lock.write("1\nkiv-mp3\nanother host\n") > 0);
+        lock.close();
+        QVERIFY(!SingleInstance().isPreviousRunning());
+        QVERIFY(lock.remove() && QDir().mkdir(lock.fileName()));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"kiv-mp3.lock.*: Is a directory$"_s));
+        QVERIFY(!SingleInstance().isPreviousRunning());
+        QVERIFY(QDir().rmdir(lock.fileName()));
+    }
+
+    void nobodyElseCanPlantALock()
+    {
+        const QTemporaryDir common;
+        qputenv("TMPDIR", QFile::encodeName(common.path()));
+        const QByteArray session = qgetenv("XDG_RUNTIME_DIR");
+        qunsetenv("XDG_RUNTIME_DIR");
+        const QString own = runtimeFolder();
+        QVERIFY(own.startsWith(common.path()));
+        QVERIFY(QFile::setPermissions(own, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::WriteOther));
+        QVERIFY(runtimeFolder().isEmpty());
+        QVERIFY(QDir().rmdir(own) && QFile::link(QFile::decodeName(session), own) && runtimeFolder().isEmpty());
+        QTest::ignoreMessage(QtWarningMsg, "no folder of your own for the lock that keeps a second player away");
+        QVERIFY(!SingleInstance().isPreviousRunning());
+        qputenv("XDG_RUNTIME_DIR", session);
     }
 
     void playsWhereNoLockCanBe()
