@@ -166,7 +166,7 @@ void Mp3Frm::Load()
     for (PictureBox *button : {&bPrev, &bPlay, &bPause, &bStop, &bNext})
         ShapeFromPicture(*button);
     Label7.setCaption({});
-    if (!FileExists(paths::settingsFile))
+    if (settingsAreMissing())
         firstStart();
     const QString folder = readSetting(Setting::Mp3Path);
     const QString volume = readSetting(Setting::Volume);

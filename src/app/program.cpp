@@ -5,7 +5,9 @@
 #include "base/numbers.h"
 #include "base/texts.h"
 #include "controls/skin_window.h"
+#include "platform/shell_files.h"
 #include "remote/adaptors.h"
+#include "settings/settings_store.h"
 #include "settings/window_effects.h"
 
 #include <QCoreApplication>
@@ -45,6 +47,7 @@ void Program::connectMainWindow()
 {
     connect(&m_mp3Frm, &SkinWindow::firstPainted, &m_trayIcon, &TrayIcon::AddTrayIcon);
     connect(&m_mp3Frm, &SkinWindow::firstPainted, &m_remote, &RemoteControl::start);
+    connect(&m_mp3Frm, &SkinWindow::firstPainted, this, &Program::tidyUp, Qt::QueuedConnection);
     connect(&m_mp3Frm, &SkinWindow::seenChanged, &m_playlist, &Playlist::followMainWindow);
     connect(&m_mp3Frm, &Mp3Frm::songMenuRequested, &m_menus, &Menus::openSongMenu);
     connect(&m_mp3Frm, &Mp3Frm::songPicked, this, &Program::addPickedSong);
@@ -107,6 +110,15 @@ bool Program::start(const QString &commandLine)
     }
     m_mp3Frm.show();
     return true;
+}
+
+// What a player that was killed could not finish goes, where it most likely worked.
+void Program::tidyUp()
+{
+    const QString songs = m_mp3Frm.songs().folder();
+    for (const QString &folder : {u"c:\\"_s, paths::settingsFolder, songs})
+        tidyFolder(folder);
+    tidyTrash(songs);
 }
 
 // The text is one path in quotation marks; its first and last character go, whatever they are.

@@ -38,6 +38,7 @@ private:
     void connectOtherWindows();
     void connectMenus();
     void load();
+    void tidyUp();
     void playCommandLine(const QString &commandLine);
     void playWithFolder(const QString &path);
 

@@ -87,8 +87,8 @@ bool DirListBox::setPath(const QString &path)
         return true;
     if (!folderExists(path))
         return false;
-    const FolderRows rows = rowsFor(path);
-    m_path = path;
+    m_path = spelledAsOnDisk(path);
+    const FolderRows rows = rowsFor(m_path);
     m_folders = rows.folders;
     setItems(rows.texts);
     chooseQuietly(rows.openRow);
@@ -112,7 +112,7 @@ bool FileListBox::setPath(const QString &path)
 {
     if (!folderExists(path))
         return false;
-    m_path = path;
+    m_path = spelledAsOnDisk(path); // Work on a file of the list takes the exact name.
     setItems(readFolder());
     Q_EMIT PathChange();
     return true;

@@ -18,6 +18,10 @@ namespace
 {
 enum Mp3NameMenuItem { UseTagItem };
 enum TagEditMenuItem { MoveItem, RefreshFilesItem };
+
+struct MoveWindows : ShellWindows {
+    void tellFailure(const QString &text) override { MsgBox::show(u"Error Moving"_s + u"\n\n"_s + text, u"Sorry,"_s); }
+};
 } // namespace
 
 Menus::Menus(QObject *parent, MenuParts parts)
@@ -200,9 +204,7 @@ void Menus::movePointedFile()
 void Menus::move(const QString &name, const QString &toFolder)
 {
     FileListBox &files = m_parts.formatMp3.File1;
-    ShellWindows prompts;
-    const ShellOutcome outcome = moveFile(pathIn(files.Path(), name), pathIn(toFolder, name), prompts);
-    if (outcome == ShellOutcome::Failed)
-        MsgBox::show(u"Error Moving"_s, u"Sorry,"_s);
+    MoveWindows prompts;
+    moveFile(pathIn(files.Path(), name), pathIn(toFolder, name), prompts);
     files.Refresh();
 }

@@ -6,6 +6,6 @@
 
 #include <QString>
 
-/// Moves a file to a path that may be on another file system. Failed: the caller says so; the source is where it
-/// was, and no empty file stays at the destination. Declined: both files are as they were, and the user knows.
+/// Moves a file to a path that may be on another file system. Failed: the prompts were told why; both files are as they
+/// were. An empty file is never moved. Declined: both are as they were, and the user knows.
 ShellOutcome moveFile(const QString &source, const QString &destination, ShellPrompts &prompts);

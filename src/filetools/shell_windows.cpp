@@ -67,3 +67,8 @@ bool ShellWindows::copyGoesOn(const QString &path, qint64 done, qint64 total)
     m_progress->setValue(total > 0 ? static_cast<int>(done * fullBar / total) : fullBar); // Lets events run.
     return !m_progress->wasCanceled();
 }
+
+void ShellWindows::tellFailure(const QString &text)
+{
+    MsgBox::show(text, u"File Error"_s, MsgBox::Icon::Critical);
+}

@@ -28,8 +28,7 @@ std::optional<Id3v1Tag> tagOf(const ByteFile &file, QByteArrayView firstBytes)
     if (firstBytes.size() == file.length())
         return parseTagBlock(firstBytes.last(tagBlockSize));
     std::array<char, tagBlockSize> block;
-    const qint64 got = file.readAt(file.length() - tagBlockSize, block.data(), tagBlockSize);
-    return parseTagBlock(QByteArrayView(block.data(), got));
+    return parseTagBlock(file.readAt(file.length() - tagBlockSize, block).value_or(QByteArrayView()));
 }
 
 // Halves are rounded up, as people expect of a size; sizes divided by powers of two are exact until here.
@@ -70,7 +69,7 @@ void Mp3Info::ClearInfo()
 void Mp3Info::ReadFileInfo(const ByteFile &file)
 {
     std::array<char, frameHeaderReach> start;
-    const QByteArrayView firstBytes(start.data(), file.readAt(0, start.data(), frameHeaderReach));
+    const QByteArrayView firstBytes = file.readAt(0, start).value_or(QByteArrayView());
     m_tag = tagOf(file, firstBytes).value_or(Id3v1Tag());
     takeHeader(readFrameHeader(firstBytes, file.length()));
 }
@@ -141,8 +140,8 @@ bool Mp3Info::HasTag() const
 {
     const std::optional<ByteFile> file = ByteFile::open(m_fileName, ByteFile::Access::Read);
     std::array<char, tagMarkerSize> marker;
-    const qint64 got = file ? file->readAt(file->length() - tagBlockSize, marker.data(), tagMarkerSize) : 0;
-    return beginsTag(QByteArrayView(marker.data(), got));
+    const auto got = file ? file->readAt(file->length() - tagBlockSize, marker) : std::nullopt;
+    return got && beginsTag(*got);
 }
 
 bool Mp3Info::WriteTag()

@@ -155,7 +155,7 @@ QuickHeader readFile(const QString &path, Search search)
     const std::optional<ByteFile> file = ByteFile::open(path, ByteFile::Access::Read);
     std::array<char, quickHeaderReach> buffer;
     const auto readAt = [&](qint64 place) {
-        return QByteArrayView(buffer.data(), file ? file->readAt(place, buffer.data(), quickHeaderReach) : 0);
+        return file ? file->readAt(place, buffer).value_or(QByteArrayView()) : QByteArrayView();
     };
     const QByteArrayView start = readAt(0);
     const std::optional<qint64> length = file ? file->length() : fileLength(path);

@@ -40,11 +40,14 @@ QString withSlashes(const QString &rest)
 }
 
 // The entry of folder equal to name when case is ignored, the first in byte order when several are; name when none is.
-QByteArray spellingOnDisk(const QByteArray &folder, const QByteArray &name)
+std::optional<QByteArray> spellingOnDisk(const QByteArray &folder, const QByteArray &name)
 {
+    const auto entries = hostEntries(folder);
+    if (!entries)
+        return std::nullopt;
     const QString wanted = nameFromHost(name);
     QByteArray found;
-    for (const QByteArray &entry : hostEntries(folder)) {
+    for (const QByteArray &entry : *entries) {
         const bool same = nameFromHost(entry).compare(wanted, Qt::CaseInsensitive) == 0;
         if (same && (found.isEmpty() || entry < found))
             found = entry;
@@ -92,8 +95,13 @@ QByteArray hostPath(const QString &path)
 
 QByteArray hostPathOnDisk(const QString &path)
 {
+    return pathOnDiskIfKnown(path).value_or(hostPath(path));
+}
+
+std::optional<QByteArray> pathOnDiskIfKnown(const QString &path)
+{
     const QByteArray exact = hostPath(path);
-    if (exact.isEmpty() || hostEntryExists(exact))
+    if (exact.isEmpty() || hostEntry(exact) == Presence::There)
         return exact;
     QByteArray found = exact.startsWith('/') ? QByteArray("/") : QByteArray();
     for (const QByteArray &name : exact.split('/')) {
@@ -101,10 +109,19 @@ QByteArray hostPathOnDisk(const QString &path)
             continue;
         const QByteArray folder = found.isEmpty() ? QByteArray(".") : found;
         const QByteArray separator = found.isEmpty() || found.endsWith('/') ? QByteArray() : QByteArray("/");
-        const bool exactName = hostEntryExists(found + separator + name);
-        found += separator + (exactName ? name : spellingOnDisk(folder, name));
+        const bool exactName = hostEntry(found + separator + name) == Presence::There;
+        const auto spelling = exactName ? name : spellingOnDisk(folder, name);
+        if (!spelling)
+            return std::nullopt;
+        found += separator + *spelling;
     }
     return exact.endsWith('/') ? found + '/' : found;
+}
+
+QString spelledAsOnDisk(const QString &path)
+{
+    const QByteArray onDisk = hostPathOnDisk(path);
+    return onDisk == hostPath(path) ? path : programPath(textFromBytes(onDisk));
 }
 
 QString programPath(const QString &anyPath)
@@ -117,7 +134,7 @@ QString programPath(const QString &anyPath)
     QString absolute = QDir::cleanPath(QDir::current().absoluteFilePath(anyPath));
     if (folderForm && absolute != u"/"_s)
         absolute += u'/';
-    absolute.replace(u'\\', QChar(0xF05C));
+    absolute = withStandIns(absolute);
     const QString data = dataFolder();
     if (absolute == data || absolute.startsWith(data + u'/'))
         absolute = u"c:"_s + (absolute == data ? u"/"_s : absolute.mid(data.size()));

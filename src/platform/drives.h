@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// The player's data folder on the host, the home of "c:\": $KIV_MP3_HOME, else $XDG_DATA_HOME/kiv-mp3.
 QString dataFolder();
 
@@ -22,6 +24,12 @@ QByteArray hostPath(const QString &path);
 /// As hostPath(), but the spelling on disk: the exact name where it exists, else the name equal when case is ignored,
 /// folder by folder. What is not found keeps the given spelling.
 QByteArray hostPathOnDisk(const QString &path);
+
+/// The same; nothing when the host failed to tell what there is.
+std::optional<QByteArray> pathOnDiskIfKnown(const QString &path);
+
+/// The path as it is spelled on disk; as given where it is so already, or where it is not found.
+QString spelledAsOnDisk(const QString &path);
 
 /// The program's form of a path in either form; "" stays "". A host path that is relative is taken from the process's
 /// current folder.

@@ -5,15 +5,21 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QString>
 
-enum class Existing { Keep, Replace };                 // What happens to a file that has the name already.
-enum class RenameResult { Done, OtherExists, Failed }; // How giving a name ended.
+#include <optional>
+
+enum class Existing { Keep, Replace, SetAside };       // What happens to a file that has the name already.
+enum class Presence { There, Missing, Unknown };       // Unknown: the host failed to tell.
+enum class RenameResult { Done, OtherExists, Failed }; // How taking a name ended.
 
 /// Is there such an entry? A link counts, wherever it leads.
+Presence hostEntry(const QByteArray &path);
 bool hostEntryExists(const QByteArray &path);
 
-/// The names of all entries of a folder, "." and ".." too, unsorted; empty for a folder that cannot be read.
-QList<QByteArray> hostEntries(const QByteArray &folder);
+/// The names of all entries of a folder, "." and ".." too, unsorted; none of a missing folder, nothing when it cannot
+/// be read.
+std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder);
 
 /// Do both paths lead to one file, through links too?
 bool isSameFile(const QByteArray &first, const QByteArray &second);
@@ -24,9 +30,21 @@ bool isSameEntry(const QByteArray &first, const QByteArray &second);
 /// Does the path lead to a folder?
 bool isHostFolder(const QByteArray &path);
 
+/// The path with all links followed; empty when there is no such entry.
+QByteArray realPath(const QByteArray &path);
+
+/// Why the last work on entries failed, as people say it.
+QString hostErrorText();
+
+/// May entries of the folder be made, renamed and removed? When not, hostErrorText() tells why.
+bool mayChangeEntries(const QByteArray &folder);
+
 /// Gives an entry another name in the same file system. With Existing::Keep nothing is ever replaced, not even a file
-/// that appears at the same moment.
+/// that appears at the same moment; else what has the name goes.
 RenameResult renameEntry(const QByteArray &from, const QByteArray &to, Existing existing);
+
+/// Lets two entries change their names. False, and nothing has changed, where the file system cannot.
+bool exchangeEntries(const QByteArray &first, const QByteArray &second);
 
 /// Removes an entry for good: a link, not the file it leads to; never a folder.
 bool removeEntry(const QByteArray &path);

@@ -4,13 +4,21 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
+bool isForMissing(int error)
+{
+    return error == ENOENT || error == ENOTDIR;
+}
+
 QByteArray folderOf(const QByteArray &path)
 {
     return path.first(path.lastIndexOf('/') + 1);
@@ -24,7 +32,6 @@ void flushFolder(const QByteArray &folder)
         ::fsync(handle.get());
 }
 
-// For file systems that cannot rename without replacing: an empty file claims the name first.
 int renameOntoClaim(const QByteArray &from, const QByteArray &to)
 {
     Handle claim(::open(to.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
@@ -40,11 +47,25 @@ int renameOntoClaim(const QByteArray &from, const QByteArray &to)
     return result;
 }
 
+// For file systems that cannot rename without replacing: for a moment the file has both names. Where no file can have
+// two, an empty one claims the name first.
+int linkAndUnlink(const QByteArray &from, const QByteArray &to)
+{
+    if (::link(from.constData(), to.constData()) != 0)
+        return errno == EEXIST ? -1 : renameOntoClaim(from, to);
+    if (::unlink(from.constData()) == 0)
+        return 0;
+    const int reason = errno;
+    ::unlink(to.constData());
+    errno = reason;
+    return -1;
+}
+
 int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
 {
     const int result = ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE);
     const bool unknown = result != 0 && (errno == EINVAL || errno == ENOSYS || errno == ENOTSUP);
-    return unknown ? renameOntoClaim(from, to) : result;
+    return unknown ? linkAndUnlink(from, to) : result;
 }
 
 using StatusCall = int (*)(const char *, struct stat *);
@@ -58,19 +79,31 @@ bool haveSameIdentity(const QByteArray &first, const QByteArray &second, StatusC
 }
 } // namespace
 
-bool hostEntryExists(const QByteArray &path)
+Presence hostEntry(const QByteArray &path)
 {
     struct stat status = {};
-    return !path.isEmpty() && ::lstat(path.constData(), &status) == 0;
+    if (path.isEmpty())
+        return Presence::Missing;
+    if (::lstat(path.constData(), &status) == 0)
+        return Presence::There;
+    return isForMissing(errno) ? Presence::Missing : Presence::Unknown;
 }
 
-QList<QByteArray> hostEntries(const QByteArray &folder)
+bool hostEntryExists(const QByteArray &path)
+{
+    return hostEntry(path) == Presence::There;
+}
+
+std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder)
 {
     QList<QByteArray> entries;
     const std::unique_ptr<DIR, int (*)(DIR *)> open(::opendir(folder.constData()), ::closedir);
-    while (const dirent *entry = open ? ::readdir(open.get()) : nullptr)
+    if (!open)
+        return isForMissing(errno) ? std::optional(entries) : std::nullopt;
+    errno = 0;
+    while (const dirent *entry = ::readdir(open.get()))
         entries += QByteArray(entry->d_name);
-    return entries;
+    return errno == 0 ? std::optional(entries) : std::nullopt;
 }
 
 bool isSameFile(const QByteArray &first, const QByteArray &second)
@@ -89,14 +122,38 @@ bool isHostFolder(const QByteArray &path)
     return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+QByteArray realPath(const QByteArray &path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
+    return QByteArray(real.get());
+}
+
+QString hostErrorText()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+bool mayChangeEntries(const QByteArray &folder)
+{
+    return ::access(folder.constData(), W_OK | X_OK) == 0;
+}
+
 RenameResult renameEntry(const QByteArray &from, const QByteArray &to, Existing existing)
 {
     const int result =
-        existing == Existing::Replace ? ::rename(from.constData(), to.constData()) : renameWithoutReplacing(from, to);
+        existing == Existing::Keep ? renameWithoutReplacing(from, to) : ::rename(from.constData(), to.constData());
     if (result != 0)
         return errno == EEXIST ? RenameResult::OtherExists : RenameResult::Failed;
     flushFolder(folderOf(to));
     return RenameResult::Done;
+}
+
+bool exchangeEntries(const QByteArray &first, const QByteArray &second)
+{
+    if (::renameat2(AT_FDCWD, first.constData(), AT_FDCWD, second.constData(), RENAME_EXCHANGE) != 0)
+        return false;
+    flushFolder(folderOf(second));
+    return true;
 }
 
 bool removeEntry(const QByteArray &path)

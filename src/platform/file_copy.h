@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/entries.h"
+#include "platform/scratch_file.h"
 
 #include <QByteArray>
 #include <QString>
@@ -16,29 +17,26 @@ enum class FileTimes { Kept, Fresh }; // Does the copy carry the times of its so
 /// Called with the bytes done and all bytes, at most ten times a second; false stops the copy.
 using CopyWatcher = std::function<bool(qint64 done, qint64 total)>;
 
-/// The copy of a file, complete and on the disk under a hidden name beside its destination. It is removed
-/// again unless it is committed.
+/// The copy of a file, complete and on the disk under a hidden name beside its destination. It vanishes again unless
+/// it takes the destination's name.
 class PendingCopy
 {
 public:
     /// Copies the first length bytes (all of them without a length), permissions and, as far as allowed, owner and
-    /// extended attributes. Nothing when it failed or was stopped; then no trace is left.
+    /// extended attributes. Nothing when it failed (hostErrorText() tells why) or was stopped; then no trace is left.
     static std::optional<PendingCopy> make(const QByteArray &source, const QByteArray &destination, FileTimes times,
                                            std::optional<qint64> length = {}, const CopyWatcher &watcher = {});
 
-    PendingCopy(PendingCopy &&other) noexcept;
-    PendingCopy &operator=(PendingCopy &&) = delete;
-    PendingCopy(const PendingCopy &) = delete;
-    PendingCopy &operator=(const PendingCopy &) = delete;
-    ~PendingCopy();
-
     /// Puts the copy in place. After OtherExists it may be called again.
-    RenameResult commit(Existing existing);
+    RenameResult commit(Existing existing) { return m_file.commit(m_destination, existing); }
+
+    /// Undoes that; what was set aside has the name again.
+    bool undo() { return m_file.undo(); }
 
 private:
-    PendingCopy(const QByteArray &hiddenName, const QByteArray &destination);
+    PendingCopy(ScratchFile file, const QByteArray &destination);
 
-    QByteArray m_hiddenName; // Empty once the copy is in place.
+    ScratchFile m_file;
     QByteArray m_destination;
 };
 

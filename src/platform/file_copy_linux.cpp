@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
@@ -22,20 +21,6 @@ constexpr qint64 chunkSize = 1 << 20;
 constexpr qint64 watchEveryMs = 100;
 constexpr mode_t permissionBits = 0777;
 
-bool writeAll(int handle, const char *bytes, qint64 size)
-{
-    while (size > 0) {
-        const ssize_t put = ::write(handle, bytes, static_cast<std::size_t>(size));
-        if (put < 0 && errno == EINTR)
-            continue;
-        if (put <= 0)
-            return false;
-        bytes += put;
-        size -= put;
-    }
-    return true;
-}
-
 // A source that ends early is a failure: a copy is whole or is none.
 bool copyBytes(int from, int to, qint64 total, const CopyWatcher &watcher)
 {
@@ -47,7 +32,9 @@ bool copyBytes(int from, int to, qint64 total, const CopyWatcher &watcher)
         const ssize_t got = ::read(from, buffer.get(), static_cast<std::size_t>(wanted));
         if (got < 0 && errno == EINTR)
             continue;
-        if (got <= 0 || !writeAll(to, buffer.get(), got))
+        if (got == 0)
+            errno = EIO; // It ends before its length.
+        if (got <= 0 || !writeAll(to, QByteArrayView(buffer.get(), got)))
             return false;
         done += got;
         if (watcher && sinceWatched.hasExpired(watchEveryMs)) {
@@ -88,28 +75,11 @@ void copyTimes(int to, const struct stat &status)
     const timespec times[] = {status.st_atim, status.st_mtim};
     ::futimens(to, times);
 }
-
-QByteArray realPath(const QByteArray &path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
-    return QByteArray(real.get());
-}
 } // namespace
 
-PendingCopy::PendingCopy(const QByteArray &hiddenName, const QByteArray &destination)
-    : m_hiddenName(hiddenName), m_destination(destination)
+PendingCopy::PendingCopy(ScratchFile file, const QByteArray &destination)
+    : m_file(std::move(file)), m_destination(destination)
 {
-}
-
-PendingCopy::PendingCopy(PendingCopy &&other) noexcept
-    : m_hiddenName(std::exchange(other.m_hiddenName, {})), m_destination(std::exchange(other.m_destination, {}))
-{
-}
-
-PendingCopy::~PendingCopy()
-{
-    if (!m_hiddenName.isEmpty())
-        ::unlink(m_hiddenName.constData());
 }
 
 std::optional<PendingCopy> PendingCopy::make(const QByteArray &source, const QByteArray &destination, FileTimes times,
@@ -117,37 +87,27 @@ std::optional<PendingCopy> PendingCopy::make(const QByteArray &source, const QBy
 {
     const Handle from(::open(source.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status = {};
-    if (!from.isOpen() || ::fstat(from.get(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (!from.isOpen() || ::fstat(from.get(), &status) != 0)
         return std::nullopt;
+    if (!S_ISREG(status.st_mode)) {
+        errno = EINVAL;
+        return std::nullopt;
+    }
     const qint64 total = length.value_or(status.st_size);
-
-    QByteArray hiddenName = destination.first(destination.lastIndexOf('/') + 1) +
-                            ".kiv-mp3-XXXXXX"; // Short: the destination's may be the longest.
-    Handle to(::mkostemp(hiddenName.data(), O_CLOEXEC));
-    if (!to.isOpen())
+    auto to = ScratchFile::make(destination.first(destination.lastIndexOf('/') + 1), 0600);
+    if (!to || total < 0 || total > status.st_size || !copyBytes(from.get(), to->handle(), total, watcher))
         return std::nullopt;
-    PendingCopy copy(hiddenName, destination);
-    if (total < 0 || total > status.st_size || !copyBytes(from.get(), to.get(), total, watcher))
-        return std::nullopt;
-    copyOwnerAndPermissions(from.get(), to.get(), status);
+    copyOwnerAndPermissions(from.get(), to->handle(), status);
     if (times == FileTimes::Kept)
-        copyTimes(to.get(), status);
-    if (::fsync(to.get()) != 0 || !to.close())
+        copyTimes(to->handle(), status);
+    if (!to->finish())
         return std::nullopt;
-    return copy;
-}
-
-RenameResult PendingCopy::commit(Existing existing)
-{
-    const RenameResult result = renameEntry(m_hiddenName, m_destination, existing);
-    if (result == RenameResult::Done)
-        m_hiddenName.clear();
-    return result;
+    return PendingCopy(std::move(*to), destination);
 }
 
 bool shortenFile(const QString &path, qint64 length)
 {
-    const QByteArray file = realPath(hostPathOnDisk(path));
+    const QByteArray file = realPath(hostPath(path));
     if (file.isEmpty() || ::access(file.constData(), W_OK) != 0)
         return false;
     auto copy = PendingCopy::make(file, file, FileTimes::Fresh, length);

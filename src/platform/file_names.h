@@ -12,6 +12,9 @@ QString nameFromHost(QByteArrayView hostName);
 /// The host's bytes of a name or path in host form.
 QByteArray nameToHost(QStringView name);
 
+/// A text in the host's form with U+F05C in the place of each backslash; where it stands itself, its bytes as odd ones.
+QString withStandIns(QString hostText);
+
 /// UTF-8 and back; bytes that are no UTF-8 travel as in names, so that a text that holds such a name can be kept.
 QString textFromBytes(QByteArrayView bytes);
 QByteArray textToBytes(QStringView text);

@@ -77,9 +77,17 @@ QByteArray textToBytes(QStringView text)
     return bytes + text.sliced(start).toUtf8();
 }
 
+QString withStandIns(QString hostText)
+{
+    const QChar ownBytes[] = {u'\xDCEF', u'\xDC81', u'\xDC9C'};
+    if (hostText.contains(QChar(backslashStandIn)))
+        hostText.replace(QStringView(&backslashStandIn, 1).toString(), QString(ownBytes, std::ssize(ownBytes)));
+    return hostText.replace(u'\\', QChar(backslashStandIn));
+}
+
 QString nameFromHost(QByteArrayView hostName)
 {
-    return textFromBytes(hostName).replace(u'\\', QChar(backslashStandIn));
+    return withStandIns(textFromBytes(hostName));
 }
 
 QByteArray nameToHost(QStringView name)

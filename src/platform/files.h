@@ -2,10 +2,13 @@
 // Normal files: read and written by position, or small ones as a whole.
 #pragma once
 
+#include "platform/entries.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <optional>
+#include <span>
 
 /// An open file. Offsets count from 0.
 class ByteFile
@@ -13,8 +16,8 @@ class ByteFile
 public:
     enum class Access { Read, ReadWrite };
 
-    /// Opens an existing normal file; never creates one, never waits. Nothing for a folder, a pipe, a missing file or
-    /// a missing permission.
+    /// Opens an existing normal file; never creates one, never waits. To be written, its name must be spelled exactly.
+    /// Nothing for a folder, a pipe, a missing file or a missing permission.
     static std::optional<ByteFile> open(const QString &path, Access access);
 
     ByteFile(ByteFile &&other) noexcept;
@@ -26,11 +29,12 @@ public:
     /// The length in bytes at the time of opening.
     qint64 length() const { return m_length; }
 
-    /// Reads up to size bytes into buffer; the number read: fewer at the end of the file, 0 beyond it or on failure.
-    qint64 readAt(qint64 offset, char *buffer, qint64 size) const;
+    /// Fills buffer from offset on and gives what was read: less at the end of the file, nothing beyond it. No value
+    /// when the file could not be read or has ended before its length.
+    std::optional<QByteArrayView> readAt(qint64 offset, std::span<char> buffer) const;
 
     /// The same into an array of its own.
-    QByteArray readAt(qint64 offset, qint64 size) const;
+    std::optional<QByteArray> readAt(qint64 offset, qint64 size) const;
 
     /// Writes all bytes at offset. False when it failed; what a short write has changed is put back where it can be.
     bool writeAt(qint64 offset, QByteArrayView bytes);
@@ -49,9 +53,23 @@ private:
     qint64 m_length;
 };
 
-/// The bytes of a normal file; nothing when it is missing or cannot be read.
-std::optional<QByteArray> loadFile(const QString &path);
+/// Missing and unreadable are two things: only what is known to be missing may be made anew.
+enum class Reading { Done, Missing, Failed };
+
+struct FileContents {
+    Reading reading = Reading::Failed;
+    QByteArray bytes;
+};
+
+/// A small file as a whole. Too large a one counts as unreadable: nothing of the player's own gets that large.
+FileContents loadFile(const QString &path);
+
+/// False while loadFile() could not read what is there.
+bool mayReplace(const QString &path);
 
 /// Replaces the file, or leaves the old one as it was: the new bytes are complete on the disk before they take its
-/// name. Creates no folder. False when nothing was written.
-bool saveFile(const QString &path, QByteArrayView bytes);
+/// name. Creates no folder. False when nothing was written, as for a file that may not be replaced.
+bool saveFile(const QString &path, QByteArrayView bytes, Existing existing = Existing::Replace);
+
+/// Makes the file, empty, where it is known to be missing.
+void createIfMissing(const QString &path);

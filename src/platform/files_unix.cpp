@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/drives.h"
 #include "platform/files.h"
-#include "platform/handle_unix.h"
+#include "platform/scratch_file.h"
 
-#include <QFile>
-#include <QSaveFile>
+#include <QSet>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -14,14 +13,26 @@
 
 namespace
 {
-// Opens as spelled first; only a miss pays for the search that ignores case. Never blocks on a pipe or a device.
+constexpr qint64 longestFile = 1 << 28; // A play list of a million songs takes a fifth of it.
+
+// What is there but could not be read.
+QSet<QByteArray> unreadFiles;
+
+bool isMissing(const QString &path)
+{
+    const auto place = pathOnDiskIfKnown(path);
+    return place && hostEntry(*place) == Presence::Missing;
+}
+
+// Opens as spelled first; only a miss pays for the search that ignores case, and only to read: what is changed is the
+// file that was named or none. Never blocks on a pipe or a device.
 int openHandle(const QString &path, int flags)
 {
     const QByteArray exact = hostPath(path);
     if (exact.isEmpty())
         return noHandle;
     const int handle = ::open(exact.constData(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (handle != noHandle || errno != ENOENT)
+    if (handle != noHandle || errno != ENOENT || flags != O_RDONLY)
         return handle;
     return ::open(hostPathOnDisk(path).constData(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
 }
@@ -60,26 +71,29 @@ ByteFile::~ByteFile()
         ::close(m_handle);
 }
 
-qint64 ByteFile::readAt(qint64 offset, char *buffer, qint64 size) const
+std::optional<QByteArrayView> ByteFile::readAt(qint64 offset, std::span<char> buffer) const
 {
-    qint64 done = 0;
-    while (offset >= 0 && done < size) {
-        const ssize_t got = ::pread(m_handle, buffer + done, static_cast<std::size_t>(size - done), offset + done);
+    // The end is known: no read is needed to learn of it.
+    const qint64 size = offset < 0 ? 0 : std::clamp<qint64>(m_length - offset, 0, std::ssize(buffer));
+    for (qint64 done = 0; done < size;) {
+        const ssize_t got =
+            ::pread(m_handle, buffer.data() + done, static_cast<std::size_t>(size - done), offset + done);
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
-            break;
+            return std::nullopt;
         done += got;
-        if (offset + done >= m_length) // The end is known: no further read is needed to learn of it.
-            break;
     }
-    return done;
+    return QByteArrayView(buffer.data(), size);
 }
 
-QByteArray ByteFile::readAt(qint64 offset, qint64 size) const
+std::optional<QByteArray> ByteFile::readAt(qint64 offset, qint64 size) const
 {
     QByteArray bytes(std::max<qint64>(size, 0), Qt::Uninitialized);
-    bytes.truncate(readAt(offset, bytes.data(), bytes.size()));
+    const auto got = readAt(offset, std::span(bytes.data(), static_cast<std::size_t>(bytes.size())));
+    if (!got)
+        return std::nullopt;
+    bytes.truncate(got->size());
     return bytes;
 }
 
@@ -102,12 +116,14 @@ bool ByteFile::writeAt(qint64 offset, QByteArrayView bytes)
 {
     if (offset < 0)
         return false;
-    const QByteArray before = readAt(offset, bytes.size());
+    const auto before = readAt(offset, bytes.size());
+    if (!before) // It could not be put back.
+        return false;
     if (writeSome(offset, bytes) == bytes.size()) {
         m_length = std::max(m_length, offset + bytes.size());
         return true;
     }
-    writeSome(offset, before);
+    writeSome(offset, *before);
     resize(m_length);
     return false;
 }
@@ -125,17 +141,45 @@ bool ByteFile::flush()
     return ::fsync(m_handle) == 0;
 }
 
-std::optional<QByteArray> loadFile(const QString &path)
+FileContents loadFile(const QString &path)
 {
     const auto file = ByteFile::open(path, ByteFile::Access::Read);
-    return file ? std::optional<QByteArray>(file->readAt(0, file->length())) : std::nullopt;
+    const bool isSmall = file && file->length() <= longestFile;
+    const auto bytes = isSmall ? file->readAt(0, file->length()) : std::nullopt;
+    const bool isFailure = !bytes && (file || !isMissing(path));
+    if (isFailure && mayReplace(path))
+        qWarning("%s cannot be read and is left as it is", qUtf8Printable(displayPath(path)));
+    if (isFailure)
+        unreadFiles += hostPath(path);
+    else
+        unreadFiles -= hostPath(path);
+    return {bytes ? Reading::Done : isFailure ? Reading::Failed : Reading::Missing, bytes.value_or(QByteArray())};
 }
 
-bool saveFile(const QString &path, QByteArrayView bytes)
+bool mayReplace(const QString &path)
 {
-    QSaveFile file(QFile::decodeName(hostPathOnDisk(path)));
-    if (!file.open(QIODevice::WriteOnly))
+    return !unreadFiles.contains(hostPath(path));
+}
+
+bool saveFile(const QString &path, QByteArrayView bytes, Existing existing)
+{
+    const std::optional<QByteArray> place = pathOnDiskIfKnown(path);
+    if (!place || !mayReplace(path))
         return false;
-    // Flushed by hand: commit() takes no notice when its own flush meets a full disk.
-    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush() && file.commit();
+    const QByteArray real = realPath(*place); // A link stays.
+    const QByteArray target = real.isEmpty() ? *place : real;
+    struct stat old = {};
+    const bool replaces = ::stat(target.constData(), &old) == 0;
+    if (replaces && (!S_ISREG(old.st_mode) || ::access(target.constData(), W_OK) != 0))
+        return false;
+    auto file = ScratchFile::make(target.first(target.lastIndexOf('/') + 1), 0666);
+    return file && writeAll(file->handle(), bytes) &&
+           (!replaces || ::fchmod(file->handle(), old.st_mode & 0777) == 0) && file->finish() &&
+           file->commit(target, existing) == RenameResult::Done;
+}
+
+void createIfMissing(const QString &path)
+{
+    if (loadFile(path).reading == Reading::Missing)
+        saveFile(path, {}, Existing::Keep);
 }

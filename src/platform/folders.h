@@ -30,8 +30,5 @@ QStringList foldersIn(const QString &folder);
 /// Creates one missing folder level; a folder that exists or cannot be made changes nothing.
 void MakeFolder(const QString &path);
 
-/// Removes a normal file for good (not to the trash). False when it is still there.
-bool removeFile(const QString &path);
-
 /// "Read Only" for a normal file its owner may not write; "Normal" for all else, a missing file too.
 QString FileAttributeText(const QString &path);

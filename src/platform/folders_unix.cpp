@@ -124,11 +124,6 @@ void MakeFolder(const QString &path)
         ::mkdir(hostPathOnDisk(path).constData(), 0777);
 }
 
-bool removeFile(const QString &path)
-{
-    return FileExists(path) && ::unlink(hostPathOnDisk(path).constData()) == 0;
-}
-
 QString FileAttributeText(const QString &path)
 {
     const auto status = statusOf(hostPathOnDisk(path));

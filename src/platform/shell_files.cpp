@@ -7,11 +7,7 @@
 #include "platform/entries.h"
 #include "platform/file_copy.h"
 #include "platform/file_names.h"
-#include "platform/folders.h"
-
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
+#include "platform/trash.h"
 
 #include <algorithm>
 
@@ -21,15 +17,22 @@ namespace
 {
 constexpr qsizetype longestName = 255; // Bytes, on all usual file systems.
 
-// The host path of a name that may be new: the folder as spelled on disk, the name exactly as given, since names that
-// differ in case alone are two. Empty for an impossible name.
-QByteArray exactHostPath(const QString &path)
+// The host path of a name that may be new. Empty for an impossible one.
+QByteArray possiblePath(const QString &path)
 {
-    const QString name = FileNameFromPath(path);
-    const QByteArray folder = hostPathOnDisk(FolderFromPath(path));
-    if (folder.isEmpty() || !isPossibleName(name))
-        return {};
-    return folder + (folder.endsWith('/') ? "" : "/") + nameToHost(name);
+    return isPossibleName(FileNameFromPath(path)) ? hostPath(path) : QByteArray();
+}
+
+QByteArray folderOf(const QByteArray &path)
+{
+    return path.first(path.lastIndexOf('/') + 1);
+}
+
+ShellOutcome tellFailure(ShellPrompts &prompts, const QString &path, const QString &work,
+                         const QString &reason = hostErrorText())
+{
+    prompts.tellFailure(u"%1 cannot be %2: %3."_s.arg(displayPath(path), work, reason));
+    return ShellOutcome::Failed;
 }
 
 // Runs take(existing), replacing another file only after asking. Asks again when a file appears in the meantime.
@@ -45,11 +48,54 @@ ShellOutcome commitAsking(const QString &path, Existing existing, ShellPrompts &
     return taken == RenameResult::Done ? ShellOutcome::Done : ShellOutcome::Failed;
 }
 
+QString firstSaid(const QStringList &reasons)
+{
+    const auto said = std::find_if(reasons.begin(), reasons.end(), [](const QString &text) { return !text.isEmpty(); });
+    return said == reasons.end() ? QString() : *said;
+}
+
+// Each tells why something is impossible from the start; "" when nothing speaks against it.
+QString whyNoFile(const QByteArray &path)
+{
+    if (path.isEmpty() || hostEntry(path) == Presence::Missing)
+        return u"there is no such file"_s;
+    return isHostFolder(path) ? u"it is a folder"_s : QString();
+}
+
+QString whyNoChange(const QByteArray &path)
+{
+    return mayChangeEntries(folderOf(path)) ? QString() : hostErrorText();
+}
+
+QString whyNoName(const QByteArray &path)
+{
+    if (path.isEmpty())
+        return u"no file can have that name"_s;
+    return isHostFolder(path) ? u"a folder has that name"_s : QString();
+}
+
+QString whyNoCopy(const QByteArray &from, const QByteArray &to, Source sourceAfter)
+{
+    const QString sameFile = isSameFile(from, to) ? u"it is there already"_s : QString();
+    const QString fixedSource = sourceAfter == Source::Goes ? whyNoChange(from) : QString();
+    return firstSaid({whyNoFile(from), whyNoName(to), sameFile, fixedSource});
+}
+
+QString whyNoRename(const QByteArray &from, const QByteArray &to)
+{
+    const QString otherFolder = folderOf(from) != folderOf(to) ? whyNoName({}) : QString();
+    // One may be a link to the other: replacing would leave a link to nothing.
+    const bool isNoChange = to == from || (isSameFile(from, to) && !isSameEntry(from, to));
+    const QString sameFile = isNoChange ? u"it is the file of that name"_s : QString();
+    return firstSaid({whyNoFile(from), whyNoName(to), otherFolder, sameFile, whyNoChange(from)});
+}
+
 // Does the folder of a path list its name with this very spelling?
 bool isListed(const QByteArray &path)
 {
     const qsizetype slash = path.lastIndexOf('/');
-    return hostEntries(path.first(slash + 1)).contains(path.sliced(slash + 1));
+    const auto entries = hostEntries(path.first(slash + 1));
+    return entries && entries->contains(path.sliced(slash + 1));
 }
 
 // The new path leads to the old file already: spelled otherwise on a file system that ignores case, or a second name
@@ -64,16 +110,6 @@ ShellOutcome renameOntoItself(const QByteArray &from, const QByteArray &to, cons
         return ShellOutcome::Declined;
     return removeEntry(from) ? ShellOutcome::Done : ShellOutcome::Failed;
 }
-
-// Qt moves only what it can name: a name that is no text would lead to another file or to none.
-bool moveToTrash(const QByteArray &path)
-{
-    const QString name = QFile::decodeName(path);
-    // Without its parent folder the trash would be looked for in the current one.
-    return QFile::encodeName(name) == path &&
-           QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) &&
-           QFile::moveToTrash(name);
-}
 } // namespace
 
 bool isPossibleName(const QString &name)
@@ -84,12 +120,15 @@ bool isPossibleName(const QString &name)
            nameToHost(name).size() <= longestName;
 }
 
-ShellOutcome ShellCopyFile(const QString &source, const QString &destination, ShellPrompts &prompts)
+ShellOutcome ShellCopyFile(const QString &source, const QString &destination, ShellPrompts &prompts, Source sourceAfter)
 {
-    const QByteArray from = hostPathOnDisk(source);
-    const QByteArray to = exactHostPath(destination);
-    if (to.isEmpty() || isHostFolder(to) || isSameFile(from, to) || !fileLength(source))
-        return ShellOutcome::Failed;
+    const QByteArray from = hostPath(source);
+    const QByteArray to = possiblePath(destination);
+    const bool goes = sourceAfter == Source::Goes;
+    const QString work = goes ? u"moved"_s : u"copied"_s;
+    const QString refusal = whyNoCopy(from, to, sourceAfter);
+    if (!refusal.isEmpty())
+        return tellFailure(prompts, source, work, refusal);
     const bool replaces = hostEntryExists(to);
     if (replaces && !prompts.mayReplace(destination))
         return ShellOutcome::Declined;
@@ -100,37 +139,56 @@ ShellOutcome ShellCopyFile(const QString &source, const QString &destination, Sh
         return goesOn;
     });
     if (!copy)
-        return goesOn ? ShellOutcome::Failed : ShellOutcome::Declined;
-    return commitAsking(destination, replaces ? Existing::Replace : Existing::Keep, prompts,
-                        [&](Existing existing) { return copy->commit(existing); });
+        return goesOn ? tellFailure(prompts, source, work) : ShellOutcome::Declined;
+    const Existing replaced = goes ? Existing::SetAside : Existing::Replace;
+    const ShellOutcome outcome = commitAsking(destination, replaces ? replaced : Existing::Keep, prompts,
+                                              [&](Existing existing) { return copy->commit(existing); });
+    if (outcome == ShellOutcome::Failed)
+        return tellFailure(prompts, source, work);
+    if (outcome != ShellOutcome::Done || !goes || removeEntry(from))
+        return outcome;
+    const QString reason = hostErrorText();
+    copy->undo();
+    return tellFailure(prompts, source, work, reason);
 }
 
 ShellOutcome ShellDeleteFile(const QString &path, ShellPrompts &prompts)
 {
-    const QByteArray file = hostPathOnDisk(path);
-    if (!hostEntryExists(file) || isHostFolder(file))
+    const QByteArray file = hostPath(path);
+    if (file.isEmpty() || hostEntry(file) == Presence::Missing || isHostFolder(file))
         return ShellOutcome::Failed;
+    const QString refusal = whyNoChange(file);
+    if (!refusal.isEmpty())
+        return tellFailure(prompts, path, u"deleted"_s, refusal);
     if (!prompts.mayTrash(path))
         return ShellOutcome::Declined;
     if (moveToTrash(file))
         return ShellOutcome::Done;
     if (!prompts.mayDeleteForGood(path))
         return ShellOutcome::Declined;
-    return removeEntry(file) ? ShellOutcome::Done : ShellOutcome::Failed;
+    return removeEntry(file) ? ShellOutcome::Done : tellFailure(prompts, path, u"deleted"_s);
 }
 
 ShellOutcome ShellRenameFile(const QString &oldPath, const QString &newPath, ShellPrompts &prompts)
 {
-    const QByteArray from = hostPathOnDisk(oldPath);
-    const QByteArray to = exactHostPath(newPath);
-    const bool staysInFolder = hostPathOnDisk(FolderFromPath(oldPath)) == hostPathOnDisk(FolderFromPath(newPath));
-    if (to.isEmpty() || to == from || !staysInFolder || !hostEntryExists(from) || isHostFolder(from) ||
-        isHostFolder(to))
-        return ShellOutcome::Failed;
-    if (isSameEntry(from, to))
-        return renameOntoItself(from, to, newPath, prompts);
-    if (isSameFile(from, to)) // One is a link to the other: replacing would leave a link to nothing.
-        return ShellOutcome::Failed;
-    return commitAsking(newPath, Existing::Keep, prompts,
-                        [&](Existing existing) { return renameEntry(from, to, existing); });
+    const QByteArray from = hostPath(oldPath);
+    const QByteArray to = possiblePath(newPath);
+    const QString refusal = whyNoRename(from, to);
+    if (!refusal.isEmpty())
+        return tellFailure(prompts, oldPath, u"renamed"_s, refusal);
+    const ShellOutcome outcome = isSameEntry(from, to)
+                                     ? renameOntoItself(from, to, newPath, prompts)
+                                     : commitAsking(newPath, Existing::Keep, prompts,
+                                                    [&](Existing existing) { return renameEntry(from, to, existing); });
+    return outcome == ShellOutcome::Failed ? tellFailure(prompts, oldPath, u"renamed"_s) : outcome;
+}
+
+void tidyFolder(const QString &folder)
+{
+    removeScratchFiles(hostPathOnDisk(folder) + '/');
+}
+
+void tidyTrash(const QString &folder)
+{
+    removeTrashLeftovers(hostPathOnDisk(folder));
 }

@@ -97,8 +97,7 @@ QString linesOf(const QStringList &items)
 
 QStringList LoadListFile(const QString &path)
 {
-    const auto bytes = loadFile(path);
-    return bytes ? fieldsOf(decodeTextFile(*bytes)) : QStringList();
+    return fieldsOf(decodeTextFile(loadFile(path).bytes));
 }
 
 void SaveListFile(const QString &path, const QStringList &items)

@@ -17,5 +17,6 @@ QString linesOf(const QStringList &items);
 /// The fields of a file; none when it is missing or cannot be read.
 QStringList LoadListFile(const QString &path);
 
-/// Replaces the file by the items. Without the folder, or on a full disk, the old state stays.
+/// Replaces the file by the items. Without the folder, on a full disk, or when the file could not be read, the old
+/// state stays.
 void SaveListFile(const QString &path, const QStringList &items);

@@ -8,7 +8,6 @@
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
 #include "platform/files.h"
-#include "platform/folders.h"
 #include "playback/player.h"
 #include "playlist/list_file.h"
 #include "playlist/play_times.h"
@@ -30,12 +29,6 @@ constexpr int invalidCall = 5;
 double uniformNumber()
 {
     return QRandomGenerator::global()->generateDouble();
-}
-
-void createIfMissing(const QString &path)
-{
-    if (!FileExists(path))
-        saveFile(path, {});
 }
 } // namespace
 
@@ -106,6 +99,8 @@ void Playlist::loadLists()
 void Playlist::saveLists() const
 {
     ensureSettingsFolder();
+    if (!mayReplace(paths::playListFile) || !mayReplace(paths::playTimesFile))
+        return; // Both or none: a song's time is the one in its line.
     SaveListFile(paths::playListFile, songs());
     SaveListFile(paths::playTimesFile, times());
 }

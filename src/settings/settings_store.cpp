@@ -19,38 +19,53 @@ const QString sectionName = u"ZelkMp3"_s;
 constexpr std::array<const char *, 6> keyNames = {"AlphaBlending", "ToolTipData", "Browse4Dialog",
                                                   "Mp3Path",       "Volume",      "ShortCut"};
 static_assert(keyNames.size() == static_cast<std::size_t>(Setting::ShortCut) + 1);
+
+// Settings that could not be read when they were asked for: what the program took instead is no reason to lose them.
+std::array<bool, keyNames.size()> unread = {};
+
+std::size_t indexOf(Setting setting)
+{
+    return static_cast<std::size_t>(setting);
+}
 } // namespace
 
 QString ReadIniKey(const QString &section, QString &key, const QString &file)
 {
     key = key.toLower();
-    const auto bytes = loadFile(file);
-    return bytes ? iniValue(decodeTextFile(*bytes), section, key) : QString();
+    return iniValue(decodeTextFile(loadFile(file).bytes), section, key);
 }
 
 void WriteIniKey(const QString &section, const QString &key, const QString &value, const QString &file)
 {
-    const auto bytes = loadFile(file);
-    if (!bytes && FileExists(file))
-        return; // There, but unreadable: replacing it would lose what it holds.
-    const QString text = decodeTextFile(bytes.value_or(QByteArray()));
+    const FileContents contents = loadFile(file);
+    if (contents.reading == Reading::Failed)
+        return;
+    const QString text = decodeTextFile(contents.bytes);
     saveFile(file, encodeTextFile(withIniValue(text, section, key.toUpper(), value)));
 }
 
 QString settingKey(Setting setting)
 {
-    return QString::fromLatin1(keyNames.at(static_cast<std::size_t>(setting)));
+    return QString::fromLatin1(keyNames.at(indexOf(setting)));
+}
+
+bool settingsAreMissing()
+{
+    return loadFile(paths::settingsFile).reading == Reading::Missing;
 }
 
 QString readSetting(Setting setting)
 {
     QString key = settingKey(setting);
-    return ReadIniKey(sectionName, key, paths::settingsFile);
+    const QString value = ReadIniKey(sectionName, key, paths::settingsFile);
+    unread.at(indexOf(setting)) = !mayReplace(paths::settingsFile);
+    return value;
 }
 
 void writeSetting(Setting setting, const QString &value)
 {
-    WriteIniKey(sectionName, settingKey(setting), value, paths::settingsFile);
+    if (!unread.at(indexOf(setting)))
+        WriteIniKey(sectionName, settingKey(setting), value, paths::settingsFile);
 }
 
 void writeSideSetting(Setting setting, const QString &value)

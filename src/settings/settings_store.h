@@ -38,7 +38,11 @@ void WriteIniKey(const QString &section, const QString &key, const QString &valu
 /// The stored name of a setting, in mixed case.
 QString settingKey(Setting setting);
 
-/// The setting as it stands in the settings file.
+/// Is there no settings file, as before the first start?
+bool settingsAreMissing();
+
+/// The setting as it stands in the settings file. One that was there but could not be read stays as it is: writing it
+/// does nothing until it has been read.
 QString readSetting(Setting setting);
 void writeSetting(Setting setting, const QString &value);
 

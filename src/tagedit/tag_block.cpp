@@ -16,19 +16,29 @@ QByteArray emptyBlock()
 {
     return "TAG" + QByteArray(tagBlockSize - tagMarkerSize - 1, '\0') + static_cast<char>(noGenreNumber);
 }
+
+// Is what was written on the disk? Where the disk will not say, the file itself is asked: an answer that the next look
+// at the file would contradict helps nobody.
+bool isKept(ByteFile &file, qint64 offset, const QByteArray &bytes)
+{
+    return file.flush() || file.readAt(offset, bytes.size()) == bytes;
+}
 } // namespace
 
-std::optional<Id3v1Tag> readTag(const QString &path)
+TagReading readTag(const QString &path)
 {
     const auto file = ByteFile::open(path, ByteFile::Access::Read);
     if (!file)
-        return std::nullopt;
-    auto tag = parseTagBlock(file->readAt(file->length() - tagBlockSize, tagBlockSize));
+        return {};
+    const auto block = file->readAt(file->length() - tagBlockSize, tagBlockSize);
+    if (!block)
+        return {};
+    auto tag = parseTagBlock(*block);
     if (tag) {
         for (QString *text : {&tag->title, &tag->artist, &tag->album, &tag->year, &tag->comment})
             *text = withoutBlanks(*text).toString();
     }
-    return tag;
+    return {true, tag};
 }
 
 Id3v1Tag tagFromName(const QString &songName)
@@ -59,14 +69,15 @@ bool addTag(const QString &path)
         file->resize(length);
         return false;
     }
-    return file->flush();
+    return isKept(*file, std::max<qint64>(length - 1, 0), length > 0 ? '\0' + emptyBlock() : emptyBlock());
 }
 
 bool saveTag(const QString &path, const Id3v1Tag &tag)
 {
     auto file = ByteFile::open(path, ByteFile::Access::ReadWrite);
-    return file && file->length() >= tagBlockSize && file->writeAt(file->length() - tagBlockSize, buildTagBlock(tag)) &&
-           file->flush();
+    const qint64 place = file ? file->length() - tagBlockSize : -1;
+    const QByteArray block = buildTagBlock(tag);
+    return place >= 0 && file->writeAt(place, block) && isKept(*file, place, block);
 }
 
 bool removeTag(const QString &path)

@@ -10,8 +10,13 @@
 
 #include <optional>
 
-/// The tag of a song, blanks around its texts removed; nothing for a missing file or one without a tag.
-std::optional<Id3v1Tag> readTag(const QString &path);
+struct TagReading {
+    bool isDone = false;         // The file is there and could be read.
+    std::optional<Id3v1Tag> tag; // Without blanks around its texts.
+};
+
+/// What the song holds. A file that could not be read tells nothing, not even that there is no tag.
+TagReading readTag(const QString &path);
 
 /// What the editor offers for a song that has just got its tag: artist and title parted at the first hyphen of the
 /// song's name, and no genre.

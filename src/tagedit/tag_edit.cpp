@@ -151,8 +151,12 @@ void TagEdit::keyPressEvent(QKeyEvent *event)
 // Add ID3: the file gets an empty tag at once, the fields are filled from its name. Only Save writes them.
 void TagEdit::cmdAdd_Click()
 {
-    if (!mayChangeTag() || !addTag(m_file))
+    if (!mayChangeTag())
         return;
+    if (!addTag(m_file)) {
+        GetTagInf();
+        return;
+    }
     showTagFrames(true);
     const Id3v1Tag proposal = tagFromName(nameForNewTag());
     showTexts(proposal);
@@ -185,7 +189,7 @@ void TagEdit::cmdSave_Click()
 {
     if (isPlayingFile())
         MsgBox::show(cannotSave, u"ReName Error"_s, MsgBox::Icon::Information);
-    else if (saveTag(m_file, typedTag()))
+    else if (mayChangeTag() && saveTag(m_file, typedTag()))
         GetTagInf();
 }
 
@@ -204,9 +208,10 @@ void TagEdit::Timer1_Timer()
 
 void TagEdit::GetTagInf()
 {
-    if (!FileExists(m_file))
+    const auto [isRead, tag] = readTag(m_file);
+    m_isRead = isRead;
+    if (!isRead)
         return;
-    const auto tag = readTag(m_file);
     showTagFrames(tag.has_value());
     if (!tag)
         return;
@@ -285,11 +290,16 @@ bool TagEdit::isPlayingFile() const
     return !file.isEmpty() && file == hostPath(m_player.playingPath());
 }
 
-// Is it another song that plays? Shows a message when it is not.
-bool TagEdit::mayChangeTag() const
+// Is it another song that plays? Shows a message when it is not. A tag that could not be read is shown before it may be
+// written over.
+bool TagEdit::mayChangeTag()
 {
-    const bool may = !isPlayingFile();
-    if (!may)
+    if (isPlayingFile()) {
         MsgBox::show(cannotChange, u"Tag Error"_s); // The song may end while the box is up.
-    return may;
+        return false;
+    }
+    const bool wasRead = m_isRead;
+    if (!wasRead)
+        GetTagInf();
+    return wasRead;
 }

@@ -53,11 +53,12 @@ private:
     void setFormCaption(const QString &caption);
     void watchSoon() { Timer1.setEnabled(true); }
     bool isPlayingFile() const;
-    bool mayChangeTag() const;
+    bool mayChangeTag();
 
     const Player &m_player;
     const SongFolder &m_songs;
-    QString m_file; // The edited song, a program path.
+    QString m_file;        // The edited song, a program path.
+    bool m_isRead = false; // What it holds is known.
 
     Label Caption;     // The window's caption; says so while a tag is removed.
     Frame frmNoTag;    // In the place of frmID3 when the song has no tag.

@@ -76,8 +76,8 @@ private Q_SLOTS:
     {
         MainWindowStand stand;
         stand.window.Load();
-        const auto before = loadFile(paths::settingsFile);
-        QVERIFY(before);
+        const QByteArray before = loadFile(paths::settingsFile).bytes;
+        QVERIFY(!before.isEmpty());
         stand.window.setMusicFolder(stand.folder.path());
         stand.window.VScroll1.setValue(-700);
         stand.window.HScroll1.setRange(0, 100);
@@ -85,8 +85,8 @@ private Q_SLOTS:
         const QSignalSpy unloaded(&stand.window, &Mp3Frm::unloaded);
         stand.window.close();
         QCOMPARE(unloaded.size(), 1);
-        QCOMPARE(loadFile(paths::settingsFile), before);
-        const QString side = QString::fromLatin1(loadFile(paths::sideFile).value_or(QByteArray()));
+        QCOMPARE(loadFile(paths::settingsFile).bytes, before);
+        const QString side = QString::fromLatin1(loadFile(paths::sideFile).bytes);
         QVERIFY(side.contains(u"MP3PATH="_s + stand.folder.path()) && side.contains(u"VOLUME=42"_s));
         QVERIFY(removeFile(paths::sideFile));
         const QSignalSpy leaving(&stand.window, &Mp3Frm::leaving);

@@ -188,7 +188,8 @@ private Q_SLOTS:
         stand.menus.mnuTagEditItems.choose(0);
         QVERIFY(!stand.formatMp3.MoveMenuOpen);
         QCOMPARE(stand.asked, u"Select Folder|"_s + stand.folder.path());
-        const QStringList told = {u"Mp3 Mover|Move a.mp3 To "_s + host + u'?', u"Sorry,|Error Moving"_s};
+        const QString why = u"\n\n"_s + stand.folder.hostPath() + u"/a.mp3 cannot be moved: it is there already."_s;
+        const QStringList told = {u"Mp3 Mover|Move a.mp3 To "_s + host + u'?', u"Sorry,|Error Moving"_s + why};
         QCOMPARE(takeBoxes(), told.first(boxes));
         const bool moved = boxes == 1 && answer == MsgBox::Answer::Yes;
         QCOMPARE(stand.formatMp3.File1.ListCount(), moved ? 0 : 1);

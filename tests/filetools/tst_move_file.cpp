@@ -38,8 +38,12 @@ private Q_SLOTS:
             for (int step = 1; fate == Fate::Met; ++step) {
                 const TestFolder folder;
                 const QString source = folder.makeFile(u"a.mp3"_s, "song");
-                const QString destination = folder.path(u"b.mp3"_s);
-                fate = runWithFault(fault, step, [&] { moveFile(source, destination, answers); });
+                const QString destination = folder.makeFile(u"b.mp3"_s, "other");
+                fate = runWithFault(fault, step, [&] {
+                    const bool isMoved = moveFile(source, destination, answers) == ShellOutcome::Done;
+                    if (FileExists(source) == isMoved || folder.bytesOf(u"b.mp3"_s) != (isMoved ? "song" : "other"))
+                        std::abort();
+                });
                 QVERIFY(fate == Fate::Met || (fate == Fate::Spared && !FileExists(source) && step > 4));
                 const QString left = FileExists(source) ? u"a.mp3"_s : u"b.mp3"_s;
                 QCOMPARE(folder.bytesOf(left), "song");

@@ -40,14 +40,14 @@ private Q_SLOTS:
         const TestFolder folder;
         auto file = ByteFile::open(folder.makeFile(u"a"_s, "0123456789"), Access::ReadWrite);
         QVERIFY(file);
-        QCOMPARE(file->readAt(8, 128), "89");
-        QCOMPARE(file->readAt(10, 1), "");
-        QCOMPARE(file->readAt(-1, 4), "");
-        QCOMPARE(file->readAt(0, -1), "");
+        QCOMPARE(*file->readAt(8, 128), "89");
+        QCOMPARE(*file->readAt(10, 1), "");
+        QCOMPARE(*file->readAt(-1, 4), "");
+        QCOMPARE(*file->readAt(0, -1), "");
         QVERIFY(!file->writeAt(-1, "x"));
         QVERIFY(file->writeAt(12, "x"));
         QCOMPARE(file->length(), 13);
-        QCOMPARE(file->readAt(9, 99), QByteArray("9\0\0x", 4));
+        QCOMPARE(*file->readAt(9, 99), QByteArray("9\0\0x", 4));
     }
 
     void opensNormalFilesAlone()
@@ -115,7 +115,6 @@ private Q_SLOTS:
         QCOMPARE(filesIn(folder.path(u"missing"_s)), QStringList());
         QCOMPARE(filesIn(u"d:\\"_s), QStringList());
         QVERIFY(!fileLength(folder.path(u"n.mp3"_s)));
-        QVERIFY(!removeFile(folder.path(u"Folder.mp3"_s)));
     }
 
     void aSaveSucceedsOrLeavesTheOldFile()
@@ -149,8 +148,9 @@ private Q_SLOTS:
         QVERIFY(setMode(folder, u"."_s, 0755) && setMode(folder, u"secret"_s, 0));
         QVERIFY(setMode(folder, u"locked/a"_s, 0444) && setMode(folder, u"locked"_s, 0555));
         QVERIFY(holdsForOrdinaryUser([&] {
-            return !saveFile(folder.path(u"locked\\a"_s), "new") && !removeFile(folder.path(u"locked\\a"_s)) &&
-                   !loadFile(folder.path(u"secret"_s)) && fileLength(folder.path(u"secret"_s)) == 4;
+            return !saveFile(folder.path(u"locked\\a"_s), "new") &&
+                   loadFile(folder.path(u"secret"_s)).reading == Reading::Failed &&
+                   fileLength(folder.path(u"secret"_s)) == 4;
         }));
         QVERIFY(setMode(folder, u"locked"_s, 0755));
         QCOMPARE(folder.bytesOf(u"locked/a"_s), "old");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Copy, delete and rename as the desktop's shell does them: what is asked, and that no song is lost on the way.
+#include "base/names.h"
 #include "platform/drives.h"
 #include "platform/file_copy.h"
 #include "platform/file_names.h"
@@ -78,13 +79,55 @@ private Q_SLOTS:
         const QString b = folder.path(u"b.mp3"_s);
         QVERIFY(::chmod(hostPath(folder.path()), 0555) == 0);
         QVERIFY(holdsForOrdinaryUser([&] {
-            return ShellCopyFile(song, b, m_yes) == ShellOutcome::Failed &&
-                   ShellRenameFile(song, b, m_yes) == ShellOutcome::Failed &&
-                   ShellDeleteFile(song, m_yes) == ShellOutcome::Failed;
+            ShellAnswers answers;
+            const bool allFailed = ShellCopyFile(song, b, answers) == ShellOutcome::Failed &&
+                                   ShellRenameFile(song, b, answers) == ShellOutcome::Failed &&
+                                   ShellDeleteFile(song, answers) == ShellOutcome::Failed;
+            return allFailed && answers.asked.isEmpty() && answers.told.size() == 3 &&
+                   answers.told.last() == displayPath(song) + u" cannot be deleted: Permission denied."_s;
         }));
         QVERIFY(::chmod(hostPath(folder.path()), 0755) == 0);
         QVERIFY(entriesOf(folder) == before && filesIn(folder.path(u"folder"_s)).isEmpty());
         QCOMPARE(folder.bytesOf(u"a.mp3"_s), oldBytes);
+    }
+
+    void workTakesTheExactNameOrNone()
+    {
+        const TestFolder folder;
+        folder.makeFile(u"Song.mp3"_s, oldBytes);
+        folder.makeFolder(u"In"_s);
+        folder.makeFile(u"In/a.mp3"_s, oldBytes);
+        for (const QString &gone : {folder.path(u"song.mp3"_s), folder.path(u"in\\a.mp3"_s)}) {
+            const QString other = FolderFromPath(gone) + u"b.mp3"_s;
+            QCOMPARE(ShellDeleteFile(gone, m_yes), ShellOutcome::Failed);
+            QCOMPARE(ShellRenameFile(gone, other, m_yes), ShellOutcome::Failed);
+            QCOMPARE(ShellCopyFile(gone, other, m_yes, Source::Goes), ShellOutcome::Failed);
+        }
+        QCOMPARE(folder.bytesOf(u"Song.mp3"_s) + folder.bytesOf(u"In/a.mp3"_s), oldBytes + oldBytes);
+        QCOMPARE(spelledAsOnDisk(folder.path(u"iN"_s)), folder.path(u"In"_s)); // So a list's names are exact.
+    }
+
+    void whatAKilledPlayerLeftGoesAndNothingElse()
+    {
+        const TestFolder folder(QDir::homePath());
+        const QString source = folder.makeFile(u"a.mp3"_s, manyBytes);
+        const QString b = folder.path(u"b.mp3"_s);
+        const auto living = PendingCopy::make(hostPath(source), hostPath(b), FileTimes::Kept);
+        for (const QString &name : {u".kiv-mp3-notes"_s, u".kiv-mp3-backup"_s, u"Settings.KiV.backup"_s})
+            folder.makeFile(name);
+        const QStringList before = entriesOf(folder);
+        QCOMPARE(runWithFault(Fault::Death, 3, [&] { ShellCopyFile(source, b, m_yes); }), Fate::Met);
+        QCOMPARE(entriesOf(folder).size(), before.size() + 1);
+        tidyFolder(folder.path());
+        QVERIFY(living && entriesOf(folder) == before);
+
+        const QString notes = qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash/info"_s;
+        const auto noteCount = [&] { return QDir(notes).entryList(QDir::Files | QDir::Hidden).size(); };
+        const auto notesBefore = noteCount();
+        QCOMPARE(runWithFault(Fault::Death, 5, [&] { ShellDeleteFile(source, m_yes); }), Fate::Met);
+        QVERIFY(FileExists(source) && noteCount() == notesBefore + 1); // A note about a file that never came.
+        tidyTrash(folder.path());
+        QCOMPARE(noteCount(), notesBefore);
     }
 
     void longCopyReportsAndStops()
@@ -179,17 +222,40 @@ private Q_SLOTS:
         QVERIFY(!FileExists(song) && QFile::exists(qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash/files/a.mp3"_s));
     }
 
+    void trashTakesAnyNameAgainAndAgain()
+    {
+        const TestFolder folder(QDir::homePath());
+        const QDir files(qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash/files"_s);
+        const QString longName = QString(125, u'é') + u"n.mp3"_s;
+        for (const QString &name : {nameFromHost("x\xFF.mp3"), longName, u"x.mp3"_s, u"x.mp3"_s}) {
+            QCOMPARE(ShellRenameFile(folder.makeFile(u"a.mp3"_s), folder.path(name), m_yes), ShellOutcome::Done);
+            QCOMPARE(ShellDeleteFile(folder.path(name), m_yes), ShellOutcome::Done);
+        }
+        QVERIFY(files.exists(u"x.mp3"_s) && files.exists(u"x.2.mp3"_s) && !files.entryList({u"éé*.mp3"_s}).isEmpty());
+        QFile note(files.filePath(u"../info/x.2.mp3.trashinfo"_s));
+        QVERIFY(note.open(QIODevice::ReadOnly));
+        QVERIFY(
+            note.readAll().startsWith("[Trash Info]\nPath=" + hostPath(folder.path(u"x.mp3"_s)) + "\nDeletionDate="));
+    }
+
     void deleteWithoutTrashAsksAgain()
     {
         const TestFolder folder;
-        const QString odd = folder.path(nameFromHost("a\xFF.mp3")); // Cannot be named to the trash.
-        QCOMPARE(ShellRenameFile(folder.makeFile(u"a.mp3"_s), odd, m_yes), ShellOutcome::Done);
-        ShellAnswers answers;
-        answers.refused = u"delete"_s;
-        QCOMPARE(ShellDeleteFile(odd, answers), ShellOutcome::Declined);
-        QVERIFY(FileExists(odd));
-        QCOMPARE(ShellDeleteFile(odd, m_yes), ShellOutcome::Done);
-        QVERIFY(!FileExists(odd));
+        QVERIFY(::chmod(hostPath(folder.path()), 0777) == 0);
+        const QString song = folder.makeFile(u"a.mp3"_s);
+        folder.makeFolder(u"data"_s);
+        folder.makeFolder(u"data/Trash/files"_s);
+        folder.makeFolder(u"data/Trash/info"_s);
+        QVERIFY(::chmod(hostPath(folder.path(u"data\\Trash\\info"_s)), 0555) == 0);
+        const auto data = qgetenv("XDG_DATA_HOME");
+        qputenv("XDG_DATA_HOME", hostPath(folder.path(u"data"_s)));
+        QVERIFY(holdsForOrdinaryUser([&] {
+            ShellAnswers answers;
+            answers.refused = u"delete"_s;
+            return ShellDeleteFile(song, answers) == ShellOutcome::Declined && FileExists(song) &&
+                   ShellDeleteFile(song, m_yes) == ShellOutcome::Done && !FileExists(song);
+        }));
+        qputenv("XDG_DATA_HOME", data);
     }
 
 private:

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The rules of the play list and the search: how its files are read, what the times sum up to, which entry comes next,
 // what is found and how that is shown.
+#include "platform/files.h"
 #include "playlist/list_file.h"
 #include "playlist/play_order.h"
 #include "playlist/play_times.h"
 #include "playlist/song_match.h"
+#include "support/crash_points.h"
 #include "support/test_files.h"
 
 #include <QRandomGenerator>
@@ -70,6 +72,23 @@ private Q_SLOTS:
             QCOMPARE(folder.bytesOf(u"PlayList.kiv"_s), bytes);
             QCOMPARE(LoadListFile(path), items);
         }
+    }
+
+    void aListThatCouldNotBeReadStays()
+    {
+        const TestFolder folder;
+        const QString path = folder.path(u"PlayList.kiv"_s);
+        Fate fate = Fate::Met;
+        int step = 1;
+        for (; fate == Fate::Met; ++step) {
+            folder.makeFile(u"PlayList.kiv"_s, "a\r\nb\r\n");
+            fate = runWithFault(Fault::NoRead, step, [&] { // A start and an exit.
+                createIfMissing(path);
+                SaveListFile(path, LoadListFile(path));
+            });
+            QCOMPARE(folder.bytesOf(u"PlayList.kiv"_s), "a\r\nb\r\n");
+        }
+        QVERIFY(fate == Fate::Spared && step > 4);
     }
 
     void filesOfAnyKindAreRead()

@@ -38,7 +38,8 @@ private Q_SLOTS:
     {
         const auto &status = control<Label>(*m_playlist, u"Label1"_s);
         m_playlist->Load();
-        QVERIFY(loadFile(paths::playListFile) && loadFile(paths::playTimesFile));
+        for (const QString &path : {paths::playListFile, paths::playTimesFile})
+            QVERIFY(loadFile(path).reading == Reading::Done);
         QVERIFY(!status.Caption().contains(u'['));
         m_playlist->addSong(u"a"_s, u"3:05"_s);
         m_playlist->addSong(u"\u6B4C"_s, u"12:40"_s);

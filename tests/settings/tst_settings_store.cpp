@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file: odd texts that people and crashes leave behind, and what a write may never touch.
+#include "platform/files.h"
 #include "platform/folders.h"
 #include "settings/ini_file.h"
 #include "settings/settings_store.h"
+#include "support/crash_points.h"
 #include "support/test_files.h"
 
 #include <QTest>
@@ -92,6 +94,25 @@ private Q_SLOTS:
         QVERIFY(FileExists(paths::settingsFolderTest));
         writeSideSetting(Setting::Mp3Path, u"c:\\a"_s);
         QVERIFY(FileExists(paths::sideFile) && readSetting(Setting::Mp3Path).isEmpty());
+    }
+
+    void whatCouldNotBeReadIsNeverWrittenOver()
+    {
+        ensureSettingsFolder();
+        const QByteArray stored = "[ZelkMp3]\r\nMP3PATH=z:\\a\r\nVOLUME=-5\r\nALPHABLENDING=1\r\n";
+        const QByteArray written = QByteArray(stored).replace("-5", "-7");
+        Fate fate = Fate::Met;
+        for (int step = 1; fate == Fate::Met; ++step) {
+            QVERIFY(saveFile(paths::settingsFile, stored));
+            fate = runWithFault(Fault::NoRead, step, [] { // A start and an exit.
+                const bool isFirst = settingsAreMissing();
+                const QString volume = readSetting(Setting::Volume);
+                writeSetting(Setting::Volume, volume == u"-5"_s && !isFirst ? u"-7"_s : u"-1"_s);
+            });
+            const QByteArray left = loadFile(paths::settingsFile).bytes;
+            QVERIFY2(left == written || (fate == Fate::Met && left == stored), left + QByteArray::number(step));
+        }
+        QVERIFY(removeFile(paths::settingsFile) && settingsAreMissing());
     }
 };
 

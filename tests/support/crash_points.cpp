@@ -3,7 +3,9 @@
 #include "support/crash_points.h"
 
 #include <cerrno>
+#include <cstdarg>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,15 +19,15 @@ Fault plannedFault = Fault::Death;
 int stepsLeft = 0; // 0: no fault planned.
 bool faultMet = false;
 
-// Counts one change of the disk. True when the call must fail.
-bool failsHere()
+// Counts one change of the disk, or one question to it. True when the call must fail.
+bool failsHere(bool isQuestion = false)
 {
-    if (stepsLeft == 0 || --stepsLeft > 0)
+    if (stepsLeft == 0 || (plannedFault == Fault::NoRead) != isQuestion || --stepsLeft > 0)
         return false;
     if (plannedFault == Fault::Death)
         ::_exit(metCode);
     faultMet = true;
-    errno = ENOSPC;
+    errno = isQuestion ? EIO : ENOSPC;
     return true;
 }
 
@@ -41,11 +43,13 @@ int inChild(const std::function<int()> &work)
 } // namespace
 
 // What stands in front of a call of the C library: its own signature, and the system's number of it.
-#define CHANGES_THE_DISK(result, name, number, parameters, ...)                                                        \
+#define INSTEAD_OF(result, name, isQuestion, number, parameters, ...)                                                  \
     extern "C" result name parameters                                                                                  \
     {                                                                                                                  \
-        return static_cast<result>(failsHere() ? -1 : ::syscall(number, __VA_ARGS__));                                 \
+        return static_cast<result>(failsHere(isQuestion) ? -1 : ::syscall(number, __VA_ARGS__));                       \
     }
+#define CHANGES_THE_DISK(result, name, ...) INSTEAD_OF(result, name, false, __VA_ARGS__)
+#define ASKS_THE_DISK(result, name, ...) INSTEAD_OF(result, name, true, __VA_ARGS__)
 
 CHANGES_THE_DISK(ssize_t, write, SYS_write, (int handle, const void *bytes, size_t size), handle, bytes, size)
 CHANGES_THE_DISK(ssize_t, pwrite, SYS_pwrite64, (int handle, const void *bytes, size_t size, off_t at), handle, bytes,
@@ -57,6 +61,21 @@ CHANGES_THE_DISK(int, renameat2, SYS_renameat2,
                  (int one, const char *from, int two, const char *to, unsigned flags) noexcept, one, from, two, to,
                  flags)
 CHANGES_THE_DISK(int, unlink, SYS_unlinkat, (const char *path) noexcept, AT_FDCWD, path, 0)
+
+ASKS_THE_DISK(ssize_t, pread, SYS_pread64, (int handle, void *bytes, size_t size, off_t at), handle, bytes, size, at)
+ASKS_THE_DISK(int, fstat, SYS_fstat, (int handle, struct stat *status) noexcept, handle, status)
+ASKS_THE_DISK(int, stat, SYS_stat, (const char *path, struct stat *status) noexcept, path, status)
+ASKS_THE_DISK(int, lstat, SYS_lstat, (const char *path, struct stat *status) noexcept, path, status)
+
+extern "C" int open(const char *path, int flags, ...)
+{
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = va_arg(rest, mode_t); // Read in vain where none is given.
+    va_end(rest);
+    const bool isQuestion = (flags & (O_CREAT | O_ACCMODE)) == O_RDONLY;
+    return static_cast<int>(isQuestion && failsHere(true) ? -1 : ::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
 
 Fate runWithFault(Fault fault, int step, const std::function<void()> &work)
 {

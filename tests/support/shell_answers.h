@@ -10,11 +10,13 @@
 struct ShellAnswers : ShellPrompts {
     QString refused;
     QStringList asked;
+    QStringList told;
 
     bool mayReplace(const QString &) override { return answer(QStringLiteral("replace")); }
     bool mayTrash(const QString &) override { return answer(QStringLiteral("trash")); }
     bool mayDeleteForGood(const QString &) override { return answer(QStringLiteral("delete")); }
     bool copyGoesOn(const QString &, qint64, qint64) override { return answer(QStringLiteral("progress")); }
+    void tellFailure(const QString &text) override { told += text; }
 
 private:
     bool answer(const QString &question)

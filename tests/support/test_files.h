@@ -9,6 +9,14 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <cstdio>
+
+/// Removes a file of the program's paths, exactly this one. False when there was none.
+inline bool removeFile(const QString &path)
+{
+    return std::remove(hostPath(path).constData()) == 0;
+}
+
 class TestFolder
 {
 public:

@@ -55,13 +55,18 @@ private Q_SLOTS:
         QFETCH(Work, work);
         QFETCH(QByteArray, before);
         QFETCH(QByteArray, after);
-        QVERIFY(!work(TestFolder().path(u"gone.mp3"_s)));
+        const TestFolder other;
+        other.makeFile(u"GONE.mp3"_s, before);
+        QVERIFY(!work(other.path(u"gone.mp3"_s)) && other.bytesOf(u"GONE.mp3"_s) == before);
         for (const Fault fault : {Fault::Death, Fault::DiskFull}) {
             Fate fate = Fate::Met;
             for (int step = 1; fate == Fate::Met; ++step) {
                 const TestFolder folder;
                 const QString path = folder.makeFile(u"a.mp3"_s, before);
-                fate = runWithFault(fault, step, [&] { work(path); });
+                fate = runWithFault(fault, step, [&] {
+                    if (work(path) != (folder.bytesOf(u"a.mp3"_s) != before))
+                        std::abort(); // What it says is not what the file holds.
+                });
                 const QByteArray left = folder.bytesOf(u"a.mp3"_s);
                 const bool added =
                     fault == Fault::Death && left == before + emptyTag; // The former last byte goes last.
@@ -96,12 +101,20 @@ private Q_SLOTS:
         const TestFolder folder;
         QByteArray bytes = audio + jazzBlock;
         bytes.replace("TAG", "tAg").replace("c   ", "c\t\0 "_ba);
-        const auto tag = readTag(folder.makeFile(u"a.mp3"_s, bytes));
+        const auto tag = readTag(folder.makeFile(u"a.mp3"_s, bytes)).tag;
         QVERIFY(tag.has_value());
         QCOMPARE(tag->title, u"Títle —"_s);
         QCOMPARE(tag->comment, u"c\t"_s + QChar(0));
         QCOMPARE(tag->genre, 146);
-        QVERIFY(!readTag(folder.makeFile(u"b.mp3"_s, audio)) && !readTag(folder.makeFile(u"c.mp3"_s, "TAG")));
+        const QStringList untagged = {folder.makeFile(u"b.mp3"_s, audio), folder.makeFile(u"c.mp3"_s, "TAG")};
+        for (const QString &path : untagged)
+            QVERIFY(readTag(path).isDone && !readTag(path).tag);
+        QCOMPARE(runWithFault(Fault::NoRead, 3,
+                              [&] { // Unread is not the same as untagged.
+                                  if (readTag(untagged.first()).isDone)
+                                      std::abort();
+                              }),
+                 Fate::Met);
     }
 
     void nameGivesArtistAndTitle()
