@@ -201,16 +201,6 @@ void Mp3Frm::setMusicFolder(const QString &path)
     File1.setPath(programPath(path));
 }
 
-void Mp3Frm::bringBack()
-{
-    if (!isVisible() && isMinimized())
-        setWindowState(Qt::WindowMinimized); // Else a window manager that iconified it brings it back iconified.
-    move(pos());                             // Else the window manager looks for a new place.
-    showNormal();
-    raise();
-    activateWindow();
-}
-
 // Exit: the folder and the volume are kept, and the program ends.
 void Mp3Frm::Label6_Click()
 {

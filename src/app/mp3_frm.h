@@ -29,9 +29,6 @@ public:
     /// Shows another music folder in File1; List1 stays as it is. A folder that does not exist changes nothing.
     void setMusicFolder(const QString &path);
 
-    /// Shows the window again wherever it was hidden to, in front.
-    void bringBack();
-
     ListBox *listWithMenu() override;
 
     Player &player() { return m_player; }

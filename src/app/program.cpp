@@ -172,9 +172,7 @@ void Program::showOverMain(SkinWindow &window)
         place.moveTop(std::clamp(place.top(), screen.top(), std::max(screen.top(), screen.bottom() - place.height())));
         window.move(place.topLeft());
     }
-    window.show();
-    window.raise();
-    window.activateWindow();
+    window.bringBack();
 }
 
 // The name tools take the place of the main window; the play list goes and comes with that.
@@ -205,8 +203,7 @@ void Program::openSongSearch()
 {
     MakeTranslucent(m_songSearch, asFlag(m_options.translucencyChosen()));
     m_songSearch.move(m_mp3Frm.screen()->geometry().topLeft() + fromTwips(searchCornerTwips) * QPoint(1, 1));
-    m_songSearch.show();
-    m_songSearch.activateWindow();
+    m_songSearch.bringBack();
 }
 
 void Program::openAbout()

@@ -3,6 +3,7 @@
 
 #include "base/window_place.h"
 #include "controls/list_box.h"
+#include "platform/x11_windows.h"
 #include "skins/palette.h"
 
 #include <QApplication>
@@ -54,7 +55,19 @@ void SkinWindow::DragBySkin(const QMouseEvent &event)
     if (QGuiApplication::platformName().startsWith(u"wayland"_s) && windowHandle())
         windowHandle()->startSystemMove(); // A client cannot place its windows there.
     else
-        m_grip = event.globalPosition().toPoint() - frameGeometry().topLeft();
+        m_grip = event.position().toPoint(); // Where Qt believes the window to be may be wrong.
+}
+
+// Qt drops a move to where it believes the window to be, and the window system then looks for a place of its own.
+void SkinWindow::bringBack()
+{
+    if (QWindow *hidden = isVisible() ? nullptr : windowHandle()) {
+        hidden->setPosition(hidden->position());
+        forgetMinimised(*hidden);
+    }
+    showNormal();
+    raise();
+    activateWindow();
 }
 
 void SkinWindow::paintEvent(QPaintEvent *event)

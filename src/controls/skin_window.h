@@ -23,6 +23,9 @@ public:
     /// Can somebody see the window: shown and not minimised?
     bool isSeen() const { return m_seen; }
 
+    /// Shows the window wherever it was hidden to: at its place, in front, with the keyboard.
+    void bringBack();
+
     /// The window that was active last, while somebody can see it; else none.
     static SkinWindow *lastActive();
 

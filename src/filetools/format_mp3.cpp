@@ -86,9 +86,7 @@ void FormatMp3::openOnSongs()
     const QString folder = folderStillThere(m_songs.folder());
     const QString song = m_songs.chosenName();
     placeForTwo();
-    show();
-    raise();
-    activateWindow();
+    bringBack();
     Text1.setText(m_songs.pointedSong());
     if (Dir1.Path() == folder || !Dir1.setPath(folder))
         File1.setPath(folder);

@@ -23,10 +23,12 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -418,6 +420,33 @@ private Q_SLOTS:
         send(text, QEvent::MouseButtonPress, onText, Qt::LeftButton, Qt::LeftButton);
         send(window, QEvent::MouseMove, onText + QPoint(7, 0), Qt::NoButton, Qt::LeftButton);
         QTRY_COMPARE(window.pos(), start + QPoint(37, 40));
+
+        const QPoint far(300, 200); // The window is not where Qt believes it to be.
+        QMouseEvent press(QEvent::MouseButtonPress, {200, 50}, grip + far, Qt::LeftButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window, &press);
+        send(window, QEvent::MouseMove, grip + far + QPoint(1, 0), Qt::NoButton, Qt::LeftButton);
+        QTRY_COMPARE(window.pos(), start + far + QPoint(1, 0));
+    }
+
+    void aWindowComesBackAsItWas()
+    {
+        if (QGuiApplication::platformName() != u"xcb"_s)
+            QSKIP("Only a window manager can iconify windows or put them elsewhere.");
+        SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QPoint place = window.pos();
+        window.showMinimized();
+        QTRY_VERIFY(!window.windowHandle()->isExposed());
+        QCOMPARE(QProcess::execute(u"xdotool"_s, {u"windowactivate"_s, QString::number(window.winId())}), 0);
+        QTRY_VERIFY(window.isSeen() && window.windowHandle()->isExposed());
+        window.hide();
+        SkinWindow inItsPlace(u"Other"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
+        inItsPlace.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&inItsPlace));
+        window.bringBack();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.pos(), place);
     }
 
     void aWindowTellsWhenItIsSeen()
