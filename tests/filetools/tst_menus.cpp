@@ -188,7 +188,8 @@ private Q_SLOTS:
         stand.menus.mnuTagEditItems.choose(0);
         QVERIFY(!stand.formatMp3.MoveMenuOpen);
         QCOMPARE(stand.asked, u"Select Folder|"_s + stand.folder.path());
-        const QString why = u"\n\n"_s + stand.folder.hostPath() + u"/a.mp3 cannot be moved: it is there already."_s;
+        const QString reason = picked.isEmpty() ? u"it is there already."_s : u"No such file or directory."_s;
+        const QString why = u"\n\n"_s + stand.folder.hostPath() + u"/a.mp3 cannot be moved: "_s + reason;
         const QStringList told = {u"Mp3 Mover|Move a.mp3 To "_s + host + u'?', u"Sorry,|Error Moving"_s + why};
         QCOMPARE(takeBoxes(), told.first(boxes));
         const bool moved = boxes == 1 && answer == MsgBox::Answer::Yes;
