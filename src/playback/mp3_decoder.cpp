@@ -6,13 +6,14 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <cstdio>
 #include <mpg123.h>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr long damageToSkip = 16 << 20; // Bytes without a frame after which the song is taken to have ended.
+constexpr long damageToSkip = 4 << 20; // Bytes without a frame after which the song is taken to have ended.
 constexpr long framesBeforeSeek = 12;   // Enough to fill the bit reservoir at the lowest bit rates.
 constexpr int refineMs = 5;
 
@@ -21,7 +22,8 @@ struct Mpg123 : LoadedLibrary {
     Function<decltype(::mpg123_new)> create{*this, "mpg123_new"};
     Function<decltype(::mpg123_delete)> destroy{*this, "mpg123_delete"};
     Function<decltype(::mpg123_param)> param{*this, "mpg123_param"};
-    Function<decltype(::mpg123_open)> open{*this, "mpg123_open"};
+    Function<decltype(::mpg123_replace_reader_handle)> replace_reader_handle{*this, "mpg123_replace_reader_handle"};
+    Function<decltype(::mpg123_open_handle)> open_handle{*this, "mpg123_open_handle"};
     Function<decltype(::mpg123_getformat)> getformat{*this, "mpg123_getformat"};
     Function<decltype(::mpg123_format_none)> format_none{*this, "mpg123_format_none"};
     Function<decltype(::mpg123_format)> format{*this, "mpg123_format"};
@@ -45,6 +47,22 @@ struct Destroy {
 };
 using Handle = std::unique_ptr<mpg123_handle, Destroy>;
 
+mpg123_ssize_t readFile(void *file, void *bytes, std::size_t size)
+{
+    const std::size_t done = std::fread(bytes, 1, size, static_cast<std::FILE *>(file));
+    return done == 0 && std::ferror(static_cast<std::FILE *>(file)) ? -1 : static_cast<mpg123_ssize_t>(done);
+}
+
+off_t seekFile(void *file, off_t place, int from)
+{
+    return fseeko(static_cast<std::FILE *>(file), place, from) == 0 ? ftello(static_cast<std::FILE *>(file)) : -1;
+}
+
+void closeFile(void *file)
+{
+    std::fclose(static_cast<std::FILE *>(file));
+}
+
 // The file opened and its first frame read; null when there is none near the beginning.
 Handle openHandle(const QByteArray &path, SoundFormat &format)
 {
@@ -56,7 +74,12 @@ Handle openHandle(const QByteArray &path, SoundFormat &format)
     mpg123().param(handle.get(), MPG123_PREFRAMES, framesBeforeSeek, 0);
     long rate = 0;
     int encoding = 0;
-    if (mpg123().open(handle.get(), path.constData()) != MPG123_OK ||
+    std::FILE *file = std::fopen(path.constData(), "rbe");
+    if (!file)
+        return {};
+    // Without a buffer of its own libmpg123 reads damaged places byte by byte from the system.
+    mpg123().replace_reader_handle(handle.get(), readFile, seekFile, closeFile);
+    if (mpg123().open_handle(handle.get(), file) != MPG123_OK ||
         mpg123().getformat(handle.get(), &rate, &format.channels, &encoding) != MPG123_OK)
         return {};
     format.rate = static_cast<int>(rate);
