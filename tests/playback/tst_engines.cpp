@@ -3,12 +3,11 @@
 // to, what happens in time is played to a silent output.
 #include "base/last_error.h"
 #include "playback/engine_choice.h"
-#include "support/test_files.h"
+#include "support/songs.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
-#include <QtEndian>
 
 #include <cmath>
 #include <cstring>
@@ -51,15 +50,6 @@ int toneOf(const Samples &samples)
     return 0;
 }
 
-// The sample's half second of a tone in 16 bits, six times.
-QByteArray longWav(const QByteArray &sample)
-{
-    constexpr qsizetype headSize = 44;
-    const QByteArray sound = sample.sliced(headSize).repeated(6);
-    const auto size = qToLittleEndian(static_cast<quint32>(sound.size()));
-    return sample.first(headSize - 4) + QByteArray(reinterpret_cast<const char *>(&size), 4) + sound;
-}
-
 // An engine, what it tells, and what is heard of it.
 struct Listening {
     enum class Output { Recorded, Silent };
@@ -81,13 +71,6 @@ struct Listening {
     {
         engine.setFileName(path);
         engine.play();
-    }
-
-    // A song of three seconds.
-    QString longSong() const
-    {
-        folder.copySample(u"tone-440.wav"_s);
-        return folder.makeFile(u"long.wav"_s, longWav(folder.bytesOf(u"tone-440.wav"_s)));
     }
 
     bool playToEnd(const QString &path)
@@ -244,7 +227,7 @@ private Q_SLOTS:
     void pauseHoldsThePositionAndDoesNotOutliveTheSong()
     {
         Listening x(Listening::Output::Silent);
-        const QString song = x.longSong();
+        const QString song = longSong(x.folder);
         x.engine.pause();
         x.engine.play(); // Without a song neither does anything.
         x.start(song);
@@ -273,7 +256,7 @@ private Q_SLOTS:
         Listening x(Listening::Output::Silent);
         x.engine.setCurrentPosition(2); // Without a song.
         QCOMPARE(x.engine.currentPosition(), 0.0);
-        x.start(x.longSong());
+        x.start(longSong(x.folder));
         x.engine.pause();
         x.engine.setCurrentPosition(1.5); // Before the song is open.
         QSignalSpy states(&x.engine, &MediaEngine::stateChanged);
@@ -294,7 +277,7 @@ private Q_SLOTS:
     void changingTheLoudnessSkipsNothing()
     {
         Listening x(Listening::Output::Silent);
-        x.start(x.longSong());
+        x.start(longSong(x.folder));
         QTRY_VERIFY_WITH_TIMEOUT(x.engine.currentPosition() > 0.3, patienceMs);
         const double rest = 3 - x.engine.currentPosition();
         QElapsedTimer playing;
