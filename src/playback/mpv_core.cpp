@@ -41,6 +41,7 @@ constexpr Option options[] = {
     {"input-default-bindings", "no"},
     {"input-builtin-bindings", "no"},
     {"audio-client-name", "KiV Mp3"},
+    {"title", "${media-title}"}, // Of the stream; libmpv would add its own name.
     // Only sound, and only from the file that was named.
     {"vid", "no"},
     {"sid", "no"},
@@ -189,6 +190,8 @@ bool MpvCore::start(int hundredthsOfDecibel)
     if (!m_mpv->isComplete())
         return false;
     keepAlsaQuiet();
+    qputenv("PULSE_PROP_application.icon_name", "kiv-mp3"); // Of libmpv's own there is no picture.
+    qputenv("PULSE_PROP_media.role", "music");
     std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start where numbers are written with a comma.
     m_handle = m_mpv->create();
     if (!m_handle)
@@ -234,8 +237,9 @@ void MpvCore::command(const QList<QByteArray> &words, quint64 serial)
     m_mpv->command_async(m_handle, serial, pointers.data());
 }
 
-void MpvCore::load(const QByteArray &path, quint64 serial)
+void MpvCore::load(const QByteArray &path, const QByteArray &title, quint64 serial)
 {
+    command({"set", "force-media-title", title});
     setFarAhead(true);
     command({"loadfile", path, "replace"}, serial);
 }

@@ -42,8 +42,8 @@ public:
     /// Loads the library and starts it with this loudness. False when it cannot be used.
     bool start(int hundredthsOfDecibel);
 
-    /// Opens a song, by the host's bytes, in place of the one before.
-    void load(const QByteArray &hostPath, quint64 serial);
+    /// Opens a song, by the host's bytes, in place of the one before. The title is what mixers show.
+    void load(const QByteArray &hostPath, const QByteArray &title, quint64 serial);
     void stop();
     void seek(double seconds);
     void setPause(bool on);

@@ -6,6 +6,7 @@
 // the current entry.
 #include "playback/mpv_engine.h"
 
+#include "base/names.h"
 #include "platform/drives.h"
 #include "playback/play_fault.h"
 
@@ -147,7 +148,7 @@ void MpvEngine::carryOutRequest()
     m_isPaused = isPaused;
     m_song = Song::Asked;
     m_songSerial = ++m_serial;
-    m_core->load(hostPathOnDisk(m_fileName), m_songSerial);
+    m_core->load(hostPathOnDisk(m_fileName), withoutExtension(FileNameFromPath(m_fileName)).toUtf8(), m_songSerial);
 }
 
 bool MpvEngine::startCore()
