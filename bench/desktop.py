@@ -1,12 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A desktop for one player: a screen nobody sees, with a window manager, a session bus, and a home that is thrown away.
-None of it is the user's, so no settings, no running player and no sound server of theirs is touched."""
+"""A desktop for one player: a screen nobody sees, with a window manager, a session bus, a sound server without a device, and
+a home that is thrown away. None of it is the user's, so no settings, no running player and no sound server of theirs is touched."""
 
 import os
 import shutil
 import subprocess
 import tempfile
 import time
+from contextlib import contextmanager
 from pathlib import Path
 
 NOT_PASSED_ON = ("WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "DESKTOP_STARTUP_ID")
@@ -24,7 +25,8 @@ class Desktop:
         self.environment = {name: value for name, value in os.environ.items()
                             if name not in NOT_PASSED_ON and not name.startswith(("XDG_", "DBUS_", "QT_"))}
         self.environment.update(HOME=str(self.home), XDG_RUNTIME_DIR=str(self.home / "run"),
-                                KIV_MP3_HOME=str(self.home / "kiv"), KIV_MP3_SOUND="null")
+                                KIV_MP3_HOME=str(self.home / "kiv"),
+                                PULSE_SERVER=f"unix:{self.home}/run/sound")
         self._processes = []
 
     def __enter__(self):
@@ -35,7 +37,11 @@ class Desktop:
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_telling("dbus-daemon", "--session", "--nofork",
                                                                               "--print-address=FD")
             self._start("openbox", "--sm-disable")
-            self._wait_for_manager()
+            self._start("pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                        "-L", "module-null-sink rate=44100",
+                        "-L", f"module-native-protocol-unix auth-anonymous=1 socket={self.home}/run/sound")
+            self._wait_for("window id", "the window manager", "xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
+            self._wait_for("null.monitor", "the sound server", "pactl", "info")
         except BaseException:
             self.__exit__()
             raise
@@ -56,6 +62,23 @@ class Desktop:
         return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                               text=True, check=False).stdout.strip()
 
+    @contextmanager
+    def listening(self):
+        """Listens to what the sound server plays; gives a function that waits for the moment of the first sound."""
+        with subprocess.Popen(["parec", "--raw", "--channels=1", "--latency-msec=1"], env=self.environment,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as recorder:
+            os.read(recorder.stdout.fileno(), 1)  # It listens.
+
+            def first_sound(seconds):
+                end = time.monotonic() + seconds
+                while time.monotonic() < end:
+                    if any(os.read(recorder.stdout.fileno(), 65536)):
+                        return time.monotonic()
+                return None
+
+            yield first_sound
+            recorder.terminate()
+
     def _start(self, *command, **options):
         self._processes.append(subprocess.Popen(command, env=self.environment, **{**QUIET, **options}))
 
@@ -70,9 +93,9 @@ class Desktop:
             raise SystemExit(f"bench/run: {command[0]} did not start")
         return line
 
-    def _wait_for_manager(self):
+    def _wait_for(self, answer, what, *question):
         for _ in range(100):
-            if "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"):
+            if answer in self.run(*question):
                 return
             time.sleep(0.05)
-        raise SystemExit("bench/run: the window manager did not start")
+        raise SystemExit(f"bench/run: {what} did not start")

@@ -2,10 +2,11 @@
 """What a player is put through, on a desktop of its own; each scenario gives figures by name. None: not measured."""
 
 import statistics
+import subprocess
 import sys
 import time
 
-from desktop import Desktop
+from desktop import QUIET, Desktop
 from player import BYTES_A_SECOND, WINDOW_SECONDS, filled, started, without_song
 from process_tree import ProcessTree, growth
 
@@ -22,7 +23,7 @@ def figures(player, songs, home_template=None):
         trial = Trial(player, songs, desktop)
         trial.warm_up()
         measured = {}
-        for scenario in (trial.start_with_song, trial.start_without, trial.idle, trial.playing, trial.folder,
+        for scenario in (trial.start_with_song, trial.start_to_sound, trial.start_without, trial.idle, trial.playing, trial.folder,
                          trial.search):
             say(f"{player.name}: {scenario.__name__.replace('_', ' ')}")
             measured.update(scenario())
@@ -55,6 +56,21 @@ class Trial:
     def start_with_song(self):
         taken, cpu = self._median_start(self._with_song())
         return {"start_ms": taken, "start_cpu_ms": cpu}
+
+    def start_to_sound(self):
+        """From exec until the server plays the first sound: how long it takes a user to hear a song."""
+        taken = []
+        for _ in range(STARTS):
+            with self.desktop.listening() as first_sound:
+                began = time.monotonic()
+                with subprocess.Popen(self._with_song(), env=self.desktop.environment, cwd=self.desktop.home, **QUIET):
+                    heard = first_sound(WINDOW_SECONDS)
+                    self.tree.stop()
+            if heard is None:
+                return self._not_measured("plays nothing on the sound server")
+            taken.append((heard - began) * 1000)
+            time.sleep(0.5)
+        return {"sound_ms": statistics.median(taken)}
 
     def start_without(self):
         taken, cpu = self._median_start(without_song(self.player.command))
