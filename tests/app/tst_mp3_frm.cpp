@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window: its settings, its two lists, its keys and tips.
 #include "app/display_texts.h"
+#include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/folders.h"
@@ -29,10 +30,11 @@ private Q_SLOTS:
     void aFirstStartWritesThreeSettings()
     {
         MainWindowStand stand({u"Song.mp3"_s});
-        QVERIFY(QDir::setCurrent(stand.folder.hostPath()));
+        QFile other(musicFolder() + u"/Other.mp3"_s); // The folder it is started in comes first.
+        QVERIFY(other.open(QFile::WriteOnly) && QDir::setCurrent(stand.folder.hostPath()));
         stand.engine.setVolume(-600);
         stand.window.Load();
-        QVERIFY(QDir::setCurrent(u"/"_s));
+        QVERIFY(other.remove() && QDir::setCurrent(u"/"_s));
         QCOMPARE(stand.window.File1.Path(), stand.folder.path());
         QCOMPARE(readSetting(Setting::Mp3Path), stand.folder.path());
         QCOMPARE(readSetting(Setting::Volume), u"0"_s); // The position slider's.

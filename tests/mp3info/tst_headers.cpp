@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -155,6 +157,20 @@ private Q_SLOTS:
         for (const QString &path : {QString(), folder.path(u"none.mp3"_s), folder.path(), folder.path(QString())})
             QCOMPARE(QuickMp3Header(path).size, QString());
         QCOMPARE(QuickSeconds(), 3);
+    }
+
+    void everyBitRateIsTold()
+    {
+        constexpr std::array rates = {32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320};
+        constexpr std::array lowRates = {8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160};
+        for (int row = 0; row < int(rates.size()); ++row) {
+            QByteArray frame = QByteArray::fromHex("fffb0004");
+            frame[2] = static_cast<char>((row + 1) * 16);
+            QCOMPARE(quickHeader(frame, 9'000).header.bitRate, QString::number(rates[row]) + u"Kbit"_s);
+            QCOMPARE(readFrameHeader(frame, 9'000).kbits, std::int16_t(rates[row]));
+            frame[1] = '\xf3'; // MPEG-2.
+            QCOMPARE(quickHeader(frame, 9'000).header.bitRate, QString::number(lowRates[row]) + u"Kbit"_s);
+        }
     }
 
     void aPictureInTheTagHidesNoSong()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The transport: what each verb tells the engine, and what follows when a song ends.
+#include "playback/play_fault.h"
 #include "support/core_stand.h"
+#include "support/crash_points.h"
 
 #include <QSignalSpy>
 
@@ -127,6 +129,15 @@ private Q_SLOTS:
         QVERIFY(stand.player.playingPath().isEmpty() && stand.isDue(u"AutoPlaySong"_s));
         QCOMPARE(stand.player.openedPath(), stand.folder.path(u"1.mp3"_s));
         QCOMPARE(stand.takeCalls(), u"FileName 1.mp3, Play"_s);
+    }
+
+    void aSongThatMayNotBeReadIsToldSo()
+    {
+        const TestFolder folder;
+        const QString song = folder.makeFile(u"a.mp3"_s, "song");
+        QVERIFY(QFile::setPermissions(folder.hostPath(), QFile::Permissions(0x7755)));
+        QVERIFY(QFile::setPermissions(folder.hostPath() + u"/a.mp3"_s, {}));
+        QVERIFY(holdsForOrdinaryUser([&] { return faultBeforePlaying(song) == PlayFault::NoPermission; }));
     }
 
     void stopAlsoEndsTheModesAndStopSoundDoesNot()

@@ -83,6 +83,21 @@ private Q_SLOTS:
         QCOMPARE(folder.bytesOf(u"s.ini"_s), QByteArray("[zelkmp3]\nvolume=-5\nMP3PATH=z:\\Ol\xE9\n"));
     }
 
+    void aFileThatMayNotBeReadIsNotReplaced()
+    {
+        const TestFolder folder;
+        const QString file = folder.makeFile(u"s.ini"_s, "[S]\nA=1\n");
+        const QString host = folder.hostPath() + u"/s.ini"_s;
+        QVERIFY(QFile::setPermissions(folder.hostPath(), QFile::Permissions(0x7777)) &&
+                QFile::setPermissions(host, {}));
+        QVERIFY(holdsForOrdinaryUser([&] {
+            WriteIniKey(u"S"_s, u"B"_s, u"2"_s, file);
+            return true;
+        }));
+        QVERIFY(QFile::setPermissions(host, QFile::ReadOwner));
+        QCOMPARE(folder.bytesOf(u"s.ini"_s), QByteArray("[S]\nA=1\n"));
+    }
+
     void aWriteWithoutItsFolderIsLost()
     {
         writeSetting(Setting::Volume, u"1"_s);

@@ -79,16 +79,6 @@ private Q_SLOTS:
         QVERIFY(box.size() == QSize(52, 52) && box.mask().contains(box.rect().center()));
         QCOMPARE(window.childAt(box.pos() + QPoint(6, 6)), nullptr);
     }
-
-    void onlyExactlyTrueMakesTranslucent()
-    {
-        QWidget window;
-        for (const auto &[on, alpha] : {std::pair<qint16, int>{-1, 128}, {1, 255}, {-1, 128}, {0, 255}, {-2, 255}}) {
-            MakeTranslucent(window, on);
-            QCOMPARE(qRound(window.windowOpacity() * 255), alpha);
-            QVERIFY(window.property("layered").toBool());
-        }
-    }
 };
 
 QTEST_MAIN(WindowEffectsTest)
