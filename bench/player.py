@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A player to be measured: its commands, the songs it is given, and how it is started on a desktop."""
 
+import os
 import shlex
 import shutil
 import subprocess
@@ -14,14 +15,14 @@ BUILT = ROOT / "build" / "bench"
 SONG = ROOT / "demo" / "music" / "The Night Trams - Last Stop Moonlight.mp3"
 SONG_ROUNDS = 20  # The demo song lasts 31 seconds.
 BYTES_A_SECOND = 11_500  # Of that song, in the mean.
-MANY = 100_000
+COUNTS = (10_000, 100_000, 1_000_000)  # Songs of the big folders, so that growth is seen.
 NAMES_A_FILE = 30_000  # ext4 allows 65,000.
 WINDOW_SECONDS = 20
 NO_WINDOW = 3  # What first_window ends with.
 
 
 class Songs:
-    """A song of ten minutes alone in a folder, and a folder of 100,000 songs. Used in a with statement."""
+    """A song of ten minutes alone in a folder, and folders of very many songs. Used in a with statement."""
 
     def __enter__(self):
         self._folder = Path(tempfile.mkdtemp(prefix="bench-songs-"))
@@ -33,18 +34,25 @@ class Songs:
     def __exit__(self, *_failure):
         shutil.rmtree(self._folder)
 
-    def among_many(self):
-        """A song in the big folder, which is made when first asked for: real songs, but few files with many names."""
-        many = self._folder / "many"
+    def among(self, count):
+        """A song in a folder of count, made when first asked for: real songs, but few files with many names."""
+        many = self._folder / str(count)
+        first = many / name_of(0, count)
         if not many.exists():
             many.mkdir()
-            names = [many / f"Artist {number * 7919 % MANY:06d} - Some Song {number:06d}.mp3" for number in range(MANY)]
-            for number, name in enumerate(names):
+            file = first
+            for number in range(count):
+                name = many / name_of(number, count)
                 if number % NAMES_A_FILE == 0:
                     file = shutil.copy(self.song, name)
                 else:
-                    name.hardlink_to(file)
-        return min(many.iterdir())
+                    os.link(file, name)
+        return first
+
+
+def name_of(number, count):
+    """Not in the order of the alphabet, for count songs."""
+    return f"Artist {number * 7919 % count:06d} - Some Song {number:06d}.mp3"
 
 
 def long_song(song):

@@ -7,7 +7,7 @@ import sys
 import time
 
 from desktop import QUIET, Desktop
-from player import BYTES_A_SECOND, WINDOW_SECONDS, filled, started, without_song
+from player import BYTES_A_SECOND, COUNTS, WINDOW_SECONDS, filled, started, without_song
 from process_tree import ProcessTree, growth
 
 STARTS = 7
@@ -98,28 +98,40 @@ class Trial:
         return {"playing_cpu": cpu, "playing_wakeups": wakeups, "playing_mb": memory}
 
     def folder(self):
-        """How much longer it works after a start, and how much more memory it has then, than with a single song."""
+        """How much longer it works after a start, and how much more CPU and memory it has used then, than with a single
+        song."""
         if not self.player.folder_command or not self.player.has_window:
             return {}
-        few_seconds, few_mb = self._median_opening(self.songs.song)
-        seconds, memory = self._median_opening(self.songs.among_many())
-        if seconds >= PATIENCE_SECONDS:
-            complain(f"{self.player.name} still works on the folder after {PATIENCE_SECONDS} s; measured as it is")
-        return {"folder_s": seconds - few_seconds, "folder_mb": memory - few_mb}
+        few = self._median_opening(self.songs.song)
+        measured = {}
+        for count in COUNTS:
+            many = self._median_opening(self.songs.among(count))
+            if many[0] >= PATIENCE_SECONDS:
+                complain(f"{self.player.name} still works on {count:,} after {PATIENCE_SECONDS} s; measured as it is")
+            for what, more, less in zip(("s", "cpu_s", "mb"), many, few):
+                measured[f"folder_{what}_{count}"] = more - less
+        return measured
 
     def search(self):
-        """CPU milliseconds of typing into the search over the big folder, key by key. A song may play meanwhile."""
+        """CPU milliseconds of typing into the search over the big folders, key by key. A song may play meanwhile."""
         if not self.player.folder_command or not self.player.search_keys:
             return {}
-        with self._started(filled(self.player.folder_command, self.songs.among_many())):
+        measured = {}
+        for count in COUNTS:
+            used, typed = self._typed_among(count)
+            if typed != TYPED:
+                return self._not_measured(f"has not opened its search: the text that has the focus is '{typed}'")
+            measured[f"key_ms_{count}"] = statistics.mean(used)
+            measured[f"key_slowest_ms_{count}"] = max(used)
+        return measured
+
+    def _typed_among(self, count):
+        """What each key used, and the text that was there in the end."""
+        with self._started(filled(self.player.folder_command, self.songs.among(count))):
             self.tree.wait_until_calm(2, PATIENCE_SECONDS)
             self._press(self.player.search_keys, 0.5)
             self.tree.wait_until_calm(1, PATIENCE_SECONDS)
-            used = [self._type(letter) for letter in TYPED]
-            typed = self._text_in_focus()
-        if typed != TYPED:
-            return self._not_measured(f"has not opened its search: the text that has the focus is '{typed}'")
-        return {"key_ms": statistics.mean(used), "key_slowest_ms": max(used)}
+            return [self._type(letter) for letter in TYPED], self._text_in_focus()
 
     def _with_song(self):
         return filled(self.player.command, self.songs.song)
@@ -141,14 +153,15 @@ class Trial:
         return map(statistics.median, zip(*starts))
 
     def _median_opening(self, song):
-        """Seconds until it has done its work after a start, and its memory then. Slow ones are started less often."""
+        """Seconds until it has done its work after a start, CPU seconds and memory by then. Slow ones are started less
+        often."""
         openings = []
-        while len(openings) < FOLDER_STARTS and sum(seconds for seconds, _ in openings) < 30:
+        while len(openings) < FOLDER_STARTS and sum(opening[0] for opening in openings) < 30:
             began = time.monotonic()
             with self._started(filled(self.player.folder_command, song)):
                 done = self.tree.wait_until_calm(2, PATIENCE_SECONDS)
-                openings.append((done - began, self.tree.resident_mb()))
-        return map(statistics.median, zip(*openings))
+                openings.append((done - began, sum(self.tree.cpu().values()), self.tree.resident_mb()))
+        return list(map(statistics.median, zip(*openings)))
 
     def _press(self, keys, pause=0.0):
         for key in keys:

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 /// The text after the last backslash; the whole path when it holds none.
 QString FileNameFromPath(const QString &path);
@@ -19,6 +18,3 @@ QString pathIn(const QString &folder, const QString &name);
 
 /// As pathIn(), but never with a doubled backslash.
 QString tidyPathIn(const QString &folder, const QString &name);
-
-/// Sorts names without regard to case; names that differ in case alone keep a fixed order.
-void sortNames(QStringList &names);

@@ -37,9 +37,9 @@ FolderRows rowsFor(const QString &path)
         rows.folders += folder;
     }
     rows.openRow = static_cast<int>(rows.folders.size()) - 1;
-    QStringList names = foldersIn(folder);
-    sortNames(names);
-    for (const QString &name : names) {
+    NameList names = foldersIn(folder);
+    names.sort();
+    for (const QString &name : names.toStringList()) {
         rows.texts += indented(rows.openRow + 1, u"▸"_s, name);
         rows.folders += tidyPathIn(folder, name);
     }
@@ -130,9 +130,9 @@ QString FileListBox::filePath(int row) const
     return tidyPathIn(m_path, List(row));
 }
 
-QStringList FileListBox::readFolder() const
+NameList FileListBox::readFolder() const
 {
-    QStringList names = filesIn(m_path, m_extensions);
-    sortNames(names);
+    NameList names = filesIn(m_path, m_extensions);
+    names.sort();
     return names;
 }

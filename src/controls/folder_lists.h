@@ -79,7 +79,7 @@ Q_SIGNALS:
     void PathChange();
 
 private:
-    QStringList readFolder() const;
+    NameList readFolder() const;
 
     QString m_path;
     QStringList m_extensions;

@@ -13,7 +13,7 @@
 
 namespace
 {
-// A name may hold line breaks; rows are one line high, and the first one makes the height of all.
+// A name may hold line breaks; rows are one line high.
 QString onOneLine(QString text)
 {
     const auto breaksLine = [](QChar c) {
@@ -31,7 +31,7 @@ public:
 
     int rowCount(const QModelIndex &parent = {}) const override
     {
-        return parent.isValid() ? 0 : static_cast<int>(m_items.size());
+        return parent.isValid() ? 0 : static_cast<int>(m_items.size()) + m_bareRows;
     }
 
     QVariant data(const QModelIndex &index, int role) const override
@@ -45,13 +45,14 @@ public:
     {
         if (row < 0 || row >= rowCount())
             return {};
-        return m_shownForm ? m_shownForm(row, m_items[row]) : m_items[row];
+        return m_shownForm ? m_shownForm(row, m_items.value(row)) : m_items.value(row);
     }
 
-    void replace(const QStringList &items)
+    void replace(const NameList &items, int bareRows = 0)
     {
         beginResetModel();
         m_items = items;
+        m_bareRows = bareRows;
         endResetModel();
     }
 
@@ -69,16 +70,16 @@ public:
         endRemoveRows();
     }
 
-    QStringList m_items;
+    NameList m_items;
+    int m_bareRows = 0; // Rows without an item.
     std::function<QString(int, const QString &)> m_shownForm;
     std::function<QString(int)> m_accessibleForm;
 };
 
-ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : QListView(parent), m_items(new ListBoxModel(this))
+ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : RowView(parent), m_items(new ListBoxModel(this))
 {
     setUpControl(*this, setup);
     setModel(m_items);
-    setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
     setFrameShape(StyledPanel); // The room for the focus ring.
@@ -93,13 +94,19 @@ void ListBox::AddItem(const QString &text)
     m_items->add(text);
 }
 
-void ListBox::setItems(const QStringList &items)
+void ListBox::setItems(const NameList &items)
 {
     const QScopedValueRollback quiet(m_quiet, true);
     m_items->replace(items);
 }
 
-const QStringList &ListBox::items() const
+void ListBox::setRows(int count)
+{
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_items->replace({}, count);
+}
+
+const NameList &ListBox::items() const
 {
     return m_items->m_items;
 }
@@ -159,7 +166,7 @@ int ListBox::rowAt(const QPoint &point) const
 
 void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
-    QListView::currentChanged(current, previous);
+    RowView::currentChanged(current, previous);
     if (current.isValid() != previous.isValid())
         update(); // A list without a choice has its ring around itself.
     if (m_quiet || !current.isValid())
@@ -171,7 +178,7 @@ void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &prev
 // Assistive tools select a row without making it the current one. Everybody else does that next.
 void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
-    QListView::selectionChanged(selected, deselected);
+    RowView::selectionChanged(selected, deselected);
     const auto chooseSelected = [this] {
         if (const QModelIndexList rows = selectedIndexes(); !rows.isEmpty() && rows[0] != currentIndex())
             setCurrentIndex(rows[0]);
@@ -185,7 +192,7 @@ bool ListBox::viewportEvent(QEvent *event)
     const auto *help = event->type() == QEvent::ToolTip ? static_cast<QHelpEvent *>(event) : nullptr;
     const QModelIndex row = help && m_rowTip ? indexAt(help->pos()) : QModelIndex();
     if (!row.isValid())
-        return QListView::viewportEvent(event);
+        return RowView::viewportEvent(event);
     QToolTip::showText(help->globalPos(), m_rowTip(row.row()), viewport(), visualRect(row));
     return true;
 }
@@ -195,7 +202,7 @@ void ListBox::keyPressEvent(QKeyEvent *event)
     event->ignore();
     Q_EMIT KeyDown(event);
     if (!event->isAccepted())
-        QListView::keyPressEvent(event);
+        RowView::keyPressEvent(event);
 }
 
 void ListBox::mousePressEvent(QMouseEvent *event)
@@ -209,12 +216,12 @@ void ListBox::mousePressEvent(QMouseEvent *event)
     Q_EMIT MouseDown(event->button());
     m_clickSent = false;
     m_pressedRow = rowAt(event->position().toPoint());
-    QListView::mousePressEvent(event);
+    RowView::mousePressEvent(event);
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent *event)
 {
-    QListView::mouseReleaseEvent(event);
+    RowView::mouseReleaseEvent(event);
     const bool again = event->button() == Qt::LeftButton && !m_clickSent && m_pressedRow >= 0;
     if (again && rowAt(event->position().toPoint()) == m_pressedRow)
         Q_EMIT Click();
@@ -252,7 +259,7 @@ void ListBox::askForMenu()
 void ListBox::focusInEvent(QFocusEvent *event)
 {
     if (currentIndex().isValid())
-        QListView::focusInEvent(event);
+        RowView::focusInEvent(event);
     else
         QAbstractScrollArea::focusInEvent(event);
 }

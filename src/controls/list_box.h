@@ -2,18 +2,18 @@
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
 // nothing. A right click never changes the choice, and neither does the keyboard's coming. A row selected by assistive
-// tools is chosen. 100,000 rows are normal: nothing here costs time by the row but filling it.
+// tools is chosen. A million rows are normal: nothing here costs time by the row but filling it.
 #pragma once
 
+#include "base/name_list.h"
 #include "controls/control.h"
-
-#include <QListView>
+#include "controls/row_view.h"
 
 #include <functional>
 
 class ListBoxModel;
 
-class ListBox : public QListView
+class ListBox : public RowView
 {
     Q_OBJECT
 
@@ -24,8 +24,11 @@ public:
     void AddItem(const QString &text);
 
     /// Replaces all items; nothing is chosen afterwards, quietly.
-    void setItems(const QStringList &items);
-    const QStringList &items() const;
+    void setItems(const NameList &items);
+    const NameList &items() const;
+
+    /// As setItems(), but with so many rows that have no items: their texts come from the shown form.
+    void setRows(int count);
 
     /// How an item is shown and returned by List(), when that is not the item itself (made on demand, row by row).
     void setShownForm(std::function<QString(int row, const QString &item)> shownForm);

@@ -21,6 +21,17 @@ bool hostEntryExists(const QByteArray &path);
 /// be read.
 std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder);
 
+/// Which file it is, whatever it is called.
+struct FileIdentity {
+    quint64 device;
+    quint64 number;
+
+    bool operator==(const FileIdentity &) const = default;
+};
+
+/// The file that a path leads to, through links too; nothing when there is none.
+std::optional<FileIdentity> fileIdentity(const QByteArray &path);
+
 /// Do both paths lead to one file, through links too?
 bool isSameFile(const QByteArray &first, const QByteArray &second);
 

@@ -70,12 +70,18 @@ int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
 
 using StatusCall = int (*)(const char *, struct stat *);
 
+std::optional<FileIdentity> identityOf(const QByteArray &path, StatusCall statusOf)
+{
+    struct stat status = {};
+    if (path.isEmpty() || statusOf(path.constData(), &status) != 0)
+        return std::nullopt;
+    return FileIdentity{status.st_dev, status.st_ino};
+}
+
 bool haveSameIdentity(const QByteArray &first, const QByteArray &second, StatusCall statusOf)
 {
-    struct stat one = {};
-    struct stat two = {};
-    return statusOf(first.constData(), &one) == 0 && statusOf(second.constData(), &two) == 0 &&
-           one.st_dev == two.st_dev && one.st_ino == two.st_ino;
+    const auto identity = identityOf(first, statusOf);
+    return identity && identity == identityOf(second, statusOf);
 }
 } // namespace
 
@@ -104,6 +110,11 @@ std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder)
     while (const dirent *entry = ::readdir(open.get()))
         entries += QByteArray(entry->d_name);
     return errno == 0 ? std::optional(entries) : std::nullopt;
+}
+
+std::optional<FileIdentity> fileIdentity(const QByteArray &path)
+{
+    return identityOf(path, ::stat);
 }
 
 bool isSameFile(const QByteArray &first, const QByteArray &second)

@@ -3,11 +3,16 @@
 // text leads back to the same bytes: bytes that are no UTF-8 travel as lone surrogates, a backslash as U+F05C.
 #pragma once
 
+#include "base/name_list.h"
+
 #include <QByteArray>
 #include <QString>
 
 /// The text of one name (no path) as the host stores it.
 QString nameFromHost(QByteArrayView hostName);
+
+/// Appends that text to a list, which is quicker than making it first.
+void appendNameFromHost(NameList &names, QByteArrayView hostName);
 
 /// The host's bytes of a name or path in host form.
 QByteArray nameToHost(QStringView name);

@@ -5,10 +5,13 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace
 {
 constexpr char16_t backslashStandIn = 0xF05C;
-constexpr char16_t oddByteBase = 0xDC00; // Byte 0x80 to 0xFF becomes the lone surrogate U+DC80 to U+DCFF.
+constexpr unsigned char otherStart = 0xEF; // First bytes of the stand-in, the byte-order mark, four-byte letters.
+constexpr char16_t oddByteBase = 0xDC00;   // Byte 0x80 to 0xFF becomes the lone surrogate U+DC80 to U+DCFF.
 
 bool isOddByte(QChar c)
 {
@@ -88,6 +91,15 @@ QString withStandIns(QString hostText)
 QString nameFromHost(QByteArrayView hostName)
 {
     return withStandIns(textFromBytes(hostName));
+}
+
+void appendNameFromHost(NameList &names, QByteArrayView hostName)
+{
+    const auto isOtherInLists = [](char c) { return c == '\\' || static_cast<unsigned char>(c) >= otherStart; };
+    if (std::none_of(hostName.begin(), hostName.end(), isOtherInLists) && hostName.isValidUtf8())
+        names.appendBytes(hostName);
+    else
+        names += nameFromHost(hostName);
 }
 
 QByteArray nameToHost(QStringView name)

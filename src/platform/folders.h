@@ -2,6 +2,8 @@
 // Folders and their entries, and the few questions about files that need no opening. Paths are the program's.
 #pragma once
 
+#include "base/name_list.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -19,13 +21,13 @@ std::optional<qint64> fileLength(const QString &path);
 
 /// Names of the normal files in a folder whose extension is one of the given ones, whatever its case ({} takes all);
 /// hidden ones are left out. Unsorted. Empty for a folder that cannot be read.
-QStringList filesIn(const QString &folder, const QStringList &extensions = {});
+NameList filesIn(const QString &folder, const QStringList &extensions = {});
 
 /// Is there at least one such file? Stops reading at the first.
 bool holdsFile(const QString &folder, const QStringList &extensions = {});
 
 /// Names of the folders in a folder, hidden ones left out, unsorted. Empty for a folder that cannot be read.
-QStringList foldersIn(const QString &folder);
+NameList foldersIn(const QString &folder);
 
 /// Creates one missing folder level; a folder that exists or cannot be made changes nothing.
 void MakeFolder(const QString &path);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Folders and their entries on Unix hosts. Reads the folder itself, not each file: 100,000 songs are normal.
+// Folders and their entries on Unix hosts. Reads the folder itself, not each file: a million songs are normal.
 #include "platform/drives.h"
 #include "platform/file_names.h"
 #include "platform/folders.h"
@@ -68,13 +68,14 @@ QList<QByteArray> endingsOf(const QStringList &extensions)
     return endings;
 }
 
-QStringList namesIn(const QString &folder, Kind kind, const QStringList &extensions)
+NameList namesIn(const QString &folder, Kind kind, const QStringList &extensions)
 {
-    QStringList names;
+    NameList names;
     visitEntries(hostPathOnDisk(folder), kind, endingsOf(extensions), [&](QByteArrayView name) {
-        names += nameFromHost(name);
+        appendNameFromHost(names, name);
         return true;
     });
+    names.squeeze();
     return names;
 }
 } // namespace
@@ -98,7 +99,7 @@ std::optional<qint64> fileLength(const QString &path)
     return status && S_ISREG(status->st_mode) ? std::optional<qint64>(status->st_size) : std::nullopt;
 }
 
-QStringList filesIn(const QString &folder, const QStringList &extensions)
+NameList filesIn(const QString &folder, const QStringList &extensions)
 {
     return namesIn(folder, Kind::File, extensions);
 }
@@ -113,7 +114,7 @@ bool holdsFile(const QString &folder, const QStringList &extensions)
     return found;
 }
 
-QStringList foldersIn(const QString &folder)
+NameList foldersIn(const QString &folder)
 {
     return namesIn(folder, Kind::Folder, {});
 }

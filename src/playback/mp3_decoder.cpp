@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr long damageToSkip = 4 << 20; // Bytes without a frame after which the song is taken to have ended.
-constexpr long framesBeforeSeek = 12;   // Enough to fill the bit reservoir at the lowest bit rates.
+constexpr long framesBeforeSeek = 12;  // Enough to fill the bit reservoir at the lowest bit rates.
 constexpr int refineMs = 5;
 
 struct Mpg123 : LoadedLibrary {

@@ -2,6 +2,7 @@
 #include "playback/player.h"
 
 #include "base/names.h"
+#include "platform/drives.h"
 #include "playback/song_rows.h"
 
 #include <algorithm>
@@ -36,10 +37,19 @@ void Player::connectHandlers()
 void Player::open(const QString &path)
 {
     ++m_openedSongs;
+    m_file = fileIdentity(hostPathOnDisk(path));
     m_engine.setFileName(path);
     m_engine.play();
     setHasSong(true);
     Q_EMIT songOpened();
+}
+
+bool Player::isPlayingFile(const QString &path) const
+{
+    if (path.isEmpty() || !m_hasSong)
+        return false;
+    const bool isSamePath = hostPath(path) == hostPath(playingPath());
+    return isSamePath || (m_file && m_file == fileIdentity(hostPathOnDisk(path)));
 }
 
 void Player::play(const QString &path, const QString &title)

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "base/timer.h"
+#include "platform/entries.h"
 #include "playback/media_engine.h"
 #include "playback/play_modes.h"
 #include "playback/song_folder.h"
@@ -68,6 +69,10 @@ public:
     /// The song opened last, as a program path, whether it still plays or not.
     QString openedPath() const { return m_engine.fileName(); }
 
+    /// Does a program path lead to the song that plays or is paused? Its file is known by any name: in other letters,
+    /// through a link, or renamed since.
+    bool isPlayingFile(const QString &path) const;
+
     bool isPaused() const { return m_hasSong && m_engine.isPaused(); }
 
     /// Does the position move on by itself just now?
@@ -126,9 +131,10 @@ private:
     MediaEngine &m_engine;
     SongFolder &m_songs;
     PlayModes &m_modes;
-    Timer AutoPlaySong; // Once: the advance through the folder.
-    Timer Timer2;       // Once: first stage of a repeat.
-    Timer Timer3;       // Once: second stage, plays RepeatSongName.
+    Timer AutoPlaySong;                 // Once: the advance through the folder.
+    Timer Timer2;                       // Once: first stage of a repeat.
+    Timer Timer3;                       // Once: second stage, plays RepeatSongName.
+    std::optional<FileIdentity> m_file; // Of the song opened last, where it could be found.
     int m_openedSongs = 0;
     bool m_hasSong = false; // A song was opened, and has neither ended nor been stopped since.
 };

@@ -107,7 +107,7 @@ void Playlist::saveLists() const
 
 std::optional<ErrorRecord> Playlist::ReCalcPlayTime()
 {
-    const PlayTimeSum sum = addPlayTimes(List2.items(), TotalListLength);
+    const PlayTimeSum sum = addPlayTimes(times(), TotalListLength);
     TotalListLength = sum.seconds;
     return sum.error;
 }

@@ -30,8 +30,8 @@ public:
     /// Makes the settings folder and the two list files where they are missing, and reads them.
     void Load();
 
-    QStringList songs() const { return List1.items(); }
-    QStringList times() const { return List2.items(); }
+    QStringList songs() const { return List1.items().toStringList(); }
+    QStringList times() const { return List2.items().toStringList(); }
 
     /// Adds a song (its bare name, without folder and ending) and its play time at the end.
     void addSong(const QString &name, const QString &time);

@@ -2,15 +2,13 @@
 #include "playlist/song_match.h"
 
 #include "base/texts.h"
-
-#include <QStringMatcher>
+#include "playlist/byte_finder.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace
 {
-constexpr QChar betweenNames(u'\0');
-
 // Letter by letter, so that positions are the same in both forms: the one letter whose lower-case form is longer gets a
 // short one.
 char32_t lowered(char32_t letter)
@@ -55,45 +53,34 @@ char32_t capital(char32_t letter)
     return sameName && QChar::requiresSurrogates(upper) == QChar::requiresSurrogates(letter) ? upper : letter;
 }
 
-qsizetype lengthOf(const QStringList &names)
+std::string_view viewOf(QByteArrayView bytes)
 {
-    qsizetype length = 0;
-    for (const QString &name : names)
-        length += name.size() + 1;
-    return length;
-}
-} // namespace
-
-SongNames::SongNames(QStringList names) : m_names(std::move(names))
-{
-    QString all;
-    all.reserve(lengthOf(m_names));
-    m_starts.reserve(static_cast<std::size_t>(m_names.size()) + 1);
-    for (const QString &name : std::as_const(m_names)) {
-        m_starts.push_back(all.size());
-        all += name;
-        all += betweenNames;
-    }
-    m_starts.push_back(all.size());
-    m_lowered = lowered(std::move(all));
+    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
 }
 
-std::vector<SongMatch> SongNames::search(const QString &text) const
+// Short bytes in short bytes.
+int placeIn(std::string_view name, std::string_view wanted)
 {
-    std::vector<SongMatch> matches;
-    if (text.contains(betweenNames))
-        return matches;
-    const QStringMatcher matcher(lowered(text));
-    auto name = m_starts.begin();
-    for (qsizetype from = 0; from < m_lowered.size(); from = *std::next(name)) {
-        const qsizetype hit = text.isEmpty() ? from : matcher.indexIn(m_lowered, from);
-        if (hit < 0)
-            break;
-        while (*std::next(name) <= hit)
-            ++name;
-        matches.push_back({std::distance(m_starts.begin(), name), hit - *name});
-    }
-    return matches;
+    const std::size_t place = name.find(wanted);
+    return place == std::string_view::npos ? -1 : static_cast<int>(place);
+}
+
+// The letters a name holds, a bit for each; what has no bit of its own has the last one.
+constexpr int sharedBit = 63;
+
+constexpr int bitOf(char byte)
+{
+    constexpr int firstLetterBit = 32; // After the blank, the digits and what stands between them.
+    const bool isLetter = byte >= 'a' && byte <= 'z';
+    return isLetter ? byte - 'a' + firstLetterBit : byte >= ' ' && byte < '@' ? byte - ' ' : sharedBit;
+}
+
+quint64 lettersOf(QByteArrayView bytes)
+{
+    quint64 letters = 0;
+    for (const char byte : bytes)
+        letters |= quint64(1) << bitOf(byte);
+    return letters;
 }
 
 QString capitalised(QString name, qsizetype position, qsizetype length)
@@ -102,4 +89,91 @@ QString capitalised(QString name, qsizetype position, qsizetype length)
     for (qsizetype i = position; i < end;)
         i = changeLetter(name, i, end, capital);
     return name;
+}
+} // namespace
+
+SongNames::SongNames(NameList names)
+    : m_names(std::move(names)), m_lowered(m_names.inForm([](const QString &name) { return lowered(name); }))
+{
+    m_letters.reserve(static_cast<std::size_t>(m_lowered.size()));
+    for (qsizetype row = 0; row < m_lowered.size(); ++row)
+        m_letters.push_back(lettersOf(m_lowered.bytes(row)));
+}
+
+void SongNames::search(const QString &text, std::vector<SongMatch> &matches)
+{
+    const QByteArray wanted = NameList::bytesOf(lowered(text));
+    if (wanted != m_wanted && !(m_wanted && wanted.contains(*m_wanted) && narrow(wanted, matches)))
+        searchAll(wanted, matches);
+    m_wanted = wanted;
+}
+
+// Looks for a longer text where the shorter one was found. Gives up, and leaves the matches in a mess, when too many
+// names have to be looked through: one walk over all of them is faster then.
+bool SongNames::narrow(const QByteArray &wanted, std::vector<SongMatch> &matches) const
+{
+    constexpr std::size_t share = 16; // Of all names: more are too many.
+    const QByteArrayView more = QByteArrayView(wanted).sliced(wanted.startsWith(*m_wanted) ? m_wanted->size() : 0);
+    const qsizetype before = wanted.size() - more.size();
+    std::size_t looks = m_letters.size() / share;
+    std::size_t taken = 0;
+    for (SongMatch match : matches) {
+        const QByteArrayView name = m_lowered.bytes(match.row);
+        const bool stands = match.place >= 0 && match.place + wanted.size() <= name.size() &&
+                            std::equal(more.begin(), more.end(), name.begin() + match.place + before);
+        if (!stands && looks-- == 0)
+            return false;
+        if (!stands)
+            match.place = placeIn(viewOf(name), viewOf(wanted));
+        if (match.place >= 0)
+            matches[taken++] = match;
+    }
+    matches.resize(taken);
+    return true;
+}
+
+void SongNames::searchAll(const QByteArray &wanted, std::vector<SongMatch> &matches) const
+{
+    const bool isOneLetter = wanted.size() == 1 && bitOf(wanted.front()) != sharedBit;
+    if (wanted.isEmpty() || isOneLetter)
+        takeByLetters(lettersOf(wanted), matches);
+    else
+        takeByText(wanted, matches);
+}
+
+// Without a branch, as nobody can foresee which way it goes.
+void SongNames::takeByLetters(quint64 letters, std::vector<SongMatch> &matches) const
+{
+    std::size_t taken = 0;
+    matches.resize(m_letters.size());
+    for (std::size_t row = 0; row < m_letters.size(); ++row) {
+        matches[taken] = {static_cast<int>(row), -1};
+        taken += (m_letters[row] & letters) == letters ? 1 : 0;
+    }
+    matches.resize(taken);
+}
+
+// One walk over all names. What begins in a name and ends in the next is in none of them.
+void SongNames::takeByText(const QByteArray &wanted, std::vector<SongMatch> &matches) const
+{
+    const ByteFinder finder(wanted);
+    const QByteArrayView all = m_lowered.allBytes();
+    std::size_t taken = 0;
+    int row = 0;
+    matches.resize(m_letters.size());
+    for (const char *at = finder.find(all.begin(), all.end()); at; at = finder.find(at, all.end())) {
+        while (m_lowered.bytes(row).end() <= at)
+            ++row;
+        const QByteArrayView name = m_lowered.bytes(row);
+        const bool isWithin = name.end() - at >= wanted.size();
+        if (isWithin)
+            matches[taken++] = {row++, static_cast<int>(at - name.begin())};
+        at = isWithin ? name.end() : at + 1;
+    }
+    matches.resize(taken);
+}
+
+QString shownResult(const QString &name, const QString &text)
+{
+    return capitalised(name, lowered(name).indexOf(lowered(text)), text.size());
 }

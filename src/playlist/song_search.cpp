@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The search window. The search itself is a rule; a row's text is made when the row is looked at, so that a letter
-// which matches a hundred thousand songs costs no more than one which matches ten.
+// which matches a million songs costs no more than one which matches ten.
 #include "playlist/song_search.h"
 
 #include "base/names.h"
@@ -10,21 +10,13 @@
 #include "skins/places.h"
 
 #include <QKeyEvent>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 namespace at = places::SongSearch;
-
-QStringList matchedNames(const QStringList &names, const std::vector<SongMatch> &matches)
-{
-    QStringList matched;
-    matched.reserve(std::ssize(matches));
-    for (const SongMatch &match : matches)
-        matched += names[match.index];
-    return matched;
-}
 } // namespace
 
 SongSearch::SongSearch(FileListBox &File1, Player &player)
@@ -36,9 +28,7 @@ SongSearch::SongSearch(FileListBox &File1, Player &player)
     Label1.setButton(true);
     Label1.setFont(fonts::font(fonts::Face::Arial, 11));
     Text1.setFont(fonts::font(fonts::Face::Arial, 12));
-    List1.setShownForm([this](int row, const QString &name) {
-        return capitalised(name, m_matches[static_cast<std::size_t>(row)].position, m_textLength);
-    });
+    List1.setShownForm([this](int row, const QString &) { return shownResult(foundName(row), m_foundText); });
     connectHandlers();
 }
 
@@ -53,11 +43,17 @@ void SongSearch::connectHandlers()
     connect(&m_songFolder, &FileListBox::PathChange, this, &SongSearch::clearSearch);
 }
 
-// Another music folder: neither text nor results mean anything there. (Emptying the text finds every song.)
+// Another music folder: neither text nor results mean anything there. (An empty text, typed, would find every song.)
 void SongSearch::clearSearch()
 {
+    const QSignalBlocker quiet(Text1);
     Text1.setText({});
     List1.Clear();
+    m_names = SongNames();
+    m_foundNames = NameList();
+    m_matches.clear();
+    if (isVisible())
+        readNames();
 }
 
 void SongSearch::showEvent(QShowEvent *event)
@@ -92,9 +88,10 @@ void SongSearch::readNames()
 void SongSearch::Text1_Change()
 {
     readNames();
-    m_matches = m_names.search(Text1.Text());
-    m_textLength = Text1.Text().size();
-    List1.setItems(matchedNames(m_names.names(), m_matches));
+    m_names.search(Text1.Text(), m_matches);
+    m_foundNames = m_names.names();
+    m_foundText = Text1.Text();
+    List1.setRows(static_cast<int>(m_matches.size()));
 }
 
 // Down goes on to the results, Enter plays the first one.
@@ -128,10 +125,14 @@ void SongSearch::List1_KeyDown(QKeyEvent *event)
     }
 }
 
-// The name is played as it is shown; its capitals do not keep the file from being found.
+QString SongSearch::foundName(int row) const
+{
+    return m_foundNames[m_matches[static_cast<std::size_t>(row)].row];
+}
+
+// The title is the result as it is shown.
 void SongSearch::playResult(int row)
 {
-    const QString name = List1.List(row);
-    if (!name.isEmpty())
-        m_player.play(pathIn(m_songFolder.Path(), name), name);
+    if (row >= 0 && row < List1.ListCount())
+        m_player.play(pathIn(m_songFolder.Path(), foundName(row)), List1.List(row));
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The search window: the songs of the music folder whose names hold the typed text, in the folder's order, the text in
-// capitals. A double-click or Enter plays a result.
+// capitals. A double-click or Enter plays a result: the very file that it stands for.
 #pragma once
 
 #include "controls/fields.h"
@@ -34,13 +34,15 @@ private:
 
     void clearSearch();
     void readNames();
+    QString foundName(int row) const;
     void playResult(int row);
 
     FileListBox &m_songFolder;
     Player &m_player;
-    SongNames m_names;                // The songs in view when last searched; let go while the window is away.
-    std::vector<SongMatch> m_matches; // One for each row of List1.
-    qsizetype m_textLength = 0;       // Of the text they match.
+    SongNames m_names;                // The songs in view, made ready to search; let go while the window is away.
+    NameList m_foundNames;            // Those that were searched last,
+    std::vector<SongMatch> m_matches; // which of them each row of List1 shows,
+    QString m_foundText;              // and the text that was found in it.
 
     Label Label1;  // Close.
     TextBox Text1; // The text to look for; every change searches anew.

@@ -8,7 +8,6 @@
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
 #include "mp3info/mp3_info.h"
-#include "platform/drives.h"
 #include "platform/folders.h"
 #include "playback/player.h"
 #include "skins/palette.h"
@@ -187,7 +186,7 @@ void TagEdit::cmdCancel_Click()
 // Save: the fields become the file's tag, and the window shows what the tag could take of them.
 void TagEdit::cmdSave_Click()
 {
-    if (isPlayingFile())
+    if (m_player.isPlayingFile(m_file))
         MsgBox::show(cannotSave, u"ReName Error"_s, MsgBox::Icon::Information);
     else if (mayChangeTag() && saveTag(m_file, typedTag()))
         GetTagInf();
@@ -196,7 +195,7 @@ void TagEdit::cmdSave_Click()
 // The song that plays may have changed: its tag must stay as it is, and the buttons' tips tell so.
 void TagEdit::Timer1_Timer()
 {
-    const bool mayChange = !isPlayingFile();
+    const bool mayChange = !m_player.isPlayingFile(m_file);
     if (cmdSave.isEnabled() == mayChange)
         return;
     for (Label *button : {&cmdSave, &cmdRemove, &cmdAdd}) {
@@ -284,17 +283,11 @@ void TagEdit::setFormCaption(const QString &caption)
     Caption.setCaption(caption);
 }
 
-bool TagEdit::isPlayingFile() const
-{
-    const QByteArray file = hostPath(m_file);
-    return !file.isEmpty() && file == hostPath(m_player.playingPath());
-}
-
 // Is it another song that plays? Shows a message when it is not. A tag that could not be read is shown before it may be
 // written over.
 bool TagEdit::mayChangeTag()
 {
-    if (isPlayingFile()) {
+    if (m_player.isPlayingFile(m_file)) {
         MsgBox::show(cannotChange, u"Tag Error"_s); // The song may end while the box is up.
         return false;
     }

@@ -52,7 +52,6 @@ private:
     QString nameForNewTag() const;
     void setFormCaption(const QString &caption);
     void watchSoon() { Timer1.setEnabled(true); }
-    bool isPlayingFile() const;
     bool mayChangeTag();
 
     const Player &m_player;

@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(window.Label7.Caption(), u"    My Song.mp3"_s);
         QVERIFY(window.Timer1.Enabled() && window.Timer4.Enabled());
         QCOMPARE(window.File1.Path(), folder.path() + u'\\');
-        QCOMPARE(window.File1.items(), QStringList(u"My Song.mp3"_s));
+        QCOMPARE(window.File1.items().toStringList(), QStringList(u"My Song.mp3"_s));
     }
 
     void aBareTextLosesItsEnds()
@@ -161,7 +161,7 @@ private Q_SLOTS:
         Stand stand;
         QCOMPARE(stand.engine.volume(), -600);
         QCOMPARE(stand.window.File1.Path(), m_folder->path());
-        QCOMPARE(stand.entries.items(), QStringList({u"a"_s, u"b"_s}));
+        QCOMPARE(stand.entries.items().toStringList(), QStringList({u"a"_s, u"b"_s}));
         for (const QString &window : translucentWindows)
             QVERIFY2(isTranslucent(window), qPrintable(window));
         stand.window.show();
@@ -260,8 +260,8 @@ private Q_SLOTS:
         QCOMPARE(stand.entries.ListCount(), 0);
         stand.chooseInMain(u"PlayList"_s);
         QTest::keyClick(&stand.window.File1, Qt::Key_Space);
-        QCOMPARE(stand.entries.items(), QStringList(u"a"_s));
-        QCOMPARE(control<ListBox>(stand.playList, u"List2"_s).items(), QStringList(u"1:02"_s));
+        QCOMPARE(stand.entries.items().toStringList(), QStringList(u"a"_s));
+        QCOMPARE(control<ListBox>(stand.playList, u"List2"_s).items().toStringList(), QStringList(u"1:02"_s));
         stand.window.File1.setListIndex(-1);
         QTest::keyClick(&stand.window.File1, Qt::Key_Space);
         QCOMPARE(stand.entries.ListCount(), 1);
@@ -293,7 +293,7 @@ private Q_SLOTS:
         QCOMPARE(stand.entries.ListCount(), 0);
         QCOMPARE(LoadListFile(paths::playListFile), names);
         stand.choose(stand.entries, u"Load"_s);
-        QCOMPARE(stand.entries.items(), names);
+        QCOMPARE(stand.entries.items().toStringList(), names);
         stand.entries.RemoveItem(0);
         stand.choose(stand.entries, u"Save"_s);
         QCOMPARE(LoadListFile(paths::playListFile), names.mid(1));
@@ -329,7 +329,8 @@ private Q_SLOTS:
         QCOMPARE(shownWindows(), u"Mp3Frm SongSearch ToolBar"_s);
         control<DirListBox>(folders, u"Dir1"_s).setPath(other.path());
         control<Label>(folders, u"Label3"_s).press();
-        QCOMPARE(stand.window.File1.items() + stand.window.List1.items(), QStringList({u"New.mp3"_s, u"New.mp3"_s}));
+        QCOMPARE(stand.window.File1.items().toStringList() + stand.window.List1.items().toStringList(),
+                 QStringList({u"New.mp3"_s, u"New.mp3"_s}));
         QCOMPARE(control<TextBox>(search, u"Text1"_s).Text(), QString());
         QCOMPARE(control<ListBox>(search, u"List1"_s).ListCount(), 0);
     }
@@ -418,7 +419,7 @@ private Q_SLOTS:
         call(u"org.mpris.MediaPlayer2"_s, u"Raise"_s);
         QTRY_COMPARE(shownWindows(), u"Mp3Frm"_s);
         call(u"org.mpris.MediaPlayer2.Player"_s, u"OpenUri"_s, {fileUri(song)});
-        QTRY_COMPARE(stand.window.File1.items(), QStringList(u"50% #1.mp3"_s));
+        QTRY_COMPARE(stand.window.File1.items().toStringList(), QStringList(u"50% #1.mp3"_s));
         QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
         QCOMPARE(stand.window.Label7.Caption().trimmed(), u"50% #1.mp3"_s);
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Names, numbers and times at their edges.
+#include "base/name_list.h"
 #include "base/names.h"
 #include "base/numbers.h"
 #include "base/texts.h"
@@ -27,11 +28,23 @@ private Q_SLOTS:
 
     void sortsNamesWithoutCase()
     {
-        const QStringList sorted = {u"A.mp3"_s, u"a.mp3"_s, u"B.mp3"_s, u"Ä.mp3"_s, u"ä.mp3"_s, u"日.mp3"_s};
+        const QStringList sorted = {u"A.mp3"_s,
+                                    u"a.mp3"_s,
+                                    u"B.mp3"_s,
+                                    u"long name 1.mp3"_s,
+                                    u"LONG NAME.mp3"_s,
+                                    u"Long name.mp3"_s,
+                                    u"long name.mp3a"_s,
+                                    u"Ä.mp3"_s,
+                                    u"ä.mp3"_s,
+                                    u"日.mp3"_s,
+                                    u"𝄞.mp3"_s,
+                                    QChar(0xDCFF) + u".mp3"_s,
+                                    QChar(0xF05C) + u".mp3"_s};
         for (int i = 0; i < sorted.size(); ++i) {
-            QStringList names = sorted.mid(i) + sorted.first(i);
-            sortNames(names);
-            QCOMPARE(names, sorted);
+            NameList names(sorted.mid(i) + sorted.first(i));
+            names.sort();
+            QCOMPARE(names.toStringList(), sorted);
         }
     }
 

@@ -125,6 +125,32 @@ private Q_SLOTS:
         QCOMPARE(list.List(0), name);
     }
 
+    void aMillionRowsAreFoundByTheirNumbers()
+    {
+        constexpr int count = 1'000'000;
+        ListBox list(nullptr, setup);
+        int texts = 0;
+        list.setShownForm([&](int row, const QString &) { return ++texts, QString::number(row); });
+        list.setRows(count);
+        list.setListIndex(0);
+        list.show();
+        const auto placeOf = [&](int row) { return list.visualRect(list.model()->index(row, 0)); };
+        const int page = list.viewport()->height() / placeOf(0).height();
+        for (const auto &[key, row, first] : {std::tuple(Qt::Key_End, count - 1, count - page),
+                                              {Qt::Key_PageUp, count - page, count - page},
+                                              {Qt::Key_PageUp, count - 2 * page + 1, count - 2 * page + 1},
+                                              {Qt::Key_Down, count - 2 * page + 2, count - 2 * page + 1}}) {
+            QTest::keyClick(&list, key);
+            QCOMPARE(list.ListIndex(), row);
+            QCOMPARE(list.rowAt({5, 0}), first);
+            QVERIFY(list.viewport()->rect().contains(placeOf(row)));
+            QCOMPARE(list.rowAt(placeOf(row).center()), row);
+        }
+        list.setRows(2);
+        QCOMPARE(list.rowAt({5, 0}), 0);
+        QVERIFY(texts < 200);
+    }
+
     void filesFitThePatternAndStayChosen()
     {
         const TestFolder folder;
@@ -132,7 +158,7 @@ private Q_SLOTS:
             folder.makeFile(name);
         FileListBox list(nullptr, setup, u"*.mp3;*.wav;*.wma"_s);
         QVERIFY(list.setPath(folder.path()));
-        QCOMPARE(list.items(), QStringList({u"a.wav"_s, u"b.MP3"_s, u"C.wma"_s}));
+        QCOMPARE(list.items().toStringList(), QStringList({u"a.wav"_s, u"b.MP3"_s, u"C.wma"_s}));
         list.setListIndex(1);
         const QSignalSpy clicks(&list, &ListBox::Click);
         QVERIFY(!list.setPath(folder.path(u"missing"_s)));

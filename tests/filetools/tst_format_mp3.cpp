@@ -17,7 +17,7 @@ private Q_SLOTS:
     {
         NameTools tools({u"a.wav"_s, u"b_c.mp3"_s, u"01-band-song.mp3"_s});
         tools.openOn(u"01-band-song.mp3"_s);
-        QCOMPARE(tools.formatMp3.File1.items(), QStringList({u"01-band-song.mp3"_s, u"b_c.mp3"_s}));
+        QCOMPARE(tools.formatMp3.File1.items().toStringList(), QStringList({u"01-band-song.mp3"_s, u"b_c.mp3"_s}));
         QCOMPARE(tools.formatMp3.File1.ListIndex(), 0);
         QCOMPARE(tools.formatMp3.Text1.Text(), u"01-band - Song.mp3"_s);
         QCOMPARE(tools.songList.pointedSong(), u"band-song.mp3"_s);
@@ -56,7 +56,7 @@ private Q_SLOTS:
         tools.openOn(u"z_song - live.mp3"_s);
         tools.formatMp3.Text1.setText(u"A Song.mp3"_s);
         QTest::keyClick(&tools.formatMp3.Text1, Qt::Key_Return);
-        QCOMPARE(tools.formatMp3.File1.items(), QStringList({u"A Song.mp3"_s, u"b.mp3"_s}));
+        QCOMPARE(tools.formatMp3.File1.items().toStringList(), QStringList({u"A Song.mp3"_s, u"b.mp3"_s}));
         QCOMPARE(tools.formatMp3.File1.ListIndex(), 0);
         QCOMPARE(takeBoxes(), QStringList());
         control<Label>(tools.tagEdit, u"cmdRemove"_s).press(); // The tag editor went along to the new name.
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QCOMPARE(shown.size(), 4);
         QVERIFY(shown[2].contains(tools.folder.hostPath() + u"/b.mp3"_s));
         QVERIFY(shown[3].startsWith(u"Error - 58|"_s) && shown[3].endsWith(u" - File already exists"_s));
-        QCOMPARE(tools.formatMp3.File1.items(), QStringList({u"a.mp3"_s, u"b.mp3"_s}));
+        QCOMPARE(tools.formatMp3.File1.items().toStringList(), QStringList({u"a.mp3"_s, u"b.mp3"_s}));
         QCOMPARE(tools.formatMp3.File1.ListIndex(), 0);
     }
 

@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(stand.File1.ListCount(), 2);
         MsgBox::answerFromNowOn({MsgBox::Answer::Yes, MsgBox::Answer::Yes});
         stand.choose(DeleteSongItem);
-        QCOMPARE(stand.File1.items(), QStringList(u"b.mp3"_s));
+        QCOMPARE(stand.File1.items().toStringList(), QStringList(u"b.mp3"_s));
         QCOMPARE(stand.List1.ListCount(), 2);
         stand.choose(RefreshItem);
         QCOMPARE(stand.List1.ListCount(), 1);

@@ -76,7 +76,7 @@ private Q_SLOTS:
             const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(
                 std::fopen((folder.hostPath().toUtf8() + '/' + name).constData(), "w"), std::fclose);
             QVERIFY2(file, name.constData());
-            const QStringList names = filesIn(folder.path(), {u"mp3"_s});
+            const QStringList names = filesIn(folder.path(), {u"mp3"_s}).toStringList();
             QCOMPARE(names.size(), 1);
             QVERIFY2(!names[0].contains(u'\\'), name.constData());
             QVERIFY2(removeFile(folder.path(names[0])) && filesIn(folder.path()).isEmpty(), name.constData());

@@ -20,10 +20,11 @@ namespace
 {
 QStringList shownFor(const QStringList &names, const QString &text)
 {
-    const SongNames songs(names);
+    std::vector<SongMatch> matches;
+    SongNames(names).search(text, matches);
     QStringList shown;
-    for (const SongMatch &match : songs.search(text))
-        shown += capitalised(names[match.index], match.position, text.size());
+    for (const SongMatch &match : matches)
+        shown += shownResult(names[match.row], text);
     return shown;
 }
 } // namespace
@@ -186,6 +187,46 @@ private Q_SLOTS:
         QFETCH(QStringList, names);
         QFETCH(QString, text);
         QTEST(shownFor(names, text), "shown");
+    }
+
+    // A text typed letter by letter, a letter taken back, another text: each time what a look at each name gives.
+    void everySearchFindsTheNamesThatHoldTheText()
+    {
+        const QStringList letters = {u"a"_s,
+                                     u"A"_s,
+                                     u"b"_s,
+                                     u" "_s,
+                                     u"9"_s,
+                                     u"ä"_s,
+                                     u"Ä"_s,
+                                     u"歌"_s,
+                                     u"𐐀"_s,
+                                     u"𐐨"_s,
+                                     QString(QChar(0xDCFF)),
+                                     QString(QChar(0xF05C))};
+        QRandomGenerator random(1);
+        const auto someText = [&](int most) {
+            QString text;
+            for (int length = random.bounded(most + 1); length > 0; --length)
+                text += letters[random.bounded(random.bounded(2) == 0 ? 3 : static_cast<int>(letters.size()))];
+            return text;
+        };
+        QStringList names;
+        for (int i = 0; i < 300; ++i)
+            names += someText(40);
+        SongNames songs(names);
+        std::vector<SongMatch> matches;
+        for (QString text; const int &step : std::vector<int>(3000)) {
+            Q_UNUSED(step);
+            text = random.bounded(5) == 0   ? someText(12)
+                   : random.bounded(3) == 0 ? text.chopped(!text.isEmpty())
+                                            : text + someText(2);
+            songs.search(text, matches);
+            QStringList found;
+            for (const SongMatch &match : matches)
+                found += names[match.row];
+            QCOMPARE(found, names.filter(text, Qt::CaseInsensitive));
+        }
     }
 
     // Positions hold only if no letter changes its length in lower case; and a result must still name its file.

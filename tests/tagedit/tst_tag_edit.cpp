@@ -120,6 +120,29 @@ private Q_SLOTS:
         QCOMPARE(button(u"cmdSave"_s).toolTip(), QString());
         button(u"cmdSave"_s).press();
         QCOMPARE(takeBoxes(), QStringList());
+        m_windows->core.takeCalls();
+    }
+
+    void knowsTheSongThatPlaysByItsFile()
+    {
+        edit(u"id3v1-spaces.mp3"_s);
+        const QByteArray before = bytes();
+        const QString host = folder().hostPath();
+        QVERIFY(QFile::link(host + u"/song.mp3"_s, host + u"/link.mp3"_s));
+        for (const QString &name : {u"SONG.mp3"_s, u"link.mp3"_s}) {
+            m_windows->core.player.open(folder().path(name));
+            button(u"cmdRemove"_s).press();
+            QCOMPARE(takeBoxes().size(), 1);
+        }
+        QVERIFY(QFile::rename(host + u"/song.mp3"_s, host + u"/new.mp3"_s));
+        m_windows->editor.reload(folder().path(u"new.mp3"_s));
+        button(u"cmdRemove"_s).press();
+        QCOMPARE(takeBoxes().size(), 1);
+        QCOMPARE(folder().bytesOf(u"new.mp3"_s), before);
+        m_windows->core.player.open(folder().copySample(u"id3v1-spaces.mp3"_s, u"Song.mp3"_s));
+        button(u"cmdRemove"_s).press();
+        QCOMPARE(folder().bytesOf(u"new.mp3"_s), before.chopped(128));
+        m_windows->core.takeCalls();
     }
 
 private:
