@@ -106,7 +106,7 @@ void Label::layOut()
     Strip strip;
     strip.width = line.naturalTextWidth();
     for (int at = 0; at < m_unturned.size(); ++at) {
-        const auto [left, right] = std::minmax(line.cursorToX(at), line.cursorToX(at, QTextLine::Trailing));
+        const auto [left, right] = std::minmax({line.cursorToX(at), line.cursorToX(at, QTextLine::Trailing)});
         strip.moves += fromRight ? strip.width - right : left;
     }
     std::sort(strip.moves.begin(), strip.moves.end());
