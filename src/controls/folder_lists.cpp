@@ -5,6 +5,7 @@
 #include "platform/drives.h"
 #include "platform/folders.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 const QString openMark = u"▾"_s;
+constexpr int driveRootLength = 3;
 
 struct FolderRows {
     QStringList folders; // Program paths.
@@ -68,17 +70,21 @@ void DriveListBox::setDrive(const QString &path)
 
 DirListBox::DirListBox(QWidget *parent, const ControlSetup &setup) : ListBox(parent, setup)
 {
-    setAccessibleForm([this](int row) { // Read out, the steps and marks before the names say nothing.
-        const QString text = List(row).trimmed();
-        return text.mid(2) + (text.startsWith(openMark) ? u", open"_s : QString());
-    });
-    connect(this, &ListBox::DblClick, this, [this] { open(ListIndex()); });
+    setAccessibleForm(
+        [this](int row) { return nameAt(row) + (List(row).trimmed().startsWith(openMark) ? u", open"_s : QString()); });
+    connect(this, &ListBox::DblClick, this, [this] { readPath(folderAt(ListIndex())); });
     connect(this, &ListBox::KeyDown, this, [this](QKeyEvent *event) {
         if (!isEnter(*event))
             return;
         event->accept();
-        open(ListIndex());
+        readPath(folderAt(ListIndex()));
     });
+}
+
+// A row's text without the steps and the mark before the name.
+QString DirListBox::nameAt(int row) const
+{
+    return List(row).trimmed().mid(2);
 }
 
 bool DirListBox::setPath(const QString &path)
@@ -87,19 +93,49 @@ bool DirListBox::setPath(const QString &path)
         return true;
     if (!folderExists(path))
         return false;
+    open(path);
+    return true;
+}
+
+void DirListBox::readPath(const QString &path)
+{
+    QString folder = path;
+    while (folder.size() > driveRootLength && !folderExists(folder)) {
+        folder = FolderFromPath(folder);
+        if (folder.size() > driveRootLength)
+            folder.chop(1);
+    }
+    if (folderExists(folder))
+        open(folder);
+}
+
+void DirListBox::open(const QString &path)
+{
     m_path = spelledAsOnDisk(path);
     const FolderRows rows = rowsFor(m_path);
     m_folders = rows.folders;
     setItems(rows.texts);
     chooseQuietly(rows.openRow);
     Q_EMIT Change();
-    return true;
 }
 
-void DirListBox::open(int row)
+// Letters typed one soon after the other choose the next folder that begins with them, the same letter again the one
+// after.
+void DirListBox::keyboardSearch(const QString &letters)
 {
-    if (row >= 0)
-        setPath(folderAt(row));
+    if (!m_sinceLetter.isValid() || m_sinceLetter.elapsed() > QApplication::keyboardInputInterval())
+        m_letters.clear();
+    m_sinceLetter.start();
+    const bool goesOn = m_letters.isEmpty() || m_letters == letters;
+    m_letters = goesOn ? letters : m_letters + letters;
+    const int count = ListCount();
+    for (int step = goesOn ? 1 : 0; step <= count; ++step) {
+        const int row = (std::max(ListIndex(), 0) + step) % count;
+        if (nameAt(row).startsWith(m_letters, Qt::CaseInsensitive)) {
+            setListIndex(row);
+            return;
+        }
+    }
 }
 
 FileListBox::FileListBox(QWidget *parent, const ControlSetup &setup, const QString &pattern) : ListBox(parent, setup)

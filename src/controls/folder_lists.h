@@ -5,6 +5,8 @@
 #include "controls/fields.h"
 #include "controls/list_box.h"
 
+#include <QElapsedTimer>
+
 /// The drives to choose from. Choosing another one fires Change(), whether the user or the program does it.
 class DriveListBox : public ComboBox
 {
@@ -23,8 +25,8 @@ Q_SIGNALS:
     void Change();
 };
 
-/// A folder with the folders above it and those in it, as an indented list. A double click or Enter opens a folder; the
-/// arrow keys only choose.
+/// A folder with the folders above it and those in it, as an indented list. A double click or Enter opens a folder, or
+/// reads the open one again; arrow keys and letters only choose.
 class DirListBox : public ListBox
 {
     Q_OBJECT
@@ -38,17 +40,26 @@ public:
     /// Opens another folder. False, and nothing changes, when there is no such folder.
     bool setPath(const QString &path);
 
+    /// Opens a folder, or what is left of the way to it, and reads it from the disk even if it is open already.
+    void readPath(const QString &path);
+
     /// The program path of a row's folder; "" past the end.
     QString folderAt(int row) const { return m_folders.value(row); }
 
 Q_SIGNALS:
-    /// Another folder is open.
+    /// Another folder is open, or the open one was read again.
     void Change();
 
+protected:
+    void keyboardSearch(const QString &letters) override;
+
 private:
-    void open(int row);
+    QString nameAt(int row) const;
+    void open(const QString &path);
 
     QString m_path;
+    QString m_letters; // Typed one soon after the other, the last one when ...
+    QElapsedTimer m_sinceLetter;
     QStringList m_folders; // Program path by row: the drive's root, each folder down to the open one, its folders.
 };
 

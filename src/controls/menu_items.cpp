@@ -61,7 +61,7 @@ void MenuItems::popUp(const QPoint &place)
 
 void MenuItems::choose(int index)
 {
-    if (index >= 0 && index < count() && m_items[index].caption != separator)
+    if (index >= 0 && index < count() && m_items[index].caption != separator && m_items[index].isEnabled)
         Q_EMIT Click(index);
 }
 
@@ -74,9 +74,10 @@ void MenuItems::fill(QMenu &menu)
             continue;
         }
         QString text = item.caption;
-        QAction *action = menu.addAction(text.replace(u'&', u"&&"_s));
+        QAction *action = menu.addAction(text.replace(u'&', u"&&"_s).replace(u'\t', u' ')); // No key, no column.
         action->setData(index);
         action->setCheckable(item.isCheckable);
         action->setChecked(item.isChecked);
+        action->setEnabled(item.isEnabled);
     }
 }

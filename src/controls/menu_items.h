@@ -31,11 +31,14 @@ public:
 
     int count() const { return static_cast<int>(m_items.size()); }
 
+    /// An item that cannot be chosen is dim.
+    void setEnabled(int index, bool isEnabled) { m_items[index].isEnabled = isEnabled; }
+
     /// Opens the menu at a point of the screen and returns at once. The command of the chosen item runs from the event
     /// loop when the menu is gone.
     void popUp(const QPoint &place);
 
-    /// Runs an item as choosing it does. A separator or an index outside does nothing.
+    /// Runs an item as choosing it does. A separator, a dim item or an index outside does nothing.
     void choose(int index);
 
 Q_SIGNALS:
@@ -49,6 +52,7 @@ private:
         QString caption;
         bool isCheckable = false;
         bool isChecked = false;
+        bool isEnabled = true;
     };
     void fill(QMenu &menu);
 

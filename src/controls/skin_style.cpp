@@ -205,8 +205,10 @@ void SkinStyle::polish(QPalette &colours)
     colours.setColor(QPalette::ToolTipBase, colour(palette::graphiteDark));
     colours.setColor(QPalette::ToolTipText, colour(palette::warmWhite));
     colours.setColor(QPalette::Link, lit(palette::accent, 160));
+    QColor dim = colour(palette::captionDim);
+    dim.setAlphaF(0.5F);
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        colours.setColor(QPalette::Disabled, role, colour(palette::captionDim));
+        colours.setColor(QPalette::Disabled, role, dim);
 }
 
 void SkinStyle::polish(QWidget *widget)

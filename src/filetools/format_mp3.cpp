@@ -29,7 +29,6 @@ const QString errorSource = u"FormatMp3"_s;
 constexpr int noProcedure = 5;
 constexpr int fileExistsAlready = 58;
 constexpr int pumpsAfterRefusal = 300;
-constexpr int driveRootLength = 3;
 
 // The row of a name; -1 when the list has none.
 int rowOf(const FileListBox &files, const QString &name)
@@ -37,15 +36,10 @@ int rowOf(const FileListBox &files, const QString &name)
     return name.isEmpty() ? -1 : static_cast<int>(files.items().indexOf(name));
 }
 
-// The folder, or the nearest one above it that is still there.
-QString folderStillThere(QString folder)
+void tellError(int number, const QString &description)
 {
-    while (folder.size() > driveRootLength && !folderExists(folder)) {
-        folder = FolderFromPath(folder);
-        if (folder.size() > driveRootLength)
-            folder.chop(1);
-    }
-    return folder;
+    recordError({number, errorSource, description});
+    MsgBox::showError(lastError());
 }
 } // namespace
 
@@ -65,6 +59,7 @@ FormatMp3::FormatMp3(Player &player, SongList &songs, Mp3Info &info, TagEdit &ta
     Text1.setFont(fonts::font(fonts::Face::Arial, 13));
     File1.setRowTip([this](int row) { return File1.List(row) + u" is "_s + FileAttributeText(File1.filePath(row)); });
     connectHandlers();
+    noteChoice();
 }
 
 void FormatMp3::connectHandlers()
@@ -83,14 +78,15 @@ void FormatMp3::connectHandlers()
 
 void FormatMp3::openOnSongs()
 {
-    const QString folder = folderStillThere(m_songs.folder());
-    const QString song = m_songs.chosenName();
+    const QString pointed = m_songs.pointedSong(); // A choice changes it.
+    const QString chosen = m_songs.chosenName();
     placeForTwo();
     bringBack();
-    Text1.setText(m_songs.pointedSong());
-    if (Dir1.Path() == folder || !Dir1.setPath(folder))
-        File1.setPath(folder);
-    choose(song);
+    choose({});
+    Dir1.readPath(m_songs.folder());
+    choose(chosen.isEmpty() ? pointed : chosen);
+    if (File1.ListIndex() < 0)
+        Text1.setText(pointed);
     File1.setFocus();
 }
 
@@ -113,15 +109,21 @@ void FormatMp3::LoadMp3Info(QWidget &target, ListBox &List1)
                     u"Size = "_s + Mp3Info::FormatFileSize(m_info.FileBytes()), u"Comments = "_s + m_info.Comments()});
 }
 
-// A folder is opened: its files are shown.
+// A folder is opened: its files are shown. In one that is read again the file stays chosen.
 void FormatMp3::Dir1_Change()
 {
+    if (File1.Path() == Dir1.Path()) {
+        refresh();
+        return;
+    }
     File1.setPath(Dir1.Path());
+    noteChoice();
 }
 
 // A file is chosen: the tag editor shows it, and a name is proposed.
 void FormatMp3::File1_Click()
 {
+    noteChoice();
     showInTagEdit(File1.filePath(File1.ListIndex()));
     const NameProposal proposal = proposeName(chosenName());
     if (proposal.songName)
@@ -176,7 +178,7 @@ void FormatMp3::Text1_KeyDown(QKeyEvent *event)
 {
     event->accept();
     if (isEnter(*event))
-        Label1_Click();
+        Label1.press();
     else if (event->key() == Qt::Key_Escape)
         putProposalBack();
     else
@@ -215,6 +217,33 @@ void FormatMp3::placeForTwo()
 void FormatMp3::choose(const QString &name)
 {
     File1.setListIndex(rowOf(File1, name));
+    noteChoice();
+}
+
+void FormatMp3::refresh()
+{
+    const int row = File1.ListIndex();
+    File1.Refresh();
+    chooseInPlaceOf(row);
+}
+
+// The file of a row may be gone: then the one that moved up, or the one before when it was the last.
+void FormatMp3::chooseInPlaceOf(int row)
+{
+    if (File1.ListIndex() < 0)
+        File1.setListIndex(std::min(row, File1.ListCount() - 1));
+    noteChoice();
+}
+
+// Without a chosen file there is nothing to rename or to edit, and nothing stays of the one before.
+void FormatMp3::noteChoice()
+{
+    const bool isChosen = File1.ListIndex() >= 0;
+    Label1.setEnabled(isChosen);
+    if (isChosen)
+        return;
+    Text1.setText({});
+    m_tagEdit.putAway();
 }
 
 void FormatMp3::showInTagEdit(const QString &path)
@@ -230,7 +259,7 @@ void FormatMp3::deleteChosen()
         return;
     ShellWindows prompts;
     ShellDeleteFile(pathIn(File1.Path(), chosenName()), prompts);
-    File1.Refresh();
+    refresh();
 }
 
 void FormatMp3::putProposalBack()
@@ -244,8 +273,7 @@ void FormatMp3::swapSides()
         Text1.setText(*swapped);
         return;
     }
-    recordError({noProcedure, errorSource, u"The name holds no \"-\" whose sides could change places."_s});
-    MsgBox::showError(lastError());
+    tellError(noProcedure, u"The name holds no \"-\" whose sides could change places."_s);
 }
 
 // The file keeps being the chosen one under its new name. A rename that was refused leaves the new name to be edited.
@@ -253,17 +281,18 @@ void FormatMp3::renameTo(const QString &oldPath, const QString &newPath)
 {
     ShellWindows prompts;
     const ShellOutcome outcome = ShellRenameFile(oldPath, newPath, prompts);
+    const int row = File1.ListIndex();
     File1.Refresh();
     if (outcome == ShellOutcome::Done)
-        choose(FileNameFromPath(newPath));
+        File1.setListIndex(rowOf(File1, FileNameFromPath(newPath)));
+    chooseInPlaceOf(row);
 }
 
 // The name is the old one: an error box. What is typed while the events behind it run does not count.
 void FormatMp3::refuseRename()
 {
     const QString name = Text1.Text();
-    recordError({fileExistsAlready, errorSource, u"File already exists"_s});
-    MsgBox::showError(lastError());
+    tellError(fileExistsAlready, u"File already exists"_s);
     for (int pump = 0; pump < pumpsAfterRefusal; ++pump)
         PumpEvents();
     Text1.setText(name);

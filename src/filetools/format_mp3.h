@@ -24,6 +24,9 @@ public:
     /// Opens on the music folder, with the song that is chosen there.
     void openOnSongs();
 
+    /// Reads the folder again. In the place of a chosen file that is gone its neighbour is chosen.
+    void refresh();
+
     /// Artist and title of the chosen file's tag become the proposal. Without a chosen file nothing happens.
     void useTag();
 
@@ -61,6 +64,8 @@ private:
 
     void placeForTwo();
     void choose(const QString &name);
+    void chooseInPlaceOf(int row);
+    void noteChoice();
     void showInTagEdit(const QString &path);
     void deleteChosen();
     void swapSides();

@@ -125,7 +125,7 @@ void Menus::mnuTagEditItems_Click(int index)
     if (index == MoveItem)
         movePointedFile();
     else if (index == RefreshFilesItem)
-        m_parts.formatMp3.File1.Refresh();
+        m_parts.formatMp3.refresh();
     m_parts.formatMp3.MoveMenuOpen = false;
 }
 
@@ -133,6 +133,7 @@ void Menus::mnuTagEditItems_Click(int index)
 void Menus::File1_MouseDown(Qt::MouseButton button)
 {
     mnuTagEditItems.setCaption(MoveItem, u"Move... "_s + m_parts.formatMp3.pointedFile());
+    mnuTagEditItems.setEnabled(MoveItem, !m_parts.formatMp3.pointedFile().isEmpty());
     m_parts.formatMp3.MoveMenuOpen = button == Qt::RightButton;
     if (button == Qt::RightButton)
         mnuTagEditItems.popUp(m_parts.formatMp3.File1.menuPosition());
@@ -203,8 +204,8 @@ void Menus::movePointedFile()
 
 void Menus::move(const QString &name, const QString &toFolder)
 {
-    FileListBox &files = m_parts.formatMp3.File1;
+    const FileListBox &files = m_parts.formatMp3.File1;
     MoveWindows prompts;
     moveFile(pathIn(files.Path(), name), pathIn(toFolder, name), prompts);
-    files.Refresh();
+    m_parts.formatMp3.refresh();
 }

@@ -7,7 +7,6 @@
 #include "controls/msg_box.h"
 #include "platform/desktop.h"
 #include "platform/drives.h"
-#include "platform/folders.h"
 #include "settings/frm_options.h"
 #include "settings/settings_store.h"
 #include "settings/window_effects.h"
@@ -17,6 +16,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QShowEvent>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -78,15 +78,15 @@ void ToolBar::Load()
 {
     if (m_options.translucencyChosen())
         MakeTranslucent(*this, asFlag(true));
-    const QString folder = m_mainFile1.Path();
-    const bool holdsFiles = FileExists(folder.endsWith(u'\\') ? folder : folder + u'\\');
-    m_firstFolder = holdsFiles ? folder : programPath(QDir::currentPath());
 }
 
+// Each opening begins at the music folder, read anew.
 void ToolBar::showEvent(QShowEvent *event)
 {
     if (!std::exchange(m_looked, true))
         prepareForFirstLook();
+    if (!event->spontaneous())
+        Dir1.readPath(m_mainFile1.Path().isEmpty() ? programPath(QDir::currentPath()) : m_mainFile1.Path());
     SkinWindow::showEvent(event);
     Dir1.setFocus();
 }
@@ -99,7 +99,6 @@ void ToolBar::prepareForFirstLook()
     Label1.setColour(QColor::fromRgb(palette::displayText));
     File1.setFocusPolicy(Qt::TabFocus);
     Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
-    Dir1.setPath(m_firstFolder);
 }
 
 // Closed: the music folder stays.

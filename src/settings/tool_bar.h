@@ -21,7 +21,7 @@ public:
     /// mainFile1: the main window's song list, whose folder is chosen here. options says whether to be translucent.
     ToolBar(FileListBox &mainFile1, frmOptions &options);
 
-    /// Notes the music folder, to open it when the window is first shown; one without any file is not opened.
+    /// Makes the window translucent when the options say so.
     void Load();
 
 Q_SIGNALS:
@@ -56,8 +56,7 @@ private:
     Label Label3;                       // Confirms the open folder.
     Timer Timer1;                       // Turns the reel while the window is seen.
 
-    QString m_firstFolder; // Opened at the first show.
-    qint16 m_frame = 0;    // The frame that Picture2 shows.
+    qint16 m_frame = 0; // The frame that Picture2 shows.
     bool m_looked = false;
 };
 

@@ -138,6 +138,12 @@ void TagEdit::showBeside(QWidget &neighbour)
     neighbour.activateWindow();
 }
 
+void TagEdit::putAway()
+{
+    m_file.clear();
+    hide();
+}
+
 // Enter in a field saves, or tells why not.
 void TagEdit::keyPressEvent(QKeyEvent *event)
 {

@@ -26,6 +26,9 @@ public:
     /// that does not exist nothing is shown, what is there stays.
     void reload(const QString &path);
 
+    /// Closes the window; no file is edited any more.
+    void putAway();
+
     static constexpr int gapBeside = 4; // Logical pixels between it and the window it stands beside.
 
     /// Shows the window beside another one, which keeps the keyboard.

@@ -197,14 +197,23 @@ private Q_SLOTS:
         QCOMPARE(list.List(list.ListIndex() + 1).trimmed(), u"▸ In"_s);
         list.resize(400, 600);
         list.show();
-        doubleClickRow(list, list.ListIndex());
-        QCOMPARE(changes.size(), 2); // Open already.
+        QVERIFY(QDir(folder.hostPath()).rmdir(u"B/In"_s));
+        folder.makeFolder(u"B/New 1"_s);
+        folder.makeFolder(u"B/new 2"_s);
+        doubleClickRow(list, list.ListIndex()); // Open already: read again.
+        QCOMPARE(changes.size(), 3);
+        QTest::keyClick(&list, Qt::Key_N);
+        QCOMPARE(list.folderAt(list.ListIndex()), folder.path(u"B\\New 1"_s));
+        QTest::keyClick(&list, Qt::Key_N);
+        QCOMPARE(list.folderAt(list.ListIndex()), folder.path(u"B\\new 2"_s));
+        list.readPath(folder.path(u"B\\In\\deeper"_s));
+        QCOMPARE(list.Path(), folder.path(u"B"_s)); // What is left of the way.
         list.setListIndex(0);
         doubleClickRow(list, list.ListIndex());
         QCOMPARE(list.Path(), u"z:\\"_s);
         QCOMPARE(list.ListIndex(), 0);
         QVERIFY(!list.setPath(folder.path(u"missing"_s)));
-        QCOMPARE(changes.size(), 3);
+        QCOMPARE(changes.size(), 5);
     }
 };
 

@@ -29,6 +29,11 @@ private Q_SLOTS:
         tools.openOn(u"a.wav"_s);
         QCOMPARE(tools.formatMp3.File1.ListIndex(), -1);
         QCOMPARE(tools.formatMp3.Text1.Text(), u"a.wav"_s);
+        QVERIFY(!tools.formatMp3.Label1.isEnabled() && !tools.tagEdit.isVisible());
+        tools.songList.setPointedSong(u"b_c.mp3"_s);
+        tools.openOn({});
+        QCOMPARE(tools.formatMp3.Text1.Text(), u"B C.mp3"_s);
+        QVERIFY(tools.formatMp3.Label1.isEnabled());
     }
 
     void followsTheFolderAndReturns()
@@ -37,6 +42,7 @@ private Q_SLOTS:
         tools.openOn(u"a.mp3"_s);
         tools.formatMp3.Dir1.setPath(tools.folder.makeFolder(u"sub"_s));
         QVERIFY(tools.formatMp3.File1.items().isEmpty());
+        QVERIFY(tools.formatMp3.Text1.Text().isEmpty() && !tools.tagEdit.isVisible());
         tools.folder.makeFile(u"new.mp3"_s);
         QSignalSpy done(&tools.formatMp3, &FormatMp3::done);
         tools.formatMp3.Label2.press();
@@ -101,6 +107,19 @@ private Q_SLOTS:
         MsgBox::answerFromNowOn({MsgBox::Answer::Yes, MsgBox::Answer::Yes});
         QTest::keyClick(&files, Qt::Key_Delete);
         QCOMPARE(files.ListCount(), 0);
+        QVERIFY(tools.formatMp3.Text1.Text().isEmpty() && !tools.tagEdit.isVisible());
+    }
+
+    void theNeighbourOfADeletedFileIsChosen()
+    {
+        NameTools tools({u"a.mp3"_s, u"b.mp3"_s, u"c.mp3"_s});
+        tools.openOn(u"b.mp3"_s);
+        MsgBox::answerFromNowOn(QList<MsgBox::Answer>(4, MsgBox::Answer::Yes));
+        for (const auto &[text, row] : {std::pair(u"C.mp3"_s, 1), {u"A.mp3"_s, 0}}) {
+            QTest::keyClick(&tools.formatMp3.File1, Qt::Key_Delete);
+            QCOMPARE(tools.formatMp3.File1.ListIndex(), row);
+            QCOMPARE(tools.formatMp3.Text1.Text(), text);
+        }
     }
 
     void keysOfThePadMoveTheVolume()

@@ -150,6 +150,10 @@ private Q_SLOTS:
         QVERIFY(stand.formatMp3.MoveMenuOpen);
         QApplication::activePopupWidget()->close();
         QTRY_VERIFY(!stand.formatMp3.MoveMenuOpen);
+        QTest::mousePress(stand.formatMp3.File1.viewport(), Qt::RightButton, {}, {5, 250}); // Beside the files.
+        QVERIFY(!qobject_cast<QMenu *>(QApplication::activePopupWidget())->actions()[0]->isEnabled());
+        QApplication::activePopupWidget()->close();
+        QTRY_VERIFY(!stand.formatMp3.MoveMenuOpen);
 
         QTest::mousePress(&stand.formatMp3.Text1, Qt::RightButton);
         QVERIFY(!QApplication::activePopupWidget());

@@ -161,9 +161,16 @@ private Q_SLOTS:
         QVERIFY(!browser.toolBar.isVisible());
         QCOMPARE(browser.mainFile1.Path(), browser.folder.path());
 
-        Browser other; // A music folder without any file is not opened.
-        other.open(other.folder.path(u"empty"_s));
-        QVERIFY(other.dir1.Path() != other.folder.path(u"empty"_s) && !other.dir1.Path().isEmpty());
+        browser.folder.makeFile(u"new.mp3"_s);
+        browser.toolBar.show(); // At the music folder again, as it is now.
+        QCOMPARE(browser.dir1.Path(), browser.folder.path());
+        QCOMPARE(browser.count(), u"4 Mp3s"_s);
+        browser.folder.makeFolder(u"empty/inner"_s);
+        browser.mainFile1.setPath(browser.folder.path(u"empty\\inner"_s));
+        QVERIFY(QDir(browser.folder.hostPath()).rmdir(u"empty/inner"_s));
+        browser.toolBar.hide();
+        browser.toolBar.show();
+        QCOMPARE(browser.dir1.Path(), browser.folder.path(u"empty"_s));
     }
 
     void confirmingChangesTheMusicFolder()
