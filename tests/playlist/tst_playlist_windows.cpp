@@ -219,6 +219,7 @@ private Q_SLOTS:
         QTest::keyClick(&text, Qt::Key_Enter);
         QCOMPARE(title(), u"Dove LOVE.mp3"_s);
         QTest::keyClick(&text, Qt::Key_Down);
+        QVERIFY(results.hasFocus());
         QTest::keyClick(&results, Qt::Key_Down);
         QTest::keyClick(&results, Qt::Key_Return);
         QCOMPARE(title(), u"GLOVE.mp3"_s);

@@ -59,6 +59,7 @@ private Q_SLOTS:
                  {u"; c\n\n[S]\n a=1\n key = 2\r\nb=3"_s, u"; c\n\n[S]\n a=1\nKEY=v\r\nb=3"_s},
                  {u"[s]\rx=1\r\r[T]\rKEY=2"_s, u"[s]\rx=1\rKEY=v\r\r[T]\rKEY=2"_s}, // Before the gap.
                  {u"[S]"_s, u"[S]\r\nKEY=v\r\n"_s},
+                 {u"[S]\r\nx=1\r\n"_s, u"[S]\r\nx=1\r\nKEY=v\r\n"_s},
              })
             QCOMPARE(withIniValue(before, u"S", u"KEY", u"v"_s), after);
     }

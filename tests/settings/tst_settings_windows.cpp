@@ -90,6 +90,7 @@ private Q_SLOTS:
         const QSignalSpy applied(&options, &frmOptions::translucencyApplied);
         auto &check = control<CheckBox>(options, u"Check1"_s);
         QCOMPARE(check.grab().toImage().pixelColor(check.rect().bottomRight()), options.skinColourAt({50, 50}));
+        control<CheckBox>(options, u"Check2"_s).setState(1);
         for (const int state : {1, 0}) {
             options.show();
             QTest::keyClick(&check, Qt::Key_Space);
@@ -99,7 +100,7 @@ private Q_SLOTS:
             QCOMPARE(readSetting(Setting::AlphaBlending), QString::number(state));
         }
         QCOMPARE(applied, (QList<QVariantList>{{true}, {false}}));
-        QCOMPARE(readSetting(Setting::ToolTipData) + readSetting(Setting::Browse4Dialog), u"00"_s);
+        QCOMPARE(readSetting(Setting::ToolTipData) + readSetting(Setting::Browse4Dialog), u"10"_s);
     }
 
     void escapeStoresNothing()
