@@ -27,7 +27,7 @@ private Q_SLOTS:
         QTest::newRow("Mp3Frm") << u"File1 VScroll1 Label9 Label6 HScroll1 bPrev bPlay bPause bStop bNext Label8 "
                                    u"ListSwitch"_s;
         QTest::newRow("ToolBar") << u"Dir1 File1 Label3 Label2 Drive1 Picture1"_s;
-        QTest::newRow("FormatMp3") << u"Dir1 File1 Text1 Label1 Label2"_s;
+        QTest::newRow("FormatMp3") << u"Dir1 File1 Text1 Label2"_s;
         QTest::newRow("TagEdit") << u"Title Artist Album Year Genre Comment cmdRemove cmdCancel cmdSave"_s;
         QTest::newRow("Playlist") << u"List1 Picture1"_s;
         QTest::newRow("SongSearch") << u"Text1 List1 Label1"_s;
