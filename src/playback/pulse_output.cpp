@@ -207,6 +207,7 @@ void PulseOutput::wait(int ms)
 {
     if (!m_loop)
         return SilentOutput::wait(ms);
+    updateConnection(); // A song may have been opened on a server that is there already.
     silenceRest();
     if (m_isReady && std::exchange(m_isFinished, false))
         forget(pulse().stream_trigger(m_stream, nullptr, nullptr));

@@ -120,6 +120,10 @@ private Q_SLOTS:
         engine.setFileName(longSong(server.folder));
         engine.play();
         QTRY_VERIFY_WITH_TIMEOUT(engine.currentPosition() > 0.3, patienceMs);
+        engine.stop();
+        QTRY_COMPARE_WITH_TIMEOUT(server.levels().last(), 0.0, patienceMs);
+        engine.play(); // On the server that is there already.
+        QTRY_VERIFY_WITH_TIMEOUT(engine.currentPosition() > 0.3, patienceMs);
         QVERIFY(!engine.isDeviceMissing());
         server.end();
         QTRY_VERIFY_WITH_TIMEOUT(engine.isDeviceMissing(), patienceMs);
