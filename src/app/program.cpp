@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/program.h"
 
+#include "app/splash.h"
 #include "base/names.h"
 #include "base/numbers.h"
 #include "base/texts.h"

@@ -5,7 +5,6 @@
 
 #include "app/about.h"
 #include "app/mp3_frm.h"
-#include "app/splash.h"
 #include "filetools/format_mp3.h"
 #include "filetools/menus.h"
 #include "platform/processes.h"

@@ -7,7 +7,6 @@
 
 #include <QLabel>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleOption>
 #include <QWidget>
 

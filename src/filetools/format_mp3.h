@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The name formatter: browse a folder, choose a file, and its name is proposed in a tidy form that can be edited; then
-// the file gets it. How names are tidied is in name_proposal; the menus over the files are opened by Menus.
+// the file gets it. How names are tidied is in tidy_names; the menus over the files are opened by Menus.
 #pragma once
 
 #include "controls/fields.h"

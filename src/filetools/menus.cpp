@@ -4,10 +4,10 @@
 #include "base/names.h"
 #include "controls/msg_box.h"
 #include "filetools/format_mp3.h"
-#include "filetools/move_file.h"
 #include "filetools/shell_windows.h"
 #include "filetools/song_list.h"
 #include "platform/drives.h"
+#include "platform/shell_files.h"
 #include "playback/player.h"
 
 #include <QContextMenuEvent>
@@ -20,7 +20,7 @@ enum Mp3NameMenuItem { UseTagItem };
 enum TagEditMenuItem { MoveItem, RefreshFilesItem };
 
 struct MoveWindows : ShellWindows {
-    void tellFailure(const QString &text) override { MsgBox::show(u"Error Moving"_s + u"\n\n"_s + text, u"Sorry,"_s); }
+    void showFailure(const QString &text) override { MsgBox::show(u"Error Moving"_s + u"\n\n"_s + text, u"Sorry,"_s); }
 };
 } // namespace
 

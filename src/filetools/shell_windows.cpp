@@ -4,7 +4,6 @@
 #include "controls/msg_box.h"
 #include "platform/drives.h"
 
-#include <QApplication>
 #include <QProgressDialog>
 
 using namespace Qt::StringLiterals;
@@ -68,7 +67,7 @@ bool ShellWindows::copyGoesOn(const QString &path, qint64 done, qint64 total)
     return !m_progress->wasCanceled();
 }
 
-void ShellWindows::tellFailure(const QString &text)
+void ShellWindows::showFailure(const QString &text)
 {
     MsgBox::show(text, u"File Error"_s, MsgBox::Icon::Critical);
 }

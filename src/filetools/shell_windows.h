@@ -22,7 +22,7 @@ public:
     bool mayTrash(const QString &path) override;
     bool mayDeleteForGood(const QString &path) override;
     bool copyGoesOn(const QString &path, qint64 done, qint64 total) override;
-    void tellFailure(const QString &text) override;
+    void showFailure(const QString &text) override;
 
 private:
     qint64 m_patienceMs;

@@ -7,6 +7,7 @@
 #include "platform/entries.h"
 #include "platform/file_copy.h"
 #include "platform/file_names.h"
+#include "platform/folders.h"
 #include "platform/trash.h"
 
 #include <algorithm>
@@ -28,10 +29,10 @@ QByteArray folderOf(const QByteArray &path)
     return path.first(path.lastIndexOf('/') + 1);
 }
 
-ShellOutcome tellFailure(ShellPrompts &prompts, const QString &path, const QString &work,
+ShellOutcome showFailure(ShellPrompts &prompts, const QString &path, const QString &work,
                          const QString &reason = hostErrorText())
 {
-    prompts.tellFailure(u"%1 cannot be %2: %3."_s.arg(displayPath(path), work, reason));
+    prompts.showFailure(u"%1 cannot be %2: %3."_s.arg(displayPath(path), work, reason));
     return ShellOutcome::Failed;
 }
 
@@ -128,7 +129,7 @@ ShellOutcome ShellCopyFile(const QString &source, const QString &destination, Sh
     const QString work = goes ? u"moved"_s : u"copied"_s;
     const QString refusal = whyNoCopy(from, to, sourceAfter);
     if (!refusal.isEmpty())
-        return tellFailure(prompts, source, work, refusal);
+        return showFailure(prompts, source, work, refusal);
     const bool replaces = hostEntryExists(to);
     if (replaces && !prompts.mayReplace(destination))
         return ShellOutcome::Declined;
@@ -139,17 +140,17 @@ ShellOutcome ShellCopyFile(const QString &source, const QString &destination, Sh
         return goesOn;
     });
     if (!copy)
-        return goesOn ? tellFailure(prompts, source, work) : ShellOutcome::Declined;
+        return goesOn ? showFailure(prompts, source, work) : ShellOutcome::Declined;
     const Existing replaced = goes ? Existing::SetAside : Existing::Replace;
     const ShellOutcome outcome = commitAsking(destination, replaces ? replaced : Existing::Keep, prompts,
                                               [&](Existing existing) { return copy->commit(existing); });
     if (outcome == ShellOutcome::Failed)
-        return tellFailure(prompts, source, work);
+        return showFailure(prompts, source, work);
     if (outcome != ShellOutcome::Done || !goes || removeEntry(from))
         return outcome;
     const QString reason = hostErrorText();
     copy->undo();
-    return tellFailure(prompts, source, work, reason);
+    return showFailure(prompts, source, work, reason);
 }
 
 ShellOutcome ShellDeleteFile(const QString &path, ShellPrompts &prompts)
@@ -159,14 +160,14 @@ ShellOutcome ShellDeleteFile(const QString &path, ShellPrompts &prompts)
         return ShellOutcome::Failed;
     const QString refusal = whyNoChange(file);
     if (!refusal.isEmpty())
-        return tellFailure(prompts, path, u"deleted"_s, refusal);
+        return showFailure(prompts, path, u"deleted"_s, refusal);
     if (!prompts.mayTrash(path))
         return ShellOutcome::Declined;
     if (moveToTrash(file))
         return ShellOutcome::Done;
     if (!prompts.mayDeleteForGood(path))
         return ShellOutcome::Declined;
-    return removeEntry(file) ? ShellOutcome::Done : tellFailure(prompts, path, u"deleted"_s);
+    return removeEntry(file) ? ShellOutcome::Done : showFailure(prompts, path, u"deleted"_s);
 }
 
 ShellOutcome ShellRenameFile(const QString &oldPath, const QString &newPath, ShellPrompts &prompts)
@@ -175,12 +176,20 @@ ShellOutcome ShellRenameFile(const QString &oldPath, const QString &newPath, She
     const QByteArray to = possiblePath(newPath);
     const QString refusal = whyNoRename(from, to);
     if (!refusal.isEmpty())
-        return tellFailure(prompts, oldPath, u"renamed"_s, refusal);
+        return showFailure(prompts, oldPath, u"renamed"_s, refusal);
     const ShellOutcome outcome = isSameEntry(from, to)
                                      ? renameOntoItself(from, to, newPath, prompts)
                                      : commitAsking(newPath, Existing::Keep, prompts,
                                                     [&](Existing existing) { return renameEntry(from, to, existing); });
-    return outcome == ShellOutcome::Failed ? tellFailure(prompts, oldPath, u"renamed"_s) : outcome;
+    return outcome == ShellOutcome::Failed ? showFailure(prompts, oldPath, u"renamed"_s) : outcome;
+}
+
+ShellOutcome moveFile(const QString &source, const QString &destination, ShellPrompts &prompts)
+{
+    if (fileLength(source) != 0)
+        return ShellCopyFile(source, destination, prompts, Source::Goes);
+    prompts.showFailure(u"%1 cannot be moved: it is empty."_s.arg(displayPath(source)));
+    return ShellOutcome::Failed;
 }
 
 void tidyFolder(const QString &folder)

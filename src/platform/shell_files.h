@@ -26,7 +26,7 @@ public:
     virtual bool copyGoesOn(const QString &path, qint64 done, qint64 total) = 0;
 
     /// Told once when the work failed: what could not be done, and why.
-    virtual void tellFailure(const QString &text) { Q_UNUSED(text) }
+    virtual void showFailure(const QString &text) { Q_UNUSED(text) }
 };
 
 enum class ShellOutcome {
@@ -47,7 +47,7 @@ ShellOutcome ShellCopyFile(const QString &source, const QString &destination, Sh
                            Source sourceAfter = Source::Stays);
 
 /// Moves a file to the trash after asking, or deletes it after asking once more where there is no trash. A link goes,
-/// the file it leads to stays. Folders are refused. For a file that is gone already there is nothing to tell.
+/// the file it leads to stays. Folders are refused. For a file that is gone already nothing is shown.
 ShellOutcome ShellDeleteFile(const QString &path, ShellPrompts &prompts);
 
 /// Removes what players that were killed left behind in a folder, or in the trash for its files; nothing else.
@@ -56,3 +56,7 @@ void tidyTrash(const QString &folder);
 
 /// Gives a file another name in its folder; in place of another file after asking.
 ShellOutcome ShellRenameFile(const QString &oldPath, const QString &newPath, ShellPrompts &prompts);
+
+/// Moves a file to a path that may be on another file system. Failed: the prompts have shown why; both files are as
+/// they were. An empty file is never moved. Declined: both are as they were, and the user knows.
+ShellOutcome moveFile(const QString &source, const QString &destination, ShellPrompts &prompts);

@@ -3,7 +3,6 @@
 
 #include "base/names.h"
 #include "platform/drives.h"
-#include "playback/song_rows.h"
 
 #include <algorithm>
 

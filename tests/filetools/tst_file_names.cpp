@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The names the formatter proposes: every rule of the cleaning, and what it must leave alone.
 #include "base/window_place.h"
-#include "filetools/clean_name.h"
-#include "filetools/name_proposal.h"
+#include "filetools/tidy_names.h"
 
 #include <QTest>
 

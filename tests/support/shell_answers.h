@@ -16,7 +16,7 @@ struct ShellAnswers : ShellPrompts {
     bool mayTrash(const QString &) override { return answer(QStringLiteral("trash")); }
     bool mayDeleteForGood(const QString &) override { return answer(QStringLiteral("delete")); }
     bool copyGoesOn(const QString &, qint64, qint64) override { return answer(QStringLiteral("progress")); }
-    void tellFailure(const QString &text) override { told += text; }
+    void showFailure(const QString &text) override { told += text; }
 
 private:
     bool answer(const QString &question)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Moving songs: whatever is answered and whenever the program ends, the song is somewhere.
-#include "filetools/move_file.h"
 #include "platform/folders.h"
+#include "platform/shell_files.h"
 #include "support/crash_points.h"
 #include "support/shell_answers.h"
 #include "support/test_files.h"
