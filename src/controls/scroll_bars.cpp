@@ -5,6 +5,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <utility>
 
 SliderBar::SliderBar(Qt::Orientation orientation, QWidget *parent, const ControlSetup &setup)
     : QScrollBar(orientation, parent)
@@ -14,12 +15,18 @@ SliderBar::SliderBar(Qt::Orientation orientation, QWidget *parent, const Control
     setContextMenuPolicy(Qt::NoContextMenu);
     setInvertedControls(false); // Up and Right make the value larger, by key and by wheel.
     connect(this, &QAbstractSlider::valueChanged, this, &SliderBar::notifyChange);
+    connect(this, &QAbstractSlider::sliderReleased, this, [this] {
+        if (const auto missed = std::exchange(m_missed, {}))
+            setValue(*missed);
+    });
 }
 
 void SliderBar::setValue(int value)
 {
     const QScopedValueRollback byUser(m_byUser, false);
-    if (!isSliderDown())
+    if (isSliderDown())
+        m_missed = value;
+    else
         QScrollBar::setValue(value);
 }
 
@@ -62,6 +69,8 @@ void SliderBar::wheelEvent(QWheelEvent *event)
 void SliderBar::notifyChange()
 {
     const bool byUser = m_byUser || isSliderDown();
+    if (byUser)
+        m_missed.reset();
     Q_EMIT Change();
     if (byUser)
         Q_EMIT Scroll();

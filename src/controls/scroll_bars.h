@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The sliders. Scroll() is the user's: the thumb dragged, a key, the wheel or an assistive tool. Whatever else moves
-// the thumb fires Change() alone: the program's own setValue(), which leaves a thumb that the user drags where it is,
-// and the mouse on the groove, which moves it by a large change, again and again while the button is down.
+// the thumb fires Change() alone: the program's own setValue(), which waits until the user lets go of the thumb, and
+// the mouse on the groove, which moves it by a large change, again and again while the button is down.
 #pragma once
 
 #include "controls/control.h"
 
 #include <QScrollBar>
+
+#include <optional>
 
 class SliderBar : public QScrollBar
 {
@@ -48,6 +50,7 @@ private:
     void notifyChange();
 
     bool m_byUser = false;
+    std::optional<int> m_missed; // Set by the program while the user held the thumb, and not moved since.
     bool m_isAccessibleInPercent = false;
     int m_wheelStep = 0;
     int m_turned = 0; // What the wheel was turned by and the thumb has not moved by yet.

@@ -58,16 +58,22 @@ void SkinWindow::DragBySkin(const QMouseEvent &event)
         m_grip = event.position().toPoint(); // Where Qt believes the window to be may be wrong.
 }
 
-// Qt drops a move to where it believes the window to be, and the window system then looks for a place of its own.
 void SkinWindow::bringBack()
 {
-    if (QWindow *hidden = isVisible() ? nullptr : windowHandle()) {
-        hidden->setPosition(hidden->position());
-        forgetMinimised(*hidden);
-    }
+    if (!isVisible() && windowHandle())
+        forgetMinimised(*windowHandle());
     showNormal();
     raise();
     activateWindow();
+}
+
+// Qt drops a move to where it believes the window to be, and the window system then looks for a place of its own.
+void SkinWindow::setVisible(bool visible)
+{
+    const bool comesBack = visible && !isVisible() && m_painted;
+    if (comesBack && windowHandle())
+        windowHandle()->setPosition(windowHandle()->position());
+    QWidget::setVisible(visible);
 }
 
 void SkinWindow::paintEvent(QPaintEvent *event)

@@ -26,6 +26,8 @@ public:
     /// Shows the window wherever it was hidden to: at its place, in front, with the keyboard.
     void bringBack();
 
+    void setVisible(bool visible) override;
+
     /// The window that was active last, while somebody can see it; else none.
     static SkinWindow *lastActive();
 

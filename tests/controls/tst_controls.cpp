@@ -177,6 +177,11 @@ private Q_SLOTS:
         QTest::mouseRelease(&position, Qt::LeftButton, {}, {398, 8});
         QTest::mouseClick(&position, Qt::MiddleButton, {}, {200, 8});
         QCOMPARE(scrolls.size(), 3);
+        position.setSliderDown(true); // Held while the song ends.
+        position.setValue(0);
+        QVERIFY(position.Value() > 50);
+        position.setSliderDown(false);
+        QCOMPARE(position.Value(), 0);
         position.setMax(-5);
         QCOMPARE(position.Max(), 0);
         QCOMPARE(scrolls.size(), 3);
