@@ -11,7 +11,7 @@
 #include "settings/settings_store.h"
 #include "settings/window_effects.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QScreen>
 #include <QThread>
 
@@ -71,6 +71,7 @@ void Program::connectOtherWindows()
     connect(&m_formatMp3, &FormatMp3::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_about, &About::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_trayIcon, &TrayIcon::Click, this, &Program::trayClicked);
+    connect(&m_trayIcon, &TrayIcon::trayGone, this, &Program::showWithoutTray);
     connect(&m_remote, &RemoteControl::raiseWanted, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_remote, &RemoteControl::quitWanted, &m_mp3Frm.Label6, &Label::press, Qt::QueuedConnection);
     connect(&m_remote, &RemoteControl::songWanted, this, &Program::playWithFolder);
@@ -232,14 +233,27 @@ void Program::hideMainWindow()
     m_mp3Frm.setWindowState(Qt::WindowMinimized);
 }
 
-// The main window comes back, in front and alone.
+// The main window comes back, in front and alone. Where something is asked, the question comes to the front instead,
+// and what it is about stays.
 void Program::trayClicked()
 {
+    if (QWidget *question = QApplication::activeModalWidget()) {
+        question->raise();
+        question->activateWindow();
+        return;
+    }
     for (QWidget *window :
          std::initializer_list<QWidget *>{&m_mp3Frm, &m_formatMp3, &m_tagEdit, &m_toolBar, &m_songSearch})
         window->hide();
     m_playlist.putAway();
     m_mp3Frm.bringBack();
+}
+
+// The tray has gone with the main window in it: the window is found where minimised ones are.
+void Program::showWithoutTray()
+{
+    if (!m_mp3Frm.isVisible() && m_mp3Frm.isMinimized())
+        m_mp3Frm.showMinimized();
 }
 
 void Program::updateTray(const QString &songName)

@@ -52,6 +52,7 @@ private:
     void switchRandom(bool on);
     void hideMainWindow();
     void trayClicked();
+    void showWithoutTray();
     void updateTray(const QString &songName);
     void leave();
 

@@ -7,11 +7,11 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <tuple>
+#include <utility>
 #include <xcb/xcb.h>
 
 namespace
@@ -34,6 +34,24 @@ xcb_connection_t *x11Connection()
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 ? x11->connection() : nullptr;
 }
+
+xcb_atom_t atomOf(xcb_connection_t *x11, const QByteArray &name)
+{
+    const auto asked = xcb_intern_atom(x11, false, static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(x11, asked, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+// Lets the server tell what becomes of a window. What Qt has asked it to tell of the window stays.
+void listenTo(xcb_connection_t *x11, xcb_window_t window)
+{
+    const auto asked = xcb_get_window_attributes(x11, window);
+    const Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(x11, asked, nullptr));
+    if (!reply)
+        return;
+    const std::uint32_t events = reply->your_event_mask | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(x11, window, XCB_CW_EVENT_MASK, &events);
+}
 } // namespace
 
 void forgetMinimised(QWindow &window)
@@ -54,17 +72,42 @@ void forgetMinimised(QWindow &window)
     xcb_change_property(x11, XCB_PROP_MODE_REPLACE, id, name, name, 32, hints.size(), hints.data());
 }
 
-bool isX11TrayThere()
+X11Tray::X11Tray(std::function<void()> changed) : m_changed(std::move(changed))
 {
     xcb_connection_t *x11 = x11Connection();
     if (!x11)
+        return;
+    m_selection = atomOf(x11, "_NET_SYSTEM_TRAY_S0"); // Qt's programs know one screen.
+    m_manager = atomOf(x11, "MANAGER");
+    listenTo(x11, xcb_setup_roots_iterator(xcb_get_setup(x11)).data->root);
+    qGuiApp->installNativeEventFilter(this);
+    findOwner();
+}
+
+// A new tray tells the root window of itself; an old one's window goes.
+bool X11Tray::nativeEventFilter(const QByteArray &type, void *message, qintptr *)
+{
+    if (type != "xcb_generic_event_t")
         return false;
-    const QByteArray name = "_NET_SYSTEM_TRAY_S0"; // Qt's applications know one screen.
-    const auto asked = xcb_intern_atom(x11, true, static_cast<std::uint16_t>(name.size()), name.data());
-    const Reply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(x11, asked, nullptr));
-    if (!atom || atom->atom == XCB_ATOM_NONE)
-        return false;
-    const auto askedOwner = xcb_get_selection_owner(x11, atom->atom);
-    const Reply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(x11, askedOwner, nullptr));
-    return owner && owner->owner != XCB_WINDOW_NONE;
+    const auto *event = static_cast<xcb_generic_event_t *>(message);
+    const int kind = event->response_type & 0x7f; // Less the mark of what other programs sent.
+    const bool hasCome =
+        kind == XCB_CLIENT_MESSAGE && static_cast<xcb_client_message_event_t *>(message)->type == m_manager;
+    const bool hasGone =
+        kind == XCB_DESTROY_NOTIFY && static_cast<xcb_destroy_notify_event_t *>(message)->window == m_owner;
+    if (hasCome || hasGone) {
+        findOwner();
+        m_changed();
+    }
+    return false;
+}
+
+void X11Tray::findOwner()
+{
+    xcb_connection_t *x11 = x11Connection();
+    const auto asked = xcb_get_selection_owner(x11, m_selection);
+    const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(x11, asked, nullptr));
+    m_owner = reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
+    if (m_owner != XCB_WINDOW_NONE)
+        listenTo(x11, m_owner);
 }

@@ -14,6 +14,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QDialog>
 #include <QFileDialog>
 #include <QMenu>
 #include <QScreen>
@@ -193,11 +194,12 @@ private Q_SLOTS:
     {
         Stand stand;
         stand.window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&stand.window)); // A window manager has found a place for it.
         const QRect screen = stand.window.screen()->availableGeometry();
         SkinWindow &options = skinWindow(u"frmOptions"_s);
         stand.window.move(screen.center() - stand.window.rect().center());
         stand.chooseInMain(u"Options"_s);
-        QVERIFY((options.geometry().center() - stand.window.geometry().center()).manhattanLength() <= 2);
+        QTRY_VERIFY((options.geometry().center() - stand.window.geometry().center()).manhattanLength() <= 2);
         for (const QPoint corner : {screen.topLeft() - QPoint(300, 300), screen.bottomRight()}) {
             options.hide();
             stand.window.move(corner);
@@ -232,9 +234,10 @@ private Q_SLOTS:
     {
         Stand stand;
         stand.window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&stand.window));
         stand.window.move(40, 300);
         stand.chooseInMain(u"PlayList"_s);
-        QCOMPARE(stand.window.pos(), QPoint(40, 0));
+        QTRY_COMPARE(stand.window.pos(), QPoint(40, 0));
         QCOMPARE(stand.playList.pos(), QPoint(40, stand.window.height() - 2));
         stand.window.hide();
         QCOMPARE(shownWindows(), QString());
@@ -368,6 +371,11 @@ private Q_SLOTS:
         for (const QString &command : {u"PlayList"_s, u"Song Search"_s, u"Mp3 Name Tools"_s})
             stand.chooseInMain(command);
         skinWindow(u"ToolBar"_s).show();
+        QDialog question;
+        question.open();
+        Q_EMIT stand.program.findChild<TrayIcon *>()->Click(); // What it asks about stays.
+        QVERIFY(skinWindow(u"FormatMp3"_s).isVisible());
+        question.close();
         Q_EMIT stand.program.findChild<TrayIcon *>()->Click();
         QCOMPARE(shownWindows(), u"Mp3Frm"_s);
         stand.window.hide();
