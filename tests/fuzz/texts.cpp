@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Texts that people, other programs and crashes leave behind: what is read is kept by the next save, and every name and
 // path leads back to the bytes it came from.
-#include "filetools/name_proposal.h"
+#include "filetools/tidy_names.h"
 #include "fuzz/targets.h"
 #include "platform/ansi_text.h"
 #include "platform/drives.h"
