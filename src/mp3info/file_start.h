@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What both header readers do with the first bytes of a file. Offsets count from 0; beyond the bytes at hand a file
+// What the readers do with the first bytes of a file. Offsets count from 0; beyond the bytes at hand a file
 // reads as zeros.
 #pragma once
 
@@ -37,4 +37,19 @@ inline bool hasXingHeader(QByteArrayView bytes, qsizetype frameOffset)
     constexpr QByteArrayView tag = "Xing";
     const qsizetype start = frameOffset + tagOffset;
     return start + tag.size() <= bytes.size() && bytes.sliced(start, tag.size()) == tag;
+}
+
+constexpr qint64 id3v2HeadLength = 10;
+
+/// The bytes that an ID3v2 tag takes, its head and footer included (id3.org, ID3v2.4 structure, 3.1): the head holds
+/// the length of the rest, seven bits a byte. 0 without a tag.
+inline qint64 id3v2TagLength(QByteArrayView firstBytes)
+{
+    constexpr int hasFooter = 0x10;
+    if (firstBytes.size() < id3v2HeadLength || !firstBytes.startsWith("ID3"))
+        return 0;
+    qint64 length = 0;
+    for (qsizetype at = 6; at < id3v2HeadLength; ++at)
+        length = length * 128 + byteAt(firstBytes, at) % 128;
+    return length + id3v2HeadLength * (byteAt(firstBytes, 5) & hasFooter ? 2 : 1);
 }

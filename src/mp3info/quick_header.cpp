@@ -134,19 +134,6 @@ bool readLength(QByteArrayView bytes, qsizetype frame, qint64 fileLength, int kb
     reading.header.length = QString::number(*reading.cbrSeconds) + " seconds"_L1;
     return true;
 }
-// The bytes that an ID3v2 tag takes, its head and footer included (id3.org, ID3v2.4 structure, 3.1): the head holds the
-// length of the rest, seven bits a byte. 0 without a tag.
-qint64 id3v2TagLength(QByteArrayView firstBytes)
-{
-    constexpr qint64 headLength = 10;
-    constexpr int hasFooter = 0x10;
-    if (firstBytes.size() < headLength || !firstBytes.startsWith("ID3"))
-        return 0;
-    qint64 length = 0;
-    for (qsizetype at = 6; at < headLength; ++at)
-        length = length * 128 + byteAt(firstBytes, at) % 128;
-    return length + headLength * (byteAt(firstBytes, 5) & hasFooter ? 2 : 1);
-}
 
 enum class Search { FileStart, BehindTagToo };
 

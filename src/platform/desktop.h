@@ -10,6 +10,10 @@
 /// when that is not the user's own.
 QString runtimeFolder();
 
+/// The folder for what may be lost, and making it where it is missing.
+QString cacheFolder();
+void makeCacheFolder();
+
 /// The folder that holds the skins: $KIV_MP3_SKINS, beside the program's data when installed, else the source tree's.
 QString skinsFolder();
 

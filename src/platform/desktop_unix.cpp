@@ -83,6 +83,16 @@ QString runtimeFolder()
     return isOwn ? own : QString(); // Else anybody could have put something there.
 }
 
+QString cacheFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/kiv-mp3"_s;
+}
+
+void makeCacheFolder()
+{
+    QDir().mkpath(cacheFolder());
+}
+
 QString skinsFolder()
 {
     const QString chosen = qEnvironmentVariable("KIV_MP3_SKINS");

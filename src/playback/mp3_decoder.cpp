@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// MP3 songs, decoded by libmpg123; the only file that knows its header.
-#include "playback/loaded_library.h"
+// MP3 songs, decoded by libmpg123.
+#include "playback/mpg123_library.h"
 #include "playback/song_decoder.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
 #include <cstdio>
-#include <mpg123.h>
 
 using namespace Qt::StringLiterals;
 
@@ -16,36 +15,6 @@ namespace
 constexpr long damageToSkip = 4 << 20; // Bytes without a frame after which the song is taken to have ended.
 constexpr long framesBeforeSeek = 12;  // Enough to fill the bit reservoir at the lowest bit rates.
 constexpr int refineMs = 5;
-
-struct Mpg123 : LoadedLibrary {
-    Mpg123() : LoadedLibrary(u"mpg123"_s, 0) {}
-    Function<decltype(::mpg123_new)> create{*this, "mpg123_new"};
-    Function<decltype(::mpg123_delete)> destroy{*this, "mpg123_delete"};
-    Function<decltype(::mpg123_param)> param{*this, "mpg123_param"};
-    Function<decltype(::mpg123_replace_reader_handle)> replace_reader_handle{*this, "mpg123_replace_reader_handle"};
-    Function<decltype(::mpg123_open_handle)> open_handle{*this, "mpg123_open_handle"};
-    Function<decltype(::mpg123_getformat)> getformat{*this, "mpg123_getformat"};
-    Function<decltype(::mpg123_format_none)> format_none{*this, "mpg123_format_none"};
-    Function<decltype(::mpg123_format)> format{*this, "mpg123_format"};
-    Function<decltype(::mpg123_getstate)> getstate{*this, "mpg123_getstate"};
-    Function<decltype(::mpg123_info)> info{*this, "mpg123_info"};
-    Function<decltype(::mpg123_length)> length{*this, "mpg123_length"};
-    Function<decltype(::mpg123_spf)> spf{*this, "mpg123_spf"};
-    Function<decltype(::mpg123_read)> read{*this, "mpg123_read"};
-    Function<decltype(::mpg123_seek)> seek{*this, "mpg123_seek"};
-    Function<decltype(::mpg123_framebyframe_next)> framebyframe_next{*this, "mpg123_framebyframe_next"};
-};
-
-const Mpg123 &mpg123()
-{
-    static const Mpg123 library;
-    return library;
-}
-
-struct Destroy {
-    void operator()(mpg123_handle *handle) const { mpg123().destroy(handle); }
-};
-using Handle = std::unique_ptr<mpg123_handle, Destroy>;
 
 mpg123_ssize_t readFile(void *file, void *bytes, std::size_t size)
 {
@@ -64,9 +33,9 @@ void closeFile(void *file)
 }
 
 // The file opened and its first frame read; null when there is none near the beginning.
-Handle openHandle(const QByteArray &path, SoundFormat &format)
+Mpg123Handle openHandle(const QByteArray &path, SoundFormat &format)
 {
-    Handle handle(mpg123().create(nullptr, nullptr));
+    Mpg123Handle handle(mpg123().create(nullptr, nullptr));
     if (!handle)
         return {};
     mpg123().param(handle.get(), MPG123_ADD_FLAGS,
@@ -93,7 +62,7 @@ Handle openHandle(const QByteArray &path, SoundFormat &format)
 class Mp3Decoder : public SongDecoder
 {
 public:
-    Mp3Decoder(Handle handle, SoundFormat format, const QByteArray &path)
+    Mp3Decoder(Mpg123Handle handle, SoundFormat format, const QByteArray &path)
         : m_handle(std::move(handle)), m_format(format), m_length(std::max<qint64>(mpg123().length(m_handle.get()), 0))
     {
         if (!hasHeader())
@@ -109,10 +78,10 @@ public:
 private:
     bool hasHeader() const;
 
-    Handle m_handle;
+    Mpg123Handle m_handle;
     SoundFormat m_format;
     qint64 m_length;
-    Handle m_scan;        // Counts the frames of a song that does not tell their number.
+    Mpg123Handle m_scan;  // Counts the frames of a song that does not tell their number.
     qint64 m_counted = 1; // Opening has read the first one.
 };
 
@@ -160,6 +129,6 @@ qint64 Mp3Decoder::read(float *frames, qint64 count)
 std::unique_ptr<SongDecoder> openMp3(const QByteArray &hostPath)
 {
     SoundFormat format;
-    Handle handle = mpg123().isComplete() ? openHandle(hostPath, format) : nullptr;
+    Mpg123Handle handle = mpg123().isComplete() ? openHandle(hostPath, format) : nullptr;
     return handle ? std::make_unique<Mp3Decoder>(std::move(handle), format, hostPath) : nullptr;
 }

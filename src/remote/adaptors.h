@@ -64,7 +64,7 @@ public:
     explicit PlayerAdaptor(RemoteControl &remote);
 
     QString playbackStatus() const { return ::playbackStatus(m_remote.facts().playback); }
-    QVariantMap metadata() const { return ::metadata(m_remote.facts()); }
+    QVariantMap metadata() const { return m_remote.metadata(); }
     double volume() const { return m_remote.facts().volume; }
     void setVolume(double volume) { m_remote.setVolume(volume); }
     qlonglong position() const { return microseconds(m_remote.positionSeconds()); }

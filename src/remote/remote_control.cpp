@@ -20,6 +20,7 @@ constexpr double jumpSeconds = 0.5; // Listeners that are further off are correc
 const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
 const QString serviceName = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
+const QString metadataProperty = u"Metadata"_s;
 const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 
 // The player's name on the bus, with the process's number where another one has it already; "" when there is none.
@@ -49,6 +50,7 @@ void RemoteControl::start()
 {
     if (!m_serviceName.isEmpty())
         return;
+    CoverFiles::tidy();
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.registerObject(objectPath, this))
         return;
@@ -72,17 +74,20 @@ void RemoteControl::notifySoon()
         m_notifyTimer.start(0);
 }
 
-// Reports what has changed since the last time, if anything has.
+// Reports what has changed since the last time, if anything has. A song that is being opened is reported later.
 void RemoteControl::notify()
 {
-    const PlayerFacts now = facts();
-    const QVariantMap properties = playerProperties(now);
+    const bool isSongTold = mayReadSong();
+    QVariantMap properties = playerProperties(isSongTold ? factsWithSong() : facts());
+    if (!isSongTold)
+        properties[metadataProperty] = m_notified.value(metadataProperty);
     const QVariantMap changed = changedProperties(std::exchange(m_notified, properties), properties);
     if (!changed.isEmpty()) {
         QDBusMessage message = QDBusMessage::createSignal(objectPath, propertiesInterface, u"PropertiesChanged"_s);
         QDBusConnection::sessionBus().send(message << playerInterface << changed << QStringList());
     }
-    notifyPosition(now);
+    if (isSongTold)
+        notifyPosition(facts());
 }
 
 void RemoteControl::notifyPosition(const PlayerFacts &now)
@@ -104,14 +109,13 @@ Playback RemoteControl::playback() const
     return m_player.isPaused() ? Playback::Paused : Playback::Playing;
 }
 
-const QVariantMap &RemoteControl::song()
+// The song is heard or held, or there is none; or it has been read already.
+bool RemoteControl::mayReadSong() const
 {
-    if (std::exchange(m_songNumber, m_player.openedSongs()) != m_player.openedSongs())
-        m_song = songMetadata(m_player.playingPath());
-    return m_song;
+    return playback() != Playback::Playing || m_player.isMoving() || m_songNumber == m_player.openedSongs();
 }
 
-PlayerFacts RemoteControl::facts()
+PlayerFacts RemoteControl::facts() const
 {
     PlayerFacts now;
     now.playback = playback();
@@ -122,11 +126,25 @@ PlayerFacts RemoteControl::facts()
     now.canPlay = hasSong || isOneChosen;
     now.canGoNext = m_songs.count() > 0;
     now.canGoPrevious = isOneChosen;
-    if (hasSong) {
-        now.song = song();
+    if (hasSong)
         now.lengthSeconds = m_player.lengthSeconds();
-    }
     return now;
+}
+
+PlayerFacts RemoteControl::factsWithSong()
+{
+    PlayerFacts now = facts();
+    if (now.playback == Playback::Stopped)
+        return now;
+    if (std::exchange(m_songNumber, now.songNumber) != now.songNumber)
+        m_song = songMetadata(m_player.playingPath(), m_covers);
+    now.song = m_song;
+    return now;
+}
+
+QVariantMap RemoteControl::metadata()
+{
+    return ::metadata(factsWithSong());
 }
 
 double RemoteControl::positionSeconds() const

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The player on the desktop's session bus: media keys, desktop widgets and command line tools ask it what plays and
 // tell it what to do (the two MPRIS interfaces; the adaptors give them their form). Commands go to the transport.
-// Changes are reported once, after the handler that made them; the position only when it jumps. Without a bus nothing
-// happens.
+// Changes are reported once, after the handler that made them; the position only when it jumps; a song's data once the
+// song is heard, so that its tag is not read in the way of the sound. Without a bus nothing happens.
 #pragma once
 
 #include "playback/position_clock.h"
+#include "remote/cover_files.h"
 #include "remote/player_facts.h"
 
 #include <QDBusContext>
@@ -26,8 +27,9 @@ public:
     /// Appears on the session bus, where there is one. To be called when the first window is on the screen.
     void start();
 
-    /// What there is to say just now.
-    PlayerFacts facts();
+    /// What there is to say just now, without the song's data; and these, for which the song is read.
+    PlayerFacts facts() const;
+    QVariantMap metadata();
 
     /// Where the song is; 0 without one.
     double positionSeconds() const;
@@ -63,12 +65,14 @@ private:
     void notify();
     void notifyPosition(const PlayerFacts &now);
     Playback playback() const;
-    const QVariantMap &song();
+    PlayerFacts factsWithSong();
+    bool mayReadSong() const;
 
     Player &m_player;
     const SongFolder &m_songs;
     QString m_serviceName; // "" while not on the bus.
     QTimer m_notifyTimer;
+    CoverFiles m_covers;
     QVariantMap m_song; // songMetadata() of song m_songNumber; its file is read once.
     int m_songNumber = 0;
     QVariantMap m_notified; // The properties as last reported.

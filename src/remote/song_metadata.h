@@ -5,6 +5,13 @@
 #include <QString>
 #include <QVariantMap>
 
-/// A song's data by their names on the bus: its URI and title, and what else its tag has. The title is the tag's,
-/// or the file name without its ending. Reads the file; a missing one has a title all the same.
-QVariantMap songMetadata(const QString &path);
+class CoverFiles;
+
+/// A song's data by their names on the bus: its URI, and what its ID3v2 tag says, else its ID3v1 tag, else its title by
+/// the file name without its ending; the cover of the tag, else the folder's. Reads the file, of a huge tag only the
+/// start. A missing one has a title all the same.
+QVariantMap songMetadata(const QString &path, CoverFiles &covers);
+
+/// The names of the genres that a tag's genre text tells: "(17)" and "17" are numbers of a list, "(4)Own" says both
+/// ways, "((" begins a plain name with a parenthesis.
+QStringList genresOf(const QString &text);

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The player as a listener on the session bus sees and drives it, and the rules of what is told there.
+#include "platform/ansi_text.h"
+#include "platform/desktop.h"
 #include "platform/drives.h"
 #include "remote/adaptors.h"
 #include "remote/remote_control.h"
 #include "remote/song_metadata.h"
 #include "support/core_stand.h"
 
+#include <QBuffer>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -13,8 +16,11 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
+#include <QImage>
 #include <QSignalSpy>
+#include <QStringEncoder>
 #include <QTest>
+#include <QUrl>
 
 #include <cmath>
 #include <limits>
@@ -30,6 +36,60 @@ const QString root = u"org.mpris.MediaPlayer2"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 const QString properties = u"org.freedesktop.DBus.Properties"_s;
 constexpr auto farthest = std::numeric_limits<qlonglong>::max();
+} // namespace
+
+namespace
+{
+// A zero after each 255, as tags have it that are not to look like sound.
+QByteArray stuffed(QByteArray bytes)
+{
+    return bytes.replace('\xFF', QByteArray("\xFF\0", 2));
+}
+
+QByteArray number(qsizetype value, int bytes, int bits = 8)
+{
+    QByteArray text;
+    for (int place = bytes - 1; place >= 0; --place)
+        text += static_cast<char>(value >> (bits * place) & ((1 << bits) - 1));
+    return text;
+}
+
+QByteArray frame(int version, const QByteArray &name, const QByteArray &body, char flags = 0)
+{
+    if (version == 2)
+        return name + number(body.size(), 3) + body;
+    return name + number(body.size(), 4, version == 4 ? 7 : 8) + '\0' + flags + body;
+}
+
+QByteArray tagged(int version, const QByteArray &frames, int flags = 0)
+{
+    return "ID3" + number(version, 1) + '\0' + static_cast<char>(flags) + number(frames.size(), 4, 7) + frames;
+}
+
+QByteArray text(char encoding, const QString &said)
+{
+    const auto units = [&said](QStringConverter::Encoding as) { return QByteArray(QStringEncoder(as)(said)); };
+    switch (encoding) {
+    case 0:
+        return '\0' + toAnsi(said);
+    case 1:
+        return "\1\xFF\xFE" + units(QStringConverter::Utf16LE);
+    case 2:
+        return '\2' + units(QStringConverter::Utf16BE);
+    default:
+        return '\3' + said.toUtf8();
+    }
+}
+
+// A small picture; what follows its end looks like sound.
+QByteArray picture()
+{
+    QBuffer file;
+    QImage image(1, 1, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    image.save(&file, "PNG");
+    return file.data() + QByteArray("\xFF\xE0\xFF\0\xFF", 5);
+}
 } // namespace
 
 // A player with three songs, and a desktop widget that listens to it.
@@ -102,15 +162,108 @@ private Q_SLOTS:
     void aSongIsToldByItsTagOrItsName()
     {
         const TestFolder folder;
+        CoverFiles covers;
         for (const auto &sample : {u"id3v1-spaces.mp3"_s, u"id3v1-nul.mp3"_s}) {
-            const QVariantMap song = songMetadata(folder.copySample(sample));
+            const QVariantMap song = songMetadata(folder.copySample(sample), covers);
             QCOMPARE(song[u"xesam:title"_s].toString(), u"Blue Café"_s);
             QCOMPARE(song[u"xesam:artist"_s].toStringList(), QStringList(u"Ärger & Söhne"_s));
             QCOMPARE(song[u"xesam:genre"_s].toStringList(), QStringList(u"Rock"_s));
         }
-        const QVariantMap bare = songMetadata(folder.makeFile(u"A.B \xDCFF.mp3"_s, QByteArray(200, '\0')));
+        const QVariantMap bare = songMetadata(folder.makeFile(u"A.B \xDCFF.mp3"_s, QByteArray(200, '\0')), covers);
         QCOMPARE(bare.keys(), QStringList({u"xesam:title"_s, u"xesam:url"_s}));
         QCOMPARE(bare[u"xesam:title"_s].toString(), u"A.B \xFFFD"_s);
+    }
+
+    void tagsOfEveryVersionAreRead_data()
+    {
+        QTest::addColumn<QByteArray>("tag");
+        QTest::addColumn<QString>("title");
+        const QString night = u"Ночь ÿ"_s;
+        const QByteArray jpg = QByteArray("\0JPG\3d\0", 7) + picture();
+        const QByteArray png = QByteArray("\0image/png\0\3d\0", 14) + picture();
+        const QByteArray wide = QByteArray("\1image/png\0\3\xFF\xFE", 14) + QByteArray("d\0\0\0", 4) + picture();
+        const QByteArray front2 = frame(2, "PIC", jpg);
+        const QByteArray back2 = frame(2, "PIC", QByteArray(jpg).replace(4, 1, "\4") + 'x');
+        const QByteArray front3 = frame(3, "APIC", png);
+        const QByteArray back4 = frame(4, "APIC", QByteArray(png).replace(11, 1, "\4") + 'x');
+        QTest::newRow("2.2") << tagged(2, back2 + frame(2, "TT2", text(0, u"“É”"_s)) + front2 + back2) << u"“É”"_s;
+        QTest::newRow("2.2, stuffed") << tagged(2, stuffed(frame(2, "TT2", text(1, night)) + front2), 0x80) << night;
+        QTest::newRow("2.3") << tagged(3, front3 + frame(3, "TIT2", text(1, night))) << night;
+        QTest::newRow("2.3, stuffed, extended")
+            << tagged(3,
+                      stuffed(number(6, 4) + number(0, 6) + frame(3, "TIT2", text(1, night)) + frame(3, "APIC", wide)),
+                      0xC0)
+            << night;
+        QTest::newRow("2.4, extended") << tagged(4,
+                                                 number(6, 4) + QByteArray("\1\0", 2) +
+                                                     frame(4, "TIT2", text(3, night)) + back4 + frame(4, "APIC", png),
+                                                 0x40)
+                                       << night;
+        QTest::newRow("2.4, stuffed")
+            << tagged(4, frame(4, "TIT2", stuffed(text(2, night)), 2) + frame(4, "APIC", stuffed(wide), 2), 0x80)
+            << night;
+        QTest::newRow("cut off") << tagged(3, frame(3, "TIT2", text(1, night)) + front3 +
+                                                  frame(3, "APIC", png + QByteArray(1 << 20, 'x')))
+                                        .chopped(1 << 20)
+                                 << night;
+    }
+
+    void tagsOfEveryVersionAreRead()
+    {
+        QFETCH(QByteArray, tag);
+        const TestFolder folder;
+        CoverFiles covers;
+        const QByteArray sound = TestFolder::sampleBytes(u"id3v1-nul.mp3"_s);
+        const QVariantMap song = songMetadata(folder.makeFile(u"a.mp3"_s, tag + sound), covers);
+        QTEST(song[u"xesam:title"_s].toString(), "title");
+        QFile cover(QUrl(song[u"mpris:artUrl"_s].toString()).toLocalFile());
+        QVERIFY(cover.open(QIODevice::ReadOnly));
+        QCOMPARE(cover.readAll(), picture());
+    }
+
+    void fieldsOfATagAreTold()
+    {
+        const TestFolder folder;
+        CoverFiles covers;
+        const QByteArray frames = frame(4, "TPE1", text(3, QStringList({u"A"_s, u"B"_s}).join(QChar(u'\0')))) +
+                                  frame(4, "TPE2", text(0, u"C"_s)) + frame(4, "TRCK", text(0, u"7/12"_s)) +
+                                  frame(4, "TCON", text(0, u"(17)(CR)((Own"_s)) + frame(4, "TYER", text(0, u"1999"_s)) +
+                                  frame(4, "TDAT", text(0, u"0612"_s));
+        const QByteArray sound = TestFolder::sampleBytes(u"id3v1-nul.mp3"_s).chopped(1) + '\x11';
+        const QVariantMap song = songMetadata(folder.makeFile(u"a.mp3"_s, tagged(4, frames) + sound), covers);
+        QCOMPARE(song[u"xesam:title"_s].toString(), u"Blue Café"_s); // By the older tag.
+        QCOMPARE(song[u"xesam:artist"_s].toStringList(), QStringList({u"A"_s, u"B"_s}));
+        QCOMPARE(song[u"xesam:albumArtist"_s].toStringList(), QStringList(u"C"_s));
+        QCOMPARE(song[u"xesam:trackNumber"_s].toInt(), 7);
+        QCOMPARE(song[u"xesam:genre"_s].toStringList(), QStringList({u"Rock"_s, u"Cover"_s, u"(Own"_s}));
+        QCOMPARE(song[u"xesam:contentCreated"_s].toString(), u"1999-12-06"_s);
+    }
+
+    void coversComeAndGo()
+    {
+        const TestFolder folder;
+        const QDir cache(cacheFolder());
+        const auto song = [&](const QByteArray &art) {
+            const QByteArray tag = tagged(3, frame(3, "APIC", QByteArray("\0\0\3\0", 4) + art));
+            return folder.makeFile(u"a.mp3"_s, tag);
+        };
+        const auto uri = [](const QString &path, CoverFiles &covers) {
+            return songMetadata(path, covers)[u"mpris:artUrl"_s].toString();
+        };
+        {
+            CoverFiles covers;
+            for (int i = 0; i < 9; ++i)
+                QVERIFY(QFile::exists(QUrl(uri(song(picture() + QByteArray(i % 6, 'x')), covers)).toLocalFile()));
+            QCOMPARE(cache.entryList(QDir::Files).size(), 4);
+            QCOMPARE(uri(song("no picture"), covers), QString());
+            const QString cover = folder.makeFile(u"folder.jpg"_s);
+            QCOMPARE(uri(song("no picture"), covers), fileUri(cover));
+            QVERIFY(uri(song(picture()), covers) != fileUri(cover));
+        }
+        QCOMPARE(cache.entryList(QDir::Files), QStringList());
+        QVERIFY(QFile(cache.filePath(u"cover-of-a-killed.png"_s)).open(QIODevice::WriteOnly));
+        const Stand stand;
+        QCOMPARE(cache.entryList(QDir::Files), QStringList());
     }
 
     void commandsAreTheWindowsOwn()
