@@ -11,6 +11,7 @@
 #include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
+#include "playlist/dropped_songs.h"
 #include "settings/frm_options.h"
 #include "settings/settings_store.h"
 #include "settings/window_effects.h"
@@ -53,9 +54,10 @@ Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes, frmOptions &options)
       File1(this, {u"File1"_s, u"Songs"_s, place::File1}, songPattern),
       List1(this, {u"List1"_s, u"Song names"_s, place::List1}),
       VScroll1(this, {u"VScroll1"_s, u"Volume"_s, place::VScroll1}, Player::loudest, Player::quietest),
-      Timer1(this, u"Timer1"_s, tickMs), Timer4(this, u"Timer4"_s, marqueeMs), m_songs(this, File1, List1),
-      m_player(this, engine, m_songs, modes), m_display(m_player, {Text1, HScroll1, VScroll1, Label7, Timer1, Timer4}),
-      m_options(options)
+      Timer1(this, u"Timer1"_s, tickMs), Timer4(this, u"Timer4"_s, marqueeMs),
+      Drops(*this, [this](const QStringList &paths) { return !meantForPlayer(paths, File1.extensions()).isNothing(); }),
+      m_songs(this, File1, List1), m_player(this, engine, m_songs, modes),
+      m_display(m_player, {Text1, HScroll1, VScroll1, Label7, Timer1, Timer4}), m_options(options)
 {
     setUpLooks();
     connectHandlers();
@@ -128,6 +130,7 @@ void Mp3Frm::connectHandlers()
     connect(&VScroll1, &VScrollBar::Change, this, &Mp3Frm::VScroll1_Change);
     connect(&Timer1, &Timer::tick, this, &Mp3Frm::Timer1_Timer);
     connect(&Timer4, &Timer::tick, this, &Mp3Frm::Timer4_Timer);
+    connect(&Drops, &DropTarget::dropped, this, &Mp3Frm::Drops_Dropped);
 }
 
 // What the window shows of the transport.
@@ -199,6 +202,11 @@ void Mp3Frm::setVolumeFrom(const QString &stored)
 void Mp3Frm::setMusicFolder(const QString &path)
 {
     File1.setPath(programPath(path));
+}
+
+void Mp3Frm::chooseSong(const QString &name)
+{
+    File1.setListIndex(static_cast<int>(File1.items().indexOf(name)));
 }
 
 // Exit: the folder and the volume are kept, and the program ends.
@@ -288,6 +296,16 @@ void Mp3Frm::Player_SongEnded()
 {
     m_display.showIdleTime();
     m_display.stopTitle();
+}
+
+// Files were dropped on the window: the first song plays, or the first folder is shown, whichever comes first.
+void Mp3Frm::Drops_Dropped(const QStringList &paths)
+{
+    const ForPlayer meant = meantForPlayer(paths, File1.extensions());
+    if (!meant.song.isEmpty())
+        Q_EMIT songDropped(meant.song);
+    else if (!meant.folder.isEmpty())
+        setMusicFolder(meant.folder);
 }
 
 // The option "show a song's data" changed: the list's tip is the hint, or none.

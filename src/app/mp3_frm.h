@@ -5,6 +5,7 @@
 #pragma once
 
 #include "app/song_display.h"
+#include "controls/drop_target.h"
 #include "controls/folder_lists.h"
 #include "controls/picture_box.h"
 #include "controls/skin_window.h"
@@ -28,6 +29,9 @@ public:
 
     /// Shows another music folder in File1; List1 stays as it is. A folder that does not exist changes nothing.
     void setMusicFolder(const QString &path);
+
+    /// Chooses the song of that file name; none where the music folder has no such file.
+    void chooseSong(const QString &name);
 
     ListBox *listWithMenu() override;
 
@@ -57,10 +61,14 @@ public:
     Mp3Info Info;        // Tag and header data of a song, for whoever asks.
     Timer Timer1;        // Time text, position slider, volume slider; on while a song plays.
     Timer Timer4;        // Title and tray tip; on while a song plays.
+    DropTarget Drops;    // A song is to play, a folder becomes the music folder.
 
 Q_SIGNALS:
     /// Space on a song: whoever keeps the play list may add it.
     void songPicked(const QString &name);
+
+    /// A song was dropped on the window: it is to play, and its folder to be the music folder.
+    void songDropped(const QString &path);
 
     /// A right click or the menu key on a song: the song menu is wanted here.
     void songMenuRequested(const QPoint &place);
@@ -115,6 +123,7 @@ private:
     void Player_SongOpened();
     void Player_Stopped();
     void Player_SongEnded();
+    void Drops_Dropped(const QStringList &paths);
     void Check2_Changed(bool on);
     void Form_Unload();
     void openSongMenu(const ListBox &list);

@@ -3,9 +3,8 @@
 
 #include "app/splash.h"
 #include "base/names.h"
-#include "base/numbers.h"
-#include "base/texts.h"
 #include "controls/skin_window.h"
+#include "platform/drives.h"
 #include "platform/shell_files.h"
 #include "remote/adaptors.h"
 #include "settings/settings_store.h"
@@ -52,6 +51,7 @@ void Program::connectMainWindow()
     connect(&m_mp3Frm, &SkinWindow::seenChanged, &m_playlist, &Playlist::followMainWindow);
     connect(&m_mp3Frm, &Mp3Frm::songMenuRequested, &m_menus, &Menus::openSongMenu);
     connect(&m_mp3Frm, &Mp3Frm::songPicked, this, &Program::addPickedSong);
+    connect(&m_mp3Frm, &Mp3Frm::songDropped, this, &Program::playAndChoose);
     connect(&m_mp3Frm, &Mp3Frm::folderWanted, this, &Program::chooseFolder);
     connect(&m_mp3Frm, &Mp3Frm::hideWanted, this, &Program::hideMainWindow);
     connect(&m_mp3Frm, &Mp3Frm::songNameChanged, this, &Program::updateTray);
@@ -74,7 +74,7 @@ void Program::connectOtherWindows()
     connect(&m_trayIcon, &TrayIcon::trayGone, this, &Program::showWithoutTray);
     connect(&m_remote, &RemoteControl::raiseWanted, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_remote, &RemoteControl::quitWanted, &m_mp3Frm.Label6, &Label::press, Qt::QueuedConnection);
-    connect(&m_remote, &RemoteControl::songWanted, this, &Program::playWithFolder);
+    connect(&m_remote, &RemoteControl::songWanted, this, &Program::playAndChoose);
 }
 
 void Program::connectMenus()
@@ -136,13 +136,19 @@ void Program::playWithFolder(const QString &path)
     m_mp3Frm.setMusicFolder(FolderFromPath(path));
 }
 
+// As playWithFolder(), and the song is the chosen one: Next, Previous and Play go on from it.
+void Program::playAndChoose(const QString &path)
+{
+    playWithFolder(path);
+    m_mp3Frm.chooseSong(FileNameFromPath(spelledAsOnDisk(path)));
+}
+
 // Space on a song adds it to the play list while that is on the screen: its bare name and how long it plays.
 void Program::addPickedSong(const QString &name)
 {
     if (name.isEmpty() || !m_playlist.isVisible())
         return;
-    const QuickHeader header = songHeader(tidyPathIn(m_mp3Frm.songs().folder(), name));
-    m_playlist.addSong(withoutExtension(name), FormatPlayTime(roundHalfEven(numericValue(header.length))));
+    m_playlist.addSongs(static_cast<int>(m_playlist.songs().size()), {name});
 }
 
 void Program::chooseFolder()

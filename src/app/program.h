@@ -40,6 +40,7 @@ private:
     void tidyUp();
     void playCommandLine(const QString &commandLine);
     void playWithFolder(const QString &path);
+    void playAndChoose(const QString &path);
 
     void addPickedSong(const QString &name);
     void chooseFolder();

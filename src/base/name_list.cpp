@@ -167,6 +167,17 @@ void NameList::removeAt(qsizetype index)
     std::for_each(m_ends.begin() + index, m_ends.end(), [&](qsizetype &end) { end -= length; });
 }
 
+void NameList::insert(qsizetype index, const NameList &names)
+{
+    const qsizetype start = startOf(index);
+    const qsizetype length = names.m_bytes.size();
+    m_bytes.insert(start, names.m_bytes);
+    std::for_each(m_ends.begin() + index, m_ends.end(), [&](qsizetype &end) { end += length; });
+    m_ends.insert(index, names.size(), start);
+    for (qsizetype name = 0; name < names.size(); ++name)
+        m_ends[index + name] += names.m_ends[name];
+}
+
 void NameList::squeeze()
 {
     m_bytes.squeeze();

@@ -52,6 +52,9 @@ public:
 
     void removeAt(qsizetype index);
 
+    /// Puts names before the one at index, or at the end.
+    void insert(qsizetype index, const NameList &names);
+
     /// Gives back the room kept for more names.
     void squeeze();
 

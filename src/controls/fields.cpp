@@ -100,6 +100,7 @@ void TextBox::setDisplayOnly()
     setCursor(Qt::ArrowCursor);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAcceptDrops(false);
 }
 
 void TextBox::fitText()

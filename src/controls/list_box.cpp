@@ -56,10 +56,10 @@ public:
         endResetModel();
     }
 
-    void add(const QString &item)
+    void insert(int row, const QStringList &items)
     {
-        beginInsertRows({}, rowCount(), rowCount());
-        m_items += item;
+        beginInsertRows({}, row, row + static_cast<int>(items.size()) - 1);
+        m_items.insert(row, items);
         endInsertRows();
     }
 
@@ -89,9 +89,10 @@ ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : RowView(parent), 
     setMouseTracking(true);
 }
 
-void ListBox::AddItem(const QString &text)
+void ListBox::insertItems(int row, const QStringList &texts)
 {
-    m_items->add(text);
+    if (!texts.isEmpty())
+        m_items->insert(row, texts);
 }
 
 void ListBox::setItems(const NameList &items)

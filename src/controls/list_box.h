@@ -21,7 +21,10 @@ public:
     ListBox(QWidget *parent, const ControlSetup &setup);
 
     /// Adds a text at the end.
-    void AddItem(const QString &text);
+    void AddItem(const QString &text) { insertItems(ListCount(), {text}); }
+
+    /// Adds texts before a row. The chosen text stays chosen.
+    void insertItems(int row, const QStringList &texts);
 
     /// Replaces all items; nothing is chosen afterwards, quietly.
     void setItems(const NameList &items);

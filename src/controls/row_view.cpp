@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/row_view.h"
 
+#include "skins/palette.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+
+#include <utility>
 
 RowView::RowView(QWidget *parent) : QListView(parent)
 {
@@ -60,6 +64,20 @@ QModelIndex RowView::indexAt(const QPoint &point) const
     return isBeside ? QModelIndex() : model()->index(firstRow() + point.y() / rowHeight(), 0);
 }
 
+int RowView::gapAt(const QPoint &point) const
+{
+    if (point.y() >= viewport()->height())
+        return rowCount();
+    const int rowsAbove = (std::max(0, point.y()) + rowHeight() / 2) / rowHeight();
+    return std::min(firstRow() + rowsAbove, rowCount());
+}
+
+void RowView::markGap(int gap)
+{
+    if (std::exchange(m_markedGap, gap) != gap)
+        viewport()->update();
+}
+
 void RowView::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
     if (!index.isValid())
@@ -106,6 +124,21 @@ void RowView::paintEvent(QPaintEvent *event)
     const int to = std::min(rowCount() - 1, first + event->rect().bottom() / rowHeight());
     for (int row = from; row <= to; ++row)
         paintRow(painter, option, row);
+    if (m_markedGap >= 0)
+        paintGapMark(painter);
+}
+
+// A line with its ends turned to the rows that would part.
+void RowView::paintGapMark(QPainter &painter) const
+{
+    constexpr int thickness = 2;
+    constexpr int endHeight = 6;
+    const int middle = std::max((m_markedGap - firstRow()) * rowHeight(), thickness / 2);
+    const QRect line(0, middle - thickness / 2, viewport()->width(), thickness);
+    const QColor colour = QColor::fromRgb(palette::focusRing);
+    painter.fillRect(line, colour);
+    for (const int x : {line.left(), line.right() - thickness + 1})
+        painter.fillRect(x, middle - endHeight / 2, thickness, endHeight, colour);
 }
 
 void RowView::paintRow(QPainter &painter, QStyleOptionViewItem option, int row) const

@@ -19,6 +19,12 @@ public:
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
     void doItemsLayout() override;
 
+    /// The gap between rows that is nearest to a point: the number of rows above it. Below the view it is the last one.
+    int gapAt(const QPoint &point) const;
+
+    /// Marks a gap, by which something would come in; -1 for none.
+    void markGap(int gap);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -38,7 +44,9 @@ private:
     int rowsOnAPage() const;
     int rowCount() const { return model() ? model()->rowCount() : 0; }
     void paintRow(QPainter &painter, QStyleOptionViewItem option, int row) const;
+    void paintGapMark(QPainter &painter) const;
     void tell(QAccessible::Event what, const QModelIndex &index);
 
     mutable int m_rowHeight = 0; // 0: not reckoned yet.
+    int m_markedGap = -1;
 };

@@ -4,11 +4,14 @@
 #include "playlist/playlist.h"
 
 #include "base/names.h"
+#include "base/numbers.h"
 #include "base/texts.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
+#include "mp3info/quick_header.h"
 #include "platform/files.h"
 #include "playback/player.h"
+#include "playlist/dropped_songs.h"
 #include "playlist/list_file.h"
 #include "playlist/play_times.h"
 #include "settings/settings_store.h"
@@ -37,7 +40,9 @@ Playlist::Playlist(const SongFolder &songs, Player &player)
       m_randomOrder(uniformNumber), Picture1(this, {u"Picture1"_s, u"Close play list"_s, at::Picture1}),
       List1(this, {u"List1"_s, u"Play list songs"_s, at::List1}),
       List2(this, {u"List2"_s, u"Play list times"_s, at::List2}),
-      Label1(this, {u"Label1"_s, u"Play list length"_s, at::Label1}), Timer3(this, u"Timer3"_s, 1, Timer::Kind::OneShot)
+      Label1(this, {u"Label1"_s, u"Play list length"_s, at::Label1}),
+      Timer3(this, u"Timer3"_s, 1, Timer::Kind::OneShot),
+      Drops(*this, [this](const QStringList &paths) { return isAnyForPlayList(paths, m_songs.folder()); })
 {
     setWindowFlag(Qt::Tool);
     Picture1.setButton(Picture::Count, Picture::Count, Picture::Count, u"Close"_s);
@@ -49,6 +54,7 @@ Playlist::Playlist(const SongFolder &songs, Player &player)
     Label1.setColour(QColor::fromRgb(palette::displayText));
     showStatus();
     connectHandlers();
+    connectDrops();
 }
 
 void Playlist::connectHandlers()
@@ -68,6 +74,14 @@ void Playlist::connectHandlers()
     connect(timeRows, &QScrollBar::valueChanged, songRows, &QScrollBar::setValue);
 }
 
+void Playlist::connectDrops()
+{
+    connect(&Drops, &DropTarget::hovered, this,
+            [this](const QPoint &place) { markGap(List1.gapAt(List1.viewport()->mapFrom(this, place))); });
+    connect(&Drops, &DropTarget::left, this, [this] { markGap(-1); });
+    connect(&Drops, &DropTarget::dropped, this, &Playlist::Drops_Dropped);
+}
+
 void Playlist::Load()
 {
     ensureSettingsFolder();
@@ -80,6 +94,20 @@ void Playlist::addSong(const QString &name, const QString &time)
 {
     List1.AddItem(name);
     List2.AddItem(time);
+    renewTotal();
+}
+
+void Playlist::addSongs(int row, const QStringList &fileNames)
+{
+    QStringList names;
+    QStringList times;
+    for (const QString &name : fileNames) {
+        names += withoutExtension(name);
+        const QuickHeader header = songHeader(tidyPathIn(m_songs.folder(), name));
+        times += FormatPlayTime(roundHalfEven(numericValue(header.length)));
+    }
+    List1.insertItems(row, names);
+    List2.insertItems(std::min(row, List2.ListCount()), times); // A list file may hold fewer times than songs.
     renewTotal();
 }
 
@@ -216,6 +244,18 @@ void Playlist::Timer3_Timer()
         return;
     selectNext();
     playSelected();
+}
+
+// Songs were dropped: they come in where the pointer is.
+void Playlist::Drops_Dropped(const QStringList &paths, const QPoint &place)
+{
+    addSongs(List1.gapAt(List1.viewport()->mapFrom(this, place)), meantForPlayList(paths, m_songs.folder()));
+}
+
+void Playlist::markGap(int gap)
+{
+    List1.markGap(gap);
+    List2.markGap(gap);
 }
 
 void Playlist::selectNext()

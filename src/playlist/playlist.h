@@ -7,6 +7,7 @@
 
 #include "base/last_error.h"
 #include "base/timer.h"
+#include "controls/drop_target.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
 #include "controls/picture_box.h"
@@ -35,6 +36,9 @@ public:
 
     /// Adds a song (its bare name, without folder and ending) and its play time at the end.
     void addSong(const QString &name, const QString &time);
+
+    /// Adds songs of the music folder, by their file names, before a row: their bare names and how long they play.
+    void addSongs(int row, const QStringList &fileNames);
 
     /// The commands of the play list menu. Reading leaves nothing selected; files that are not there give empty lists.
     void clearLists();
@@ -70,6 +74,7 @@ protected:
 
 private:
     void connectHandlers();
+    void connectDrops();
     void Picture1_Click();
     void List1_Click();
     void List1_DblClick();
@@ -77,7 +82,9 @@ private:
     void List1_MouseDown(Qt::MouseButton button);
     void List2_Click();
     void Timer3_Timer();
+    void Drops_Dropped(const QStringList &paths, const QPoint &place);
 
+    void markGap(int gap);
     void playSelected();
     std::optional<ErrorRecord> removeSelected();
     void selectNext();
@@ -96,4 +103,5 @@ private:
     ListBox List2;       // The play times, item n of song n; scrolls and is selected along with the songs.
     Label Label1;        // How many songs, and how long they play in all.
     Timer Timer3;        // Once: go to the next song and play it.
+    DropTarget Drops;    // Songs of the music folder, or that folder itself: they come in where they are dropped.
 };

@@ -16,8 +16,10 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDialog>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QMenu>
+#include <QMimeData>
 #include <QScreen>
 #include <QTimer>
 
@@ -65,6 +67,25 @@ struct Stand {
         (*found)->trigger();
         QCoreApplication::processEvents(); // The command runs when the menu is gone.
     }
+    // Drags files over a place of a window and lets go there. What their source is told to have happened to them.
+    static Qt::DropAction drop(QWidget &target, const QList<QUrl> &urls, const QPoint &place,
+                               Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction)
+    {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(place, offered, &data, Qt::LeftButton, {});
+        QDragMoveEvent move(place, offered, &data, Qt::LeftButton, {});
+        QDropEvent letGo(place, offered, &data, Qt::LeftButton, {});
+        for (QDropEvent *event : std::initializer_list<QDropEvent *>{&enter, &move, &letGo}) {
+            event->setDropAction(Qt::MoveAction);
+            QCoreApplication::sendEvent(&target, event);
+            if (!event->isAccepted())
+                return Qt::IgnoreAction;
+        }
+        QCoreApplication::processEvents();
+        return letGo.dropAction();
+    }
+
     void chooseInMain(const QString &command) { choose(window.File1, command); }
 
     // The calls of a song that starts by itself, once the current handler has returned; the folder left out.
@@ -339,6 +360,43 @@ private Q_SLOTS:
         QCOMPARE(control<ListBox>(search, u"List1"_s).ListCount(), 0);
     }
 
+    void whatIsDroppedPlaysOrIsListed()
+    {
+        const TestFolder other;
+        const QUrl song(fileUri(other.makeFile(u"50% #1.mp3"_s))), before(fileUri(other.makeFile(u"1.mp3"_s)));
+        const QUrl folder(fileUri(m_folder->path())), a(fileUri(m_folder->path(u"a.mp3"_s)));
+        Stand stand;
+        stand.window.show();
+        const QUrl web(u"https://example.org/a.mp3"_s);
+        for (const auto &[urls, offered] : {std::pair(QList{web}, Qt::DropActions(Qt::CopyAction)),
+                                            {{QUrl(fileUri(paths::settingsFile))}, Qt::CopyAction},
+                                            {{song}, Qt::MoveAction}}) // It would be gone there.
+            QCOMPARE(stand.drop(stand.window, urls, {9, 9}, offered), Qt::IgnoreAction);
+        QDialog question;
+        question.open();
+        QCOMPARE(stand.drop(stand.window, {song}, {9, 9}), Qt::IgnoreAction);
+        question.close();
+        QCOMPARE(stand.drop(stand.window, {web, song, before}, {9, 9}), Qt::CopyAction);
+        QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + other.path(u"50% #1.mp3"_s), u"Play"_s}));
+        QCOMPARE(stand.window.File1.List(stand.window.File1.ListIndex()), u"50% #1.mp3"_s);
+        QCOMPARE(stand.window.player().SongIndex, stand.window.File1.ListIndex());
+        QCOMPARE(stand.drop(stand.window, {folder}, {9, 9}, Qt::LinkAction), Qt::LinkAction);
+        QCOMPARE(stand.window.File1.items().toStringList(), QStringList({u"a.mp3"_s, u"b.mp3"_s}));
+        QCOMPARE(stand.takeCalls(), QString());
+
+        stand.chooseInMain(u"PlayList"_s);
+        QCOMPARE(stand.drop(stand.playList, {song}, stand.entries.pos()), Qt::IgnoreAction); // Not in the folder now.
+        QCOMPARE(stand.drop(stand.playList, {folder}, stand.entries.pos()), Qt::CopyAction);
+        stand.entries.setListIndex(1);
+        const QPoint inTheFirstRow = stand.entries.viewport()->mapTo(&stand.playList, rowPlace(stand.entries, 0));
+        QCOMPARE(stand.drop(stand.playList, {a, a}, inTheFirstRow + QPoint(0, 4)), Qt::CopyAction);
+        QCOMPARE(stand.drop(stand.playList, {a}, stand.playList.rect().bottomLeft()), Qt::CopyAction);
+        QCOMPARE(stand.entries.items().toStringList().join(u' '), u"a a a b a"_s);
+        QCOMPARE(control<ListBox>(stand.playList, u"List2"_s).items().toStringList().join(u' '),
+                 u"1:02 1:02 1:02 0:00 1:02"_s);
+        QCOMPARE(stand.entries.ListIndex(), 3); // The chosen song is the one it was.
+    }
+
     void theDesktopsPickerIsAskedInstead()
     {
         writeSetting(Setting::Browse4Dialog, u"1"_s);
@@ -431,6 +489,7 @@ private Q_SLOTS:
         QTRY_COMPARE(stand.window.File1.items().toStringList(), QStringList(u"50% #1.mp3"_s));
         QCOMPARE(stand.engine.takeCalls(), QStringList({u"FileName "_s + song, u"Play"_s}));
         QCOMPARE(stand.window.Label7.Caption().trimmed(), u"50% #1.mp3"_s);
+        QCOMPARE(stand.window.File1.ListIndex(), 0); // Next and Previous go on from it.
     }
 
 private:

@@ -2,6 +2,7 @@
 // The rules of the play list and the search: how its files are read, what the times sum up to, which entry comes next,
 // what is found and how that is shown.
 #include "platform/files.h"
+#include "playlist/dropped_songs.h"
 #include "playlist/list_file.h"
 #include "playlist/play_order.h"
 #include "playlist/play_times.h"
@@ -34,6 +35,46 @@ class PlayRulesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void droppedFilesMeanSongsOrAFolder_data()
+    {
+        QTest::addColumn<QString>("dropped");
+        QTest::addColumn<QString>("forPlayer");
+        QTest::addColumn<QString>("forPlayList");
+        const auto row = [](const char *name, const QString &dropped, const QString &player, const QString &list) {
+            QTest::newRow(name) << dropped << player << list;
+        };
+        row("nothing", u""_s, u"|"_s, u""_s);
+        row("songs", u"b.mp3/A.MP3"_s, u"b.mp3|"_s, u"b.mp3/A.MP3"_s);
+        row("another spelling", u"a.mp3"_s, u"a.mp3|"_s, u"A.MP3"_s);
+        row("not mp3", u"c.wav/b.mp3"_s, u"c.wav|"_s, u"b.mp3"_s);
+        row("no songs", u"text.txt/gone.mp3"_s, u"|"_s, u""_s);
+        row("a folder named as a song", u"x.mp3"_s, u"|x.mp3"_s, u""_s);
+        row("songs of a folder below", u"x.mp3\\d.mp3"_s, u"x.mp3\\d.mp3|"_s, u""_s);
+        row("a link from elsewhere", u"x.mp3\\link.mp3/b.mp3"_s, u"x.mp3\\link.mp3|"_s, u"b.mp3"_s);
+        row("the music folder", u"."_s, u"|."_s, u"A.MP3/b.mp3"_s);
+        row("by a link to it", u"itself/itself\\b.mp3"_s, u"|itself"_s, u"A.MP3/b.mp3/b.mp3"_s);
+    }
+
+    void droppedFilesMeanSongsOrAFolder()
+    {
+        const TestFolder music;
+        music.makeFolder(u"x.mp3"_s);
+        for (const QString &name : {u"b.mp3"_s, u"A.MP3"_s, u"c.wav"_s, u"text.txt"_s, u"x.mp3/d.mp3"_s})
+            music.makeFile(name);
+        QVERIFY(QFile::link(music.hostPath() + u"/b.mp3"_s, music.hostPath() + u"/x.mp3/link.mp3"_s));
+        QVERIFY(QFile::link(music.hostPath(), music.hostPath() + u"/itself"_s));
+        QFETCH(QString, dropped);
+        QStringList paths;
+        for (const QString &name : dropped.split(u'/', Qt::SkipEmptyParts))
+            paths += music.path(name);
+        const ForPlayer player = meantForPlayer(paths, {u"mp3"_s, u"wav"_s});
+        QTEST(QString(player.song + u'|' + player.folder).remove(music.path({})), "forPlayer");
+        QCOMPARE(player.isNothing(), player.song.isEmpty() && player.folder.isEmpty());
+        const QStringList names = meantForPlayList(paths, music.path());
+        QTEST(names.join(u'/'), "forPlayList");
+        QCOMPARE(isAnyForPlayList(paths, music.path()), !names.isEmpty());
+    }
+
     void fieldsAreCutByTheReadingRule_data()
     {
         QTest::addColumn<QString>("text");
