@@ -34,12 +34,14 @@ void paintWithoutSharedMemory()
         qputenv("QT_XCB_NO_MITSHM", "1");
 }
 
-// Asked for a bus that is in neither place, the bus library would start one, which takes longer than the player does.
+// Asked for a bus that is in neither place, now or when one has gone away, the bus library would start one, which takes
+// longer than the player does.
 void startNoBus()
 {
-    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") &&
-        !QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s))
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s;
+    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        qputenv("DBUS_SESSION_BUS_ADDRESS",
+                QFile::exists(socket) ? "unix:path=" + QFile::encodeName(socket) : "disabled:");
 }
 
 } // namespace

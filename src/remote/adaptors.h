@@ -10,6 +10,32 @@
 #include <QGuiApplication>
 #include <QStringList>
 
+// How the player introduces itself: as Qt would put it, but for the notes on what is never signalled.
+#define NOT_SIGNALLED "<annotation name='org.freedesktop.DBus.Property.EmitsChangedSignal' value='false'/>"
+#define PLAYER_INTRODUCTION                                                                                            \
+    "<interface name='org.mpris.MediaPlayer2.Player'>"                                                                 \
+    "<property name='PlaybackStatus' type='s' access='read'/>"                                                         \
+    "<property name='Metadata' type='a{sv}' access='read'/>"                                                           \
+    "<property name='Volume' type='d' access='readwrite'/>"                                                            \
+    "<property name='Position' type='x' access='read'>" NOT_SIGNALLED "</property>"                                    \
+    "<property name='Rate' type='d' access='readwrite'/>"                                                              \
+    "<property name='MinimumRate' type='d' access='read'/>"                                                            \
+    "<property name='MaximumRate' type='d' access='read'/>"                                                            \
+    "<property name='CanGoNext' type='b' access='read'/>"                                                              \
+    "<property name='CanGoPrevious' type='b' access='read'/>"                                                          \
+    "<property name='CanPlay' type='b' access='read'/>"                                                                \
+    "<property name='CanPause' type='b' access='read'/>"                                                               \
+    "<property name='CanSeek' type='b' access='read'/>"                                                                \
+    "<property name='CanControl' type='b' access='read'>" NOT_SIGNALLED "</property>"                                  \
+    "<method name='Next'/><method name='Previous'/><method name='Pause'/><method name='PlayPause'/>"                   \
+    "<method name='Stop'/><method name='Play'/>"                                                                       \
+    "<method name='Seek'><arg direction='in' type='x' name='Offset'/></method>"                                        \
+    "<method name='SetPosition'><arg direction='in' type='o' name='TrackId'/>"                                         \
+    "<arg direction='in' type='x' name='Position'/></method>"                                                          \
+    "<method name='OpenUri'><arg direction='in' type='s' name='Uri'/></method>"                                        \
+    "<signal name='Seeked'><arg type='x' name='Position'/></signal>"                                                   \
+    "</interface>"
+
 /// The program: who it is, how to bring it back and to end it.
 class RootAdaptor : public QDBusAbstractAdaptor
 {
@@ -46,6 +72,7 @@ class PlayerAdaptor : public QDBusAbstractAdaptor
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
+    Q_CLASSINFO("D-Bus Introspection", PLAYER_INTRODUCTION)
     Q_PROPERTY(QString PlaybackStatus READ playbackStatus)
     Q_PROPERTY(QVariantMap Metadata READ metadata)
     Q_PROPERTY(double Volume READ volume WRITE setVolume)

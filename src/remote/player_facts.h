@@ -20,7 +20,7 @@ struct PlayerFacts {
     bool canGoNext = false;
     bool canGoPrevious = false;
 
-    bool canSeek() const { return playback != Playback::Stopped; }
+    bool canSeek() const { return playback != Playback::Stopped && lengthSeconds > 0; }
 };
 
 /// The song's identity on the bus, an object path.

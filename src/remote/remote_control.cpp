@@ -16,7 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr int joinAgainMs = 5000;
 constexpr double jumpSeconds = 0.5; // Listeners that are further off are corrected.
+const QString connectionName = u"kiv-mp3"_s;
 const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
 const QString serviceName = u"org.mpris.MediaPlayer2.kiv-mp3"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
@@ -38,26 +40,45 @@ RemoteControl::RemoteControl(Player &player, const SongFolder &songs) : m_player
 {
     m_notifyTimer.setSingleShot(true);
     connect(&m_notifyTimer, &QTimer::timeout, this, &RemoteControl::notify);
+    connect(&m_joinTimer, &QTimer::timeout, this, &RemoteControl::joinBus);
 }
 
 RemoteControl::~RemoteControl()
 {
     if (!m_serviceName.isEmpty())
-        QDBusConnection::sessionBus().unregisterService(m_serviceName);
+        m_bus.unregisterService(m_serviceName);
 }
 
 void RemoteControl::start()
 {
-    if (!m_serviceName.isEmpty())
+    if (m_joinings > 0)
         return;
     CoverFiles::tidy();
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !bus.registerObject(objectPath, this))
-        return;
-    notify(); // Before the name is taken: whoever finds it asks for everything.
-    m_serviceName = takeServiceName(bus);
+    joinBus();
     if (!m_serviceName.isEmpty())
         connectHandlers();
+}
+
+// Qt's own connection is never made anew; a later one is the player's own.
+void RemoteControl::joinBus()
+{
+    const bool isFirst = m_joinings++ == 0;
+    QDBusConnection::disconnectFromBus(connectionName);
+    m_bus = isFirst ? QDBusConnection::sessionBus()
+                    : QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
+    if (!m_bus.isConnected() || !m_bus.registerObject(objectPath, this))
+        return;
+    m_joinTimer.stop();
+    notify(); // Before the name is taken: whoever finds it asks for everything.
+    m_serviceName = takeServiceName(m_bus);
+    m_bus.connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s, this,
+                  SLOT(loseBus()));
+}
+
+void RemoteControl::loseBus()
+{
+    m_serviceName.clear();
+    m_joinTimer.start(joinAgainMs);
 }
 
 void RemoteControl::connectHandlers()
@@ -84,7 +105,7 @@ void RemoteControl::notify()
     const QVariantMap changed = changedProperties(std::exchange(m_notified, properties), properties);
     if (!changed.isEmpty()) {
         QDBusMessage message = QDBusMessage::createSignal(objectPath, propertiesInterface, u"PropertiesChanged"_s);
-        QDBusConnection::sessionBus().send(message << playerInterface << changed << QStringList());
+        m_bus.send(message << playerInterface << changed << QStringList());
     }
     if (isSongTold)
         notifyPosition(facts());

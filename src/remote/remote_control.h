@@ -9,6 +9,7 @@
 #include "remote/cover_files.h"
 #include "remote/player_facts.h"
 
+#include <QDBusConnection>
 #include <QDBusContext>
 #include <QTimer>
 
@@ -24,7 +25,8 @@ public:
     RemoteControl(Player &player, const SongFolder &songs);
     ~RemoteControl() override;
 
-    /// Appears on the session bus, where there is one. To be called when the first window is on the screen.
+    /// Appears on the session bus, where there is one. To be called when the first window is on the screen. A bus that
+    /// goes away is joined again when it is back.
     void start();
 
     /// What there is to say just now, without the song's data; and these, for which the song is read.
@@ -59,8 +61,12 @@ Q_SIGNALS:
     /// The position is not where it would be by the passing of time.
     void jumped(qint64 positionMicroseconds);
 
+private Q_SLOTS:
+    void loseBus();
+
 private:
     void connectHandlers();
+    void joinBus();
     void notifySoon();
     void notify();
     void notifyPosition(const PlayerFacts &now);
@@ -70,7 +76,10 @@ private:
 
     Player &m_player;
     const SongFolder &m_songs;
-    QString m_serviceName; // "" while not on the bus.
+    QDBusConnection m_bus{QString()}; // Connected to nothing at first.
+    QString m_serviceName;            // "" while not on the bus.
+    int m_joinings = 0;
+    QTimer m_joinTimer; // While the bus is away.
     QTimer m_notifyTimer;
     CoverFiles m_covers;
     QVariantMap m_song; // songMetadata() of song m_songNumber; its file is read once.
