@@ -13,6 +13,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 BUILT = ROOT / "build" / "bench"
 SONG = ROOT / "demo" / "music" / "The Night Trams - Last Stop Moonlight.mp3"
+TONE = ROOT / "tests" / "data" / "tone-440.mp3"  # It sounds from its first sample on.
 SONG_ROUNDS = 20  # The demo song lasts 31 seconds.
 BYTES_A_SECOND = 11_500  # Of that song, in the mean.
 COUNTS = (10_000, 100_000, 1_000_000)  # Songs of the big folders, so that growth is seen.

@@ -7,7 +7,7 @@ import sys
 import time
 
 from desktop import QUIET, Desktop
-from player import BYTES_A_SECOND, COUNTS, WINDOW_SECONDS, filled, started, without_song
+from player import BYTES_A_SECOND, COUNTS, TONE, WINDOW_SECONDS, filled, started, without_song
 from process_tree import ProcessTree, growth
 
 STARTS = 7
@@ -59,11 +59,11 @@ class Trial:
 
     def start_to_sound(self):
         """From exec until the server plays the first sound: how long it takes a user to hear a song."""
-        taken = []
+        command, taken = filled(self.player.command, TONE), []
         for _ in range(STARTS):
             with self.desktop.listening() as first_sound:
                 began = time.monotonic()
-                with subprocess.Popen(self._with_song(), env=self.desktop.environment, cwd=self.desktop.home, **QUIET):
+                with subprocess.Popen(command, env=self.desktop.environment, cwd=self.desktop.home, **QUIET):
                     heard = first_sound(WINDOW_SECONDS)
                     self.tree.stop()
             if heard is None:
