@@ -187,15 +187,27 @@ void SoundThread::send(std::size_t place, qint64 count)
 {
     if (count == 0)
         return;
+    m_output->write(atLoudness(m_ready.data() + place, count), count);
+    m_sent += count;
+}
+
+// The frames to send next at their loudness: themselves when that is full.
+const float *SoundThread::atLoudness(const float *frames, qint64 count)
+{
+    const qint64 rampEnd = m_ramp.start + m_format.rate / rampsASecond + 1;
+    const qint64 ramped = std::clamp<qint64>(rampEnd - m_sent, 0, count);
+    if (ramped == 0 && m_ramp.to == 1)
+        return frames;
     m_scaled.resize(static_cast<std::size_t>(count * m_format.channels));
-    auto to = m_scaled.begin();
-    auto from = m_ready.cbegin() + static_cast<std::ptrdiff_t>(place);
-    for (const qint64 end = m_sent + count; m_sent < end; ++m_sent) {
-        const float gain = gainAt(m_sent);
+    float *to = m_scaled.data();
+    const float *from = frames;
+    for (qint64 frame = m_sent; frame < m_sent + ramped; ++frame) {
+        const float gain = gainAt(frame);
         for (int channel = 0; channel < m_format.channels; ++channel)
             *to++ = *from++ * gain;
     }
-    m_output->write(m_scaled.data(), count);
+    std::transform(from, frames + count * m_format.channels, to, [this](float sample) { return sample * m_ramp.to; });
+    return m_scaled.data();
 }
 
 float SoundThread::gainAt(qint64 frame) const

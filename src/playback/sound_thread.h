@@ -72,6 +72,7 @@ private:
     void fill();
     void decode(qint64 count);
     void send(std::size_t place, qint64 count);
+    const float *atLoudness(const float *frames, qint64 count);
     qint64 takeBack();
     void leave();
     void forgetHeard();
