@@ -22,18 +22,18 @@ public:
         std::memset(&m_startMask, 0xFF, length);
     }
 
-    /// The first place from at on, null without one. at is within the bytes, or their end.
-    const char *find(const char *at, const char *end) const
+    /// The first place from at on, null without one. at is within the bytes, or their end. What lies between end and
+    /// readable is not looked for, but may be looked at, which is quicker where end is near.
+    const char *find(const char *at, const char *end, const char *readable) const
     {
-        const qsizetype toLast = m_text.size() - 1;
-        const qsizetype lookedAt = blockSize + std::max<qsizetype>(toLast, sizeof m_start);
-        for (; end - at >= lookedAt; at += blockSize) {
-            const Block found = Block((blockAt(at) == m_first) & (blockAt(at + toLast) == m_last));
+        const qsizetype length = m_text.size();
+        const qsizetype lookedAt = blockSize + std::max<qsizetype>(length - 1, sizeof m_start);
+        for (; end - at >= length && readable - at >= lookedAt; at += blockSize) {
+            const Block found = Block((blockAt(at) == m_first) & (blockAt(at + length - 1) == m_last));
             if (const char *place = firstWhole(at, found))
-                return place;
+                return end - place >= length ? place : nullptr;
         }
-        const QByteArrayView rest(at, end);
-        const qsizetype place = rest.indexOf(m_text);
+        const qsizetype place = end - at >= length ? QByteArrayView(at, end).indexOf(m_text) : -1;
         return place < 0 ? nullptr : at + place;
     }
 

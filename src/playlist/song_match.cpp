@@ -5,7 +5,6 @@
 #include "playlist/byte_finder.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace
 {
@@ -53,18 +52,6 @@ char32_t capital(char32_t letter)
     return sameName && QChar::requiresSurrogates(upper) == QChar::requiresSurrogates(letter) ? upper : letter;
 }
 
-std::string_view viewOf(QByteArrayView bytes)
-{
-    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
-}
-
-// Short bytes in short bytes.
-int placeIn(std::string_view name, std::string_view wanted)
-{
-    const std::size_t place = name.find(wanted);
-    return place == std::string_view::npos ? -1 : static_cast<int>(place);
-}
-
 // The letters a name holds, a bit for each; what has no bit of its own has the last one.
 constexpr int sharedBit = 63;
 
@@ -108,25 +95,32 @@ void SongNames::search(const QString &text, std::vector<SongMatch> &matches)
     m_wanted = wanted;
 }
 
-// Looks for a longer text where the shorter one was found. Gives up, and leaves the matches in a mess, when too many
-// names have to be looked through: one walk over all of them is faster then.
+// Looks for a longer text where the shorter one was found. Gives up when too many names would have to be looked
+// through, which a few of them tell: one walk over all of them is faster then.
 bool SongNames::narrow(const QByteArray &wanted, std::vector<SongMatch> &matches) const
 {
     constexpr std::size_t share = 16; // Of all names: more are too many.
+    constexpr std::size_t step = 64;
     const QByteArrayView more = QByteArrayView(wanted).sliced(wanted.startsWith(*m_wanted) ? m_wanted->size() : 0);
     const qsizetype before = wanted.size() - more.size();
-    std::size_t looks = m_letters.size() / share;
+    const auto isWhereItWas = [&](const SongMatch &match, QByteArrayView name) {
+        return match.place >= 0 && match.place + wanted.size() <= name.size() &&
+               std::mismatch(more.begin(), more.end(), name.begin() + match.place + before).first == more.end();
+    };
+    std::size_t looks = 0;
+    for (std::size_t i = 0; i < matches.size(); i += step)
+        looks += isWhereItWas(matches[i], m_lowered.bytes(matches[i].row)) ? 0 : step;
+    if (looks > std::max(m_letters.size() / share, step))
+        return false;
+    const ByteFinder finder(wanted);
     std::size_t taken = 0;
-    for (SongMatch match : matches) {
+    for (const SongMatch match : matches) {
         const QByteArrayView name = m_lowered.bytes(match.row);
-        const bool stands = match.place >= 0 && match.place + wanted.size() <= name.size() &&
-                            std::equal(more.begin(), more.end(), name.begin() + match.place + before);
-        if (!stands && looks-- == 0)
-            return false;
-        if (!stands)
-            match.place = placeIn(viewOf(name), viewOf(wanted));
-        if (match.place >= 0)
-            matches[taken++] = match;
+        const char *place = isWhereItWas(match, name)
+                                ? name.begin() + match.place
+                                : finder.find(name.begin(), name.end(), m_lowered.allBytes().end());
+        if (place)
+            matches[taken++] = {match.row, static_cast<int>(place - name.begin())};
     }
     matches.resize(taken);
     return true;
@@ -161,7 +155,8 @@ void SongNames::takeByText(const QByteArray &wanted, std::vector<SongMatch> &mat
     std::size_t taken = 0;
     int row = 0;
     matches.resize(m_letters.size());
-    for (const char *at = finder.find(all.begin(), all.end()); at; at = finder.find(at, all.end())) {
+    for (const char *at = finder.find(all.begin(), all.end(), all.end()); at;
+         at = finder.find(at, all.end(), all.end())) {
         while (m_lowered.bytes(row).end() <= at)
             ++row;
         const QByteArrayView name = m_lowered.bytes(row);
