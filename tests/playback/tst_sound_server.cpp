@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <csignal>
 #include <cstring>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -20,33 +22,50 @@ namespace
 constexpr int patienceMs = 20000;
 constexpr int rate = 44100;
 
-// A PulseAudio whose only device is nobody's, and a recorder of what it plays.
+constexpr char pulseAudio[] = "exec pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no "
+                              "-L 'module-null-sink rate=44100 sink_name=nobody' "
+                              "-L \"module-native-protocol-unix auth-anonymous=1 socket=$XDG_RUNTIME_DIR/socket\"";
+constexpr char pipeWire[] = "exec dbus-run-session sh -c 'pipewire & wireplumber & pipewire-pulse & "
+                            "until pactl load-module module-null-sink sink_name=nobody; do sleep 0.1; done; "
+                            "pactl set-default-sink nobody; wait'";
+
+// A sound server whose only device is nobody's, and a recorder of what it plays.
 struct Server {
     Server()
     {
-        const QString socket = folder.hostPath() + u"/socket"_s;
-        qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(socket));
+        QFETCH_GLOBAL(const QString, socket);
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder.hostPath()));
+        qputenv("PULSE_SERVER", QFile::encodeName(u"unix:"_s + folder.hostPath() + socket));
+        process.setChildProcessModifier([] { setsid(); });
+        process.setStandardErrorFile(QProcess::nullDevice());
+        process.setStandardOutputFile(QProcess::nullDevice());
         start();
     }
     ~Server() { end(); }
 
     void start()
     {
-        process.start(u"pulseaudio"_s,
-                      {u"-n"_s, u"--daemonize=no"_s, u"--exit-idle-time=-1"_s, u"--use-pid-file=no"_s, u"-L"_s,
-                       u"module-null-sink rate=44100"_s, u"-L"_s,
-                       u"module-native-protocol-unix auth-anonymous=1 socket="_s + folder.hostPath() + u"/socket"_s});
-        QTRY_COMPARE_WITH_TIMEOUT(QProcess::execute(u"pactl"_s, {u"info"_s}), 0, patienceMs);
+        QFETCH_GLOBAL(const QString, command);
+        process.start(u"sh"_s, {u"-c"_s, command});
+        QTRY_COMPARE_WITH_TIMEOUT(device(), "nobody", patienceMs);
         recorder.start(u"parec"_s, {u"--raw"_s, u"--format=float32"_s, u"--channels=1"_s, u"--latency-msec=10"_s});
         QTRY_VERIFY_WITH_TIMEOUT(recorder.bytesAvailable() > 0, patienceMs);
     }
 
     void end()
     {
-        for (QProcess *each : {&recorder, &process}) {
-            each->kill();
-            each->waitForFinished();
-        }
+        recorder.kill();
+        recorder.waitForFinished();
+        ::kill(static_cast<pid_t>(-process.processId()), SIGKILL);
+        process.waitForFinished();
+    }
+
+    static QByteArray device()
+    {
+        QProcess pactl;
+        pactl.start(u"pactl"_s, {u"get-default-sink"_s});
+        pactl.waitForFinished();
+        return pactl.readAllStandardOutput().trimmed();
     }
 
     // The loudness of each tenth of a second heard so far.
@@ -77,12 +96,20 @@ class SoundServerTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("socket");
+        QTest::newRow("PulseAudio") << QString::fromLatin1(pulseAudio) << u"/socket"_s;
+        QTest::newRow("PipeWire") << QString::fromLatin1(pipeWire) << u"/pulse/native"_s;
+    }
+
     void initTestCase()
     {
         qunsetenv("KIV_MP3_SOUND");
-        if (QStandardPaths::findExecutable(u"pulseaudio"_s).isEmpty() ||
-            QStandardPaths::findExecutable(u"parec"_s).isEmpty())
-            QSKIP("no PulseAudio is installed");
+        for (const QString &program : {u"pulseaudio"_s, u"parec"_s, u"pipewire-pulse"_s, u"wireplumber"_s})
+            if (QStandardPaths::findExecutable(program).isEmpty())
+                QSKIP(qPrintable(program + u" is not installed"_s));
     }
 
     void songsFollowEachOtherAndLoudnessIsHeardAtOnce()
