@@ -40,7 +40,8 @@ void SongDisplay::showTime()
 {
     const double position = m_player.positionSeconds();
     const double length = m_player.lengthSeconds();
-    m_controls.Text1.setText(timeText(position, length));
+    const QString time = timeText(position, length);
+    m_controls.Text1.setText(m_player.isDeviceMissing() ? u"No sound  "_s + time : time);
     m_controls.HScroll1.setMax(roundToInt16(length));
     m_controls.HScroll1.setValue(roundToInt16(position));
     if (m_controls.VScroll1.Value() != m_player.volume())

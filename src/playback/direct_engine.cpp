@@ -3,7 +3,6 @@
 
 #include "base/names.h"
 #include "platform/drives.h"
-#include "platform/terminal.h"
 #include "playback/play_fault.h"
 
 #include <algorithm>
@@ -182,11 +181,6 @@ std::optional<SoundThread::Facts> DirectEngine::facts() const
 
 void DirectEngine::takeFacts()
 {
-    const std::optional<SoundThread::Facts> now = facts();
-    if (!now)
-        return;
-    if (now->isSilent && !m_isLackReported)
-        printError("no sound device can be reached: the song goes on silently");
-    m_isLackReported = now->isSilent;
-    Q_EMIT stateChanged();
+    if (facts())
+        Q_EMIT stateChanged();
 }

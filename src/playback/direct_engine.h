@@ -58,6 +58,5 @@ private:
     quint64 m_seek = 0; // The number of the last seek in it.
     quint64 m_seeks = 0;
     double m_place = 0; // Where that seek goes; shown until it is done.
-    bool m_isLackReported = false;
     std::unique_ptr<SoundThread> m_thread;
 };

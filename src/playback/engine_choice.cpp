@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playback/engine_choice.h"
 
+#include "platform/terminal.h"
+
 namespace
 {
 bool isForDirectEngine(const QString &path)
@@ -19,6 +21,8 @@ EngineChoice::EngineChoice(QObject *parent) : MediaEngine(parent)
         if (MpvCore::isInstalled())
             goOnWithMpv();
     });
+    // Not before the song has gone over to libmpv, which may know a device.
+    connect(this, &MediaEngine::stateChanged, this, &EngineChoice::reportDevice, Qt::QueuedConnection);
 }
 
 void EngineChoice::forward(MediaEngine &engine)
@@ -62,4 +66,15 @@ void EngineChoice::goOnWithMpv()
         m_mpv.play();
     if (place > 0)
         m_mpv.setCurrentPosition(place);
+}
+
+// Once, until a song is heard again.
+void EngineChoice::reportDevice()
+{
+    if (!isPlaying())
+        return;
+    const bool isMissing = isDeviceMissing();
+    if (isMissing && !m_isLackReported)
+        printError("no sound device can be reached: songs play silently");
+    m_isLackReported = isMissing;
 }

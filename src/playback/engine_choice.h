@@ -35,8 +35,10 @@ public:
 private:
     void forward(MediaEngine &engine);
     void goOnWithMpv();
+    void reportDevice();
 
     DirectEngine m_direct;
     MpvEngine m_mpv;
     MediaEngine *m_engine = &m_direct; // The one for the song at hand.
+    bool m_isLackReported = false;
 };

@@ -4,7 +4,6 @@
 // libmpv's own threads call wake(), which only queues drain() on the user-interface thread.
 #include "playback/mpv_core.h"
 
-#include "platform/terminal.h"
 #include "playback/loaded_library.h"
 
 #include <QElapsedTimer>
@@ -153,6 +152,7 @@ struct MpvCore::Functions : LoadedLibrary {
     Function<decltype(::mpv_set_option_string)> set_option_string{*this, "mpv_set_option_string"};
     Function<decltype(::mpv_set_property_async)> set_property_async{*this, "mpv_set_property_async"};
     Function<decltype(::mpv_get_property_async)> get_property_async{*this, "mpv_get_property_async"};
+    Function<decltype(::mpv_observe_property)> observe_property{*this, "mpv_observe_property"};
     Function<decltype(::mpv_command_async)> command_async{*this, "mpv_command_async"};
     Function<decltype(::mpv_wait_event)> wait_event{*this, "mpv_wait_event"};
     Function<decltype(::mpv_set_wakeup_callback)> set_wakeup_callback{*this, "mpv_set_wakeup_callback"};
@@ -205,6 +205,7 @@ bool MpvCore::start(int hundredthsOfDecibel)
     setOption("demuxer-lavf-o", "protocol_whitelist=file,format_whitelist=" + formats);
     setOption("volume", QByteArray::number(mpvVolume(hundredthsOfDecibel), 'g', 17));
     m_mpv->set_wakeup_callback(m_handle, wake, this);
+    m_mpv->observe_property(m_handle, noSerial, "current-ao", MPV_FORMAT_STRING);
     return m_mpv->initialize(m_handle) >= 0;
 }
 
@@ -217,14 +218,14 @@ void MpvCore::setOption(const char *name, const QByteArray &value)
 void MpvCore::chooseOutput()
 {
     const QByteArray wanted = qgetenv("KIV_MP3_SOUND");
-    m_isSilenceExpected = wanted == "null";
+    m_isSilenceWanted = wanted == "null";
     if (wanted.startsWith("pcm:")) {
         for (const Option &option : recordedOutput)
             setOption(option.name, option.value);
         m_isRecording = true;
         setOption("ao-pcm-file", wanted.mid(4));
     } else {
-        setOption("ao", m_isSilenceExpected ? "null" : deviceOutputs);
+        setOption("ao", m_isSilenceWanted ? "null" : deviceOutputs);
     }
 }
 
@@ -257,8 +258,13 @@ bool MpvCore::setVolume(int hundredthsOfDecibel)
     if (!m_isDeviceOpen || !m_isFarAhead || m_isRecording)
         return false;
     setFarAhead(false);
-    command({"ao-reload"});
+    reopenDevice();
     return true;
+}
+
+void MpvCore::reopenDevice()
+{
+    command({"ao-reload"});
 }
 
 // Counts for the device that is opened next.
@@ -334,7 +340,6 @@ void MpvCore::deliver(const mpv_event &event)
         break;
     case MPV_EVENT_PLAYBACK_RESTART:
         m_isDeviceOpen = true;
-        m_mpv->get_property_async(m_handle, noSerial, "current-ao", MPV_FORMAT_STRING);
         m_listener.soundStarted();
         break;
     case MPV_EVENT_END_FILE:
@@ -342,6 +347,9 @@ void MpvCore::deliver(const mpv_event &event)
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
         deliverAnswer(event);
+        break;
+    case MPV_EVENT_PROPERTY_CHANGE:
+        noteDevice(*static_cast<mpv_event_property *>(event.data));
         break;
     default:
         break;
@@ -366,8 +374,15 @@ void MpvCore::deliverAnswer(const mpv_event &event)
     } else if (qstrcmp(property.name, "audio-pts") == 0) {
         if (isKnown)
             m_listener.positionAnswered(event.reply_userdata, *static_cast<double *>(property.data));
-    } else if (isKnown && !m_isSilenceExpected && qstrcmp(*static_cast<char **>(property.data), "null") == 0) {
-        m_isSilenceExpected = true; // One notice is enough.
-        printError("no sound device can be opened: songs play silently");
     }
+}
+
+// An output was opened. Between songs there is none, which says nothing about the device.
+void MpvCore::noteDevice(const mpv_event_property &output)
+{
+    if (output.format != MPV_FORMAT_STRING || m_isSilenceWanted)
+        return;
+    const bool isMissing = qstrcmp(*static_cast<char **>(output.data), "null") == 0;
+    if (std::exchange(m_isDeviceMissing, isMissing) != isMissing)
+        m_listener.deviceChanged();
 }

@@ -23,6 +23,7 @@ public:
     virtual void songFailed(qint64 entry, MpvFailure failure, const QString &reason) = 0;
     virtual void positionAnswered(quint64 serial, double seconds) = 0;
     virtual void durationAnswered(quint64 serial, double seconds) = 0; // 0: not known.
+    virtual void deviceChanged() = 0;                                  // isDeviceMissing() is another.
 
 protected:
     ~MpvListener() = default;
@@ -51,6 +52,12 @@ public:
     /// True when the sound device was closed and opened anew for it: the caller seeks to where the song was.
     bool setVolume(int hundredthsOfDecibel);
 
+    /// Is there no device, so that songs play to nobody?
+    bool isDeviceMissing() const { return m_isDeviceMissing; }
+
+    /// Looks for a device again. The caller seeks to where the song was, as after setVolume().
+    void reopenDevice();
+
     /// Answered by positionAnswered() (not at all when there is no position) and durationAnswered().
     void askPosition(quint64 serial);
     void askDuration(quint64 serial);
@@ -68,13 +75,15 @@ private:
     void deliver(const struct mpv_event &event);
     void deliverEnd(const struct mpv_event_end_file &end);
     void deliverAnswer(const struct mpv_event &event);
+    void noteDevice(const struct mpv_event_property &output);
 
     MpvListener &m_listener;
     std::unique_ptr<Functions> m_mpv;
     struct mpv_handle *m_handle = nullptr;
-    bool m_isSilenceExpected = false; // No sound device is wanted, or its lack was reported.
-    bool m_isRecording = false;       // The output is a file.
-    bool m_isDeviceOpen = false;      // A song has sounded since libmpv was idle.
-    bool m_isFarAhead = true;         // How far the sound device is, or will be, filled.
-    bool m_isIdle = true;             // No song, and the sound device is closed.
+    bool m_isSilenceWanted = false; // No sound device is wanted.
+    bool m_isDeviceMissing = false;
+    bool m_isRecording = false;  // The output is a file.
+    bool m_isDeviceOpen = false; // A song has sounded since libmpv was idle.
+    bool m_isFarAhead = true;    // How far the sound device is, or will be, filled.
+    bool m_isIdle = true;        // No song, and the sound device is closed.
 };

@@ -20,6 +20,7 @@ constexpr int silentVolume = -10000;
 constexpr int longestDeferralMs = 2000;
 constexpr int clockTrustMs = 4000;   // So long the position is shown unchecked.
 constexpr int seekPatienceMs = 1000; // So long a position far from the seek's target is taken for an old one.
+constexpr int deviceTrialMs = 3000;
 constexpr double visibleJumpSeconds = 0.2;
 
 PlayFault faultOf(MpvFailure failure)
@@ -41,6 +42,7 @@ MpvEngine::MpvEngine(QObject *parent) : MediaEngine(parent)
 {
     m_requestTimer.setSingleShot(true);
     connect(&m_requestTimer, &QTimer::timeout, this, &MpvEngine::carryOutRequest);
+    connect(&m_deviceTimer, &QTimer::timeout, this, &MpvEngine::lookForDevice);
 }
 
 MpvEngine::~MpvEngine() = default;
@@ -197,6 +199,7 @@ void MpvEngine::setClock(double seconds)
 {
     m_clock.setRunning(isPlaying());
     m_clock.set(seconds);
+    watchDevice();
 }
 
 // Reading the position corrects it from time to time; while nobody reads it, nothing wakes up.
@@ -221,6 +224,33 @@ void MpvEngine::seekTo(double seconds)
     m_seekTarget = seconds;
     m_sinceSeek.start();
     m_core->seek(seconds);
+}
+
+bool MpvEngine::isDeviceMissing() const
+{
+    return m_song != Song::None && m_core->isDeviceMissing();
+}
+
+void MpvEngine::deviceChanged()
+{
+    watchDevice();
+    Q_EMIT stateChanged();
+}
+
+void MpvEngine::watchDevice()
+{
+    const bool isWanted = isPlaying() && isDeviceMissing();
+    if (!isWanted)
+        m_deviceTimer.stop();
+    else if (!m_deviceTimer.isActive())
+        m_deviceTimer.start(deviceTrialMs);
+}
+
+// The song is heard again as soon as it can be, not only the next one.
+void MpvEngine::lookForDevice()
+{
+    m_core->reopenDevice();
+    seekTo(currentPosition());
 }
 
 void MpvEngine::fail(PlayFault fault, const QString &detail)

@@ -42,6 +42,7 @@ public:
     void setVolume(int hundredthsOfDecibel) override;
     bool isPlaying() const override;
     bool isPaused() const override;
+    bool isDeviceMissing() const override;
 
 private:
     enum class Request { None, Open, OpenAndPlay };           // What the zero timer will carry out.
@@ -58,6 +59,8 @@ private:
     bool isOpen() const { return m_request == Request::None && m_song >= Song::Open; }
     void seek();
     void seekTo(double seconds);
+    void watchDevice();
+    void lookForDevice();
     void fail(PlayFault fault, const QString &detail = {});
     bool isCurrent(qint64 entry) const;
 
@@ -69,6 +72,7 @@ private:
     void songFailed(qint64 entry, MpvFailure failure, const QString &reason) override;
     void positionAnswered(quint64 serial, double seconds) override;
     void durationAnswered(quint64 serial, double seconds) override;
+    void deviceChanged() override;
 
     std::unique_ptr<MpvCore> m_core; // Null until the first song.
     QString m_fileName;
@@ -90,4 +94,6 @@ private:
     mutable QElapsedTimer m_sinceAsked; // Since libmpv was last asked for the position.
     std::optional<double> m_seekTarget; // The position shown until the seek is done.
     QElapsedTimer m_sinceSeek;
+
+    QTimer m_deviceTimer; // Runs while a song plays to no device.
 };

@@ -78,6 +78,9 @@ public:
     /// Does the position move on by itself just now?
     bool isMoving() const { return m_engine.isPlaying(); }
 
+    /// Does the song go on silently, until there is a sound device?
+    bool isDeviceMissing() const { return m_engine.isDeviceMissing(); }
+
     /// Position and length of the open song in seconds; 0 when there is none, or it is not known (yet).
     double positionSeconds() const { return m_engine.currentPosition(); }
     double lengthSeconds() const { return m_engine.duration(); }
@@ -114,7 +117,7 @@ Q_SIGNALS:
     /// playingPath() or isPaused() may be another.
     void songChanged();
 
-    /// Position, length or isMoving() changed otherwise than by the passing of time.
+    /// Position, length, isMoving() or isDeviceMissing() changed otherwise than by the passing of time.
     void stateChanged();
 
     void volumeChanged();

@@ -258,13 +258,13 @@ void SoundThread::publish()
         facts.duration = seconds(m_decoder->length());
         facts.isSilent = m_output->reach() > SoundOutput::Reach::Heard;
     }
-    QMutexLocker lock(&m_mutex);
-    const Facts before = std::exchange(m_facts, facts);
-    lock.unlock();
-    const SoundOutput::Reach reach = m_output->reach();
+    const SoundOutput::Reach reach = m_output->reach(); // The signal comes before anybody sees that it is silent.
     if (m_decoder && reach != SoundOutput::Reach::Unknown && !std::exchange(m_isServerKnown, true) &&
         reach == SoundOutput::Reach::NoServer)
         Q_EMIT serverMissed(facts.song);
+    QMutexLocker lock(&m_mutex);
+    const Facts before = std::exchange(m_facts, facts);
+    lock.unlock();
     if (facts.song != before.song || facts.seek != before.seek || facts.duration != before.duration ||
         facts.isSilent != before.isSilent || facts.clock.isRunning() != before.clock.isRunning() ||
         std::abs(facts.clock.seconds() - before.clock.seconds()) > visibleJumpSeconds)

@@ -123,6 +123,8 @@ private Q_SLOTS:
             QTRY_COMPARE(display(), shown);
         }
         QCOMPARE(m_stand->takeCalls(), u""_s); // Showing never seeks.
+        m_stand->engine.loseDevice();
+        QTRY_COMPARE(display(), u"No sound  0:00/0:09 0 9"_s);
     }
 
     void onlyTheThumbSeeks()

@@ -44,6 +44,12 @@ public:
         setPosition(positionSeconds);
     }
 
+    void loseDevice()
+    {
+        m_isDeviceMissing = true;
+        Q_EMIT stateChanged();
+    }
+
     QString fileName() const override { return m_fileName; }
     void setFileName(const QString &path) override
     {
@@ -86,6 +92,7 @@ public:
     }
     bool isPlaying() const override { return m_isPlaying; }
     bool isPaused() const override { return m_isPaused; }
+    bool isDeviceMissing() const override { return m_isDeviceMissing; }
 
 private:
     void setPosition(double seconds)
@@ -105,5 +112,6 @@ private:
     int m_volume = 0;
     bool m_isPlaying = false;
     bool m_isPaused = false;
+    bool m_isDeviceMissing = false;
     QStringList m_calls;
 };
