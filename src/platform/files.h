@@ -61,8 +61,11 @@ struct FileContents {
     QByteArray bytes;
 };
 
-/// A small file as a whole. Too large a one counts as unreadable: nothing of the player's own gets that large.
-FileContents loadFile(const QString &path);
+/// A play list of a million songs takes a fifth of it.
+constexpr qint64 longestFile = qint64(1) << 28;
+
+/// A small file as a whole. One that is longer than what can be meant counts as unreadable.
+FileContents loadFile(const QString &path, qint64 longest = longestFile);
 
 /// False while loadFile() could not read what is there.
 bool mayReplace(const QString &path);

@@ -13,8 +13,6 @@
 
 namespace
 {
-constexpr qint64 longestFile = 1 << 28; // A play list of a million songs takes a fifth of it.
-
 // What is there but could not be read.
 QSet<QByteArray> unreadFiles;
 
@@ -141,14 +139,15 @@ bool ByteFile::flush()
     return ::fsync(m_handle) == 0;
 }
 
-FileContents loadFile(const QString &path)
+FileContents loadFile(const QString &path, qint64 longest)
 {
     const auto file = ByteFile::open(path, ByteFile::Access::Read);
-    const bool isSmall = file && file->length() <= longestFile;
-    const auto bytes = isSmall ? file->readAt(0, file->length()) : std::nullopt;
+    const bool isTooLong = file && file->length() > longest;
+    const auto bytes = file && !isTooLong ? file->readAt(0, file->length()) : std::nullopt;
     const bool isFailure = !bytes && (file || !isMissing(path));
     if (isFailure && mayReplace(path))
-        qWarning("%s cannot be read and is left as it is", qUtf8Printable(displayPath(path)));
+        qWarning("%s %s and is left as it is", qUtf8Printable(displayPath(path)),
+                 isTooLong ? "is far too large" : "cannot be read");
     if (isFailure)
         unreadFiles += hostPath(path);
     else

@@ -23,6 +23,13 @@ static_assert(keyNames.size() == static_cast<std::size_t>(Setting::ShortCut) + 1
 // Settings that could not be read when they were asked for: what the program took instead is no reason to lose them.
 std::array<bool, keyNames.size()> unread = {};
 
+// What is longer is no settings file, and would hold up the start.
+FileContents loadSettings(const QString &file)
+{
+    constexpr qint64 longestSettings = 1 << 20;
+    return loadFile(file, longestSettings);
+}
+
 std::size_t indexOf(Setting setting)
 {
     return static_cast<std::size_t>(setting);
@@ -32,12 +39,12 @@ std::size_t indexOf(Setting setting)
 QString ReadIniKey(const QString &section, QString &key, const QString &file)
 {
     key = key.toLower();
-    return iniValue(decodeTextFile(loadFile(file).bytes), section, key);
+    return iniValue(decodeTextFile(loadSettings(file).bytes), section, key);
 }
 
 void WriteIniKey(const QString &section, const QString &key, const QString &value, const QString &file)
 {
-    const FileContents contents = loadFile(file);
+    const FileContents contents = loadSettings(file);
     if (contents.reading == Reading::Failed)
         return;
     const QString text = decodeTextFile(contents.bytes);
@@ -51,7 +58,7 @@ QString settingKey(Setting setting)
 
 bool settingsAreMissing()
 {
-    return loadFile(paths::settingsFile).reading == Reading::Missing;
+    return loadSettings(paths::settingsFile).reading == Reading::Missing;
 }
 
 QString readSetting(Setting setting)

@@ -128,6 +128,11 @@ private Q_SLOTS:
             const QByteArray left = loadFile(paths::settingsFile).bytes;
             QVERIFY2(left == written || (fate == Fate::Met && left == stored), left + QByteArray::number(step));
         }
+        const QByteArray absurd = stored + QByteArray(2 << 20, '\0');
+        QVERIFY(saveFile(paths::settingsFile, absurd));
+        QVERIFY(readSetting(Setting::Volume).isEmpty() && !settingsAreMissing());
+        writeSetting(Setting::Volume, u"-7"_s);
+        QVERIFY(loadFile(paths::settingsFile).bytes == absurd);
         QVERIFY(removeFile(paths::settingsFile) && settingsAreMissing());
     }
 };
