@@ -6,7 +6,6 @@
 #include "platform/files.h"
 #include "platform/folders.h"
 #include "settings/settings_store.h"
-#include "settings/window_rules.h"
 #include "tests/app/main_window_stand.h"
 
 #include <QContextMenuEvent>
@@ -45,12 +44,12 @@ private Q_SLOTS:
 
     void theStoredVolumeIsTakenOrTheEngines()
     {
-        for (const auto &stored : {u"-600"_s, u"0"_s, u""_s, u"abc"_s, u"1"_s, u"-2291"_s}) {
+        for (const auto &stored : {u"-2290"_s, u"0"_s, u""_s, u"abc"_s, u"1"_s, u"-2291"_s}) {
             writeSetting(Setting::Volume, stored);
             MainWindowStand stand;
             stand.engine.setVolume(-100);
             stand.window.Load();
-            QCOMPARE(stand.window.VScroll1.Value(), stored == u"-600"_s ? -600 : -100);
+            QCOMPARE(stand.window.VScroll1.Value(), stored == u"-2290"_s ? -2290 : -100);
             QCOMPARE(stand.engine.volume(), stand.window.VScroll1.Value());
         }
     }
@@ -85,6 +84,8 @@ private Q_SLOTS:
         stand.window.HScroll1.setRange(0, 100);
         stand.window.HScroll1.setValue(42);
         const QSignalSpy unloaded(&stand.window, &Mp3Frm::unloaded);
+        QTest::keyClick(&stand.window, Qt::Key_Escape);
+        QCOMPARE(unloaded.size(), 0);
         stand.window.close();
         QCOMPARE(unloaded.size(), 1);
         QCOMPARE(loadFile(paths::settingsFile).bytes, before);
@@ -109,6 +110,7 @@ private Q_SLOTS:
         stand.window.show();
         QVERIFY(list.isVisible() && !stand.window.File1.isVisible());
         list.setFocus();
+        QTest::keyClick(&list, Qt::Key_Return);
         QCOMPARE(stand.takeCalls(), u""_s);
         clickRow(list, 0);
         QCOMPARE(stand.takeCalls(), u"FileName Song.mp3, Play"_s);
@@ -175,7 +177,11 @@ private Q_SLOTS:
         QCOMPARE(songs.pointedSong(), u"Song.wma"_s);
         QTest::mouseClick(stand.window.List1.viewport(), Qt::RightButton, {}, {5, 170}); // Beside the songs.
         QCOMPARE(songs.pointedSong(), QString());
-        QCOMPARE(requests.size(), 4);
+        stand.window.List1.setListIndex(1);
+        stand.takeCalls();
+        QCoreApplication::sendEvent(&stand.window, &key); // For the list in front.
+        QCOMPARE(songs.pointedSong(), u"Song.wma"_s);
+        QCOMPARE(requests.size(), 5);
         QCOMPARE(stand.takeCalls(), u""_s);
     }
 
@@ -193,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(tipAt(1), QString());
         QCOMPARE(songs.pointedSong(), u"b.mp3"_s);
         control<CheckBox>(stand.options, u"Check2"_s).setState(1);
-        QCOMPARE(tipOf(list, -1), songListHint(true));
+        QCOMPARE(tipOf(list, -1), u"Click Song To Start Display Data."_s);
         QCOMPARE(tipAt(1), u"Name=b Time=0:00 Size="_s + Mp3Info::FormatFileSize(8)); // Pointed at already.
         QCOMPARE(list.toolTip(), QString());                                          // No hint any more.
         QuickHeader header;

@@ -158,10 +158,15 @@ private Q_SLOTS:
     {
         Stand stand;
         const QObject context;
-        bool splashFirst = false;
-        QTimer::singleShot(0, &context, [&] { splashFirst = shownWindows() == u"Splash"_s; });
+        QTimer timer;
+        double filled = 0;
+        connect(&timer, &QTimer::timeout, &context, [&] {
+            if (shownWindows() == u"Splash"_s)
+                filled = control<ProgressBar>(skinWindow(u"Splash"_s), u"ProgBar"_s).fraction();
+        });
+        timer.start();
         QVERIFY(stand.program.start({}));
-        QVERIFY(splashFirst);
+        QCOMPARE(filled, 1.0);
         QCOMPARE(shownWindows(), u"Mp3Frm"_s);
         QVERIFY(!stand.program.mainWindow().Timer1.Enabled());
     }
@@ -250,6 +255,20 @@ private Q_SLOTS:
         QFETCH(QString, close);
         control<Label>(skinWindow(shown.section(u' ', 0, 0)), close).press();
         QCOMPARE(shownWindows(), u"Mp3Frm Playlist"_s);
+    }
+
+    void aboutTellsOfTheSystemAnewEachTime()
+    {
+        const Stand stand;
+        SkinWindow &about = skinWindow(u"About"_s);
+        const auto &processes = control<ListBox>(about, u"lstProcesses"_s);
+        about.show();
+        QVERIFY(!control<Label>(about, u"labSystem"_s).Caption().isEmpty());
+        control<Label>(about, u"cmdProcesses"_s).press();
+        QVERIFY(processes.isVisible() && processes.items().toStringList().join(u' ').contains(u"tst_program"_s));
+        control<Label>(about, u"cmdOk"_s).press();
+        about.show();
+        QVERIFY(!processes.isVisible());
     }
 
     void thePlayListLiesUnderTheMainWindow()

@@ -131,15 +131,21 @@ private Q_SLOTS:
         QTest::keyClick(&volume, Qt::Key_Up);
         QCOMPARE(volume.Value(), -2285);
         volume.setWheelStep(100);
-        for (const int turned : {120, 60, 30, 30, -240}) { // In notches of 120, or finer.
+        for (const int turned : {120, 60, 45, 15, -240}) { // In notches of 120, or finer.
             QWheelEvent wheel({10, 10}, volume.mapToGlobal(QPointF(10, 10)), {}, {0, turned}, {}, {}, Qt::NoScrollPhase,
                               false);
             QCoreApplication::sendEvent(&volume, &wheel);
             notches += QString::number((volume.Value() + 2285) / 5) + u' ';
         }
-        QCOMPARE(notches, u"20 30 35 40 0 "_s);
+        QCOMPARE(notches, u"20 30 37 40 0 "_s);
         volume.setValue(-3000);
         QCOMPARE(volume.Value(), -2290);
+        using Actions = QAccessibleActionInterface;
+        for (const auto &[action, value] :
+             {std::pair(Actions::increaseAction(), -2285), {Actions::decreaseAction(), -2290}}) {
+            QAccessible::queryAccessibleInterface(&volume)->actionInterface()->doAction(action);
+            QCOMPARE(volume.Value(), value);
+        }
         const QPoint thumb = thumbOf(volume);
         QTest::mousePress(&volume, Qt::LeftButton, {}, thumb);
         send(volume, QEvent::MouseMove, volume.mapToGlobal(QPoint(thumb.x(), 0)), Qt::NoButton, Qt::LeftButton);
@@ -252,7 +258,10 @@ private Q_SLOTS:
             QCOMPARE(clicks.size(), 4);
             QTest::mouseClick(widget, Qt::RightButton);
             QTest::keyClick(widget, Qt::Key_A);
+            QTest::mouseMove(widget);
+            const QImage idle = widget->grab().toImage();
             QTest::mousePress(widget, Qt::LeftButton);
+            QVERIFY(widget->grab().toImage() != idle);
             QTest::mouseRelease(widget, Qt::LeftButton, {}, {500, 5}); // Thought better of it.
             widget->setEnabled(false);
             seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
@@ -287,12 +296,14 @@ private Q_SLOTS:
             return lit;
         };
         const int whole = ink(label.rect());
+        const QImage start = window.grab().toImage();
         QVERIFY(whole > 100);
         QCOMPARE(ink(fromRight ? QRect(0, 0, 150, 40) : QRect(250, 0, 150, 40)), 0);
         for (qsizetype turn = 1; turn <= title.size(); ++turn) {
             title = title.sliced(1) + title[0];
             label.setCaption(title);
             QVERIFY2(std::abs(ink(label.rect()) - whole) < 20, qPrintable(title)); // A letter may be cut, by a pixel.
+            QVERIFY(turn == title.size() || window.grab().toImage() != start);
         }
         QCOMPARE(ink(label.rect()), whole);
     }
@@ -467,6 +478,8 @@ private Q_SLOTS:
         QTRY_COMPARE(told, QList({true, false, true}));
         const QSignalSpy closing(&window, &SkinWindow::closeRequested);
         QVERIFY(!window.close());
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, {}, {}, true); // It has closed another one.
+        QCoreApplication::sendEvent(&window, &held);
         QVERIFY(window.isVisible() && closing.size() == 1);
         window.hide();
         QCOMPARE(told, QList({true, false, true, false}));

@@ -21,6 +21,8 @@ private Q_SLOTS:
         QCOMPARE(tools.formatMp3.File1.ListIndex(), 0);
         QCOMPARE(tools.formatMp3.Text1.Text(), u"01-band - Song.mp3"_s);
         QCOMPARE(tools.songList.pointedSong(), u"band-song.mp3"_s);
+        tools.formatMp3.Dir1.readPath(tools.folder.path()); // Opened once more.
+        QCOMPARE(tools.formatMp3.File1.ListIndex(), 0);
         QVERIFY(tools.tagEdit.isVisible());
         QVERIFY(QTest::qWaitForWindowExposed(&tools.tagEdit));
         QCOMPARE(control<TextBox>(tools.tagEdit, u"Year"_s).Text(), u"1999"_s);
@@ -75,6 +77,8 @@ private Q_SLOTS:
         tools.openOn(u"a.mp3"_s);
         for (const QString &name : {u"up/down.mp3"_s, QString(), u"b.mp3"_s, u"a.mp3"_s}) {
             tools.formatMp3.Text1.setText(name);
+            auto *typedMeanwhile = new QKeyEvent(QEvent::KeyPress, Qt::Key_X, {}, u"x"_s);
+            QCoreApplication::postEvent(&tools.formatMp3.Text1, typedMeanwhile);
             tools.formatMp3.Label1.press();
             QCOMPARE(tools.formatMp3.Text1.Text(), name);
         }
@@ -104,6 +108,10 @@ private Q_SLOTS:
         QCOMPARE(tools.takeCalls(), u"FileName song - artist.mp3, Play, FileName song - artist.mp3, Play"_s);
         QTest::keyClick(&files, Qt::Key_Delete);
         QCOMPARE(files.ListCount(), 1); // No was said.
+        takeBoxes();
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Delete, {}, {}, true);
+        QCoreApplication::sendEvent(&files, &held);
+        QCOMPARE(takeBoxes(), QStringList());
         MsgBox::answerFromNowOn({MsgBox::Answer::Yes, MsgBox::Answer::Yes});
         QTest::keyClick(&files, Qt::Key_Delete);
         QCOMPARE(files.ListCount(), 0);
@@ -129,6 +137,8 @@ private Q_SLOTS:
         press(Qt::Key_Plus);
         QCOMPARE(tools.engine.volume(), 0);
         press(Qt::Key_Minus);
+        QCOMPARE(tools.engine.volume(), -5);
+        QTest::keyClick(&tools.formatMp3.File1, Qt::Key_Minus); // It may begin a name.
         QCOMPARE(tools.engine.volume(), -5);
         tools.player.setVolume(-2288);
         press(Qt::Key_Minus);

@@ -6,9 +6,11 @@
 #include "tests/filetools/name_tools.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMenu>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
@@ -130,8 +132,12 @@ private Q_SLOTS:
         stand.choose(DeleteSongItem);
         QCOMPARE(stand.File1.items().toStringList(), QStringList(u"b.mp3"_s));
         QCOMPARE(stand.List1.ListCount(), 2);
+        QSignalSpy changes(&stand.songList, &SongFolder::changed); // The desktop's keys follow these.
         stand.choose(RefreshItem);
         QCOMPARE(stand.List1.ListCount(), 1);
+        QCOMPARE(changes.size(), 1);
+        stand.File1.setListIndex(0);
+        QCOMPARE(changes.size(), 2);
         takeBoxes();
         stand.choose(DeleteSongItem); // It is gone already.
         QCOMPARE(takeBoxes(), QStringList());
@@ -154,13 +160,16 @@ private Q_SLOTS:
         QVERIFY(!qobject_cast<QMenu *>(QApplication::activePopupWidget())->actions()[0]->isEnabled());
         QApplication::activePopupWidget()->close();
         QTRY_VERIFY(!stand.formatMp3.MoveMenuOpen);
-
         QTest::mousePress(&stand.formatMp3.Text1, Qt::RightButton);
         QVERIFY(!QApplication::activePopupWidget());
         QTest::mousePress(&stand.formatMp3.Text1, Qt::MiddleButton);
         QCOMPARE(QApplication::activePopupWidget()->objectName(), u"mnuMp3NameItem"_s);
         qobject_cast<QMenu *>(QApplication::activePopupWidget())->actions().first()->trigger();
         QTRY_COMPARE(stand.formatMp3.Text1.Text(), u"Ärger & Söhne - Blue Café.mp3"_s); // Without padding NULs.
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        QCoreApplication::sendEvent(&stand.formatMp3.Text1, &key);
+        QCOMPARE(QApplication::activePopupWidget()->objectName(), u"mnuMp3NameItem"_s);
+        QApplication::activePopupWidget()->close();
     }
 
     void movesThePointedFile_data()
@@ -199,6 +208,19 @@ private Q_SLOTS:
         const bool moved = boxes == 1 && answer == MsgBox::Answer::Yes;
         QCOMPARE(stand.formatMp3.File1.ListCount(), moved ? 0 : 1);
         QCOMPARE(stand.folder.bytesOf(moved ? u"new/a.mp3"_s : u"a.mp3"_s), song);
+    }
+
+    void enterLosesNothingForGood()
+    {
+        ShellWindows windows;
+        windows.mayReplace({});
+        windows.mayDeleteForGood({});
+        windows.mayTrash({});
+        QList<MsgBox::Buttons> buttons;
+        for (const MsgBox::Shown &box : MsgBox::takeShown())
+            buttons += box.buttons;
+        using enum MsgBox::Buttons;
+        QCOMPARE(buttons, QList({YesNoAtRisk, YesNoAtRisk, YesNo}));
     }
 
     void aLongCopyCanBeStopped()

@@ -9,6 +9,7 @@ USED = {"push button", "check box", "combo box", "slider", "list"}
 TOLD = USED | {"frame", "panel", "label", "text", "image"}
 TWINS = {"Previous song", "Play", "Pause", "Stop", "Next song", "Play list times"}  # Of controls with the keyboard.
 opened = []
+renamed = []
 
 
 def audit(top):
@@ -30,6 +31,12 @@ def choose_in_menu(command):
     act(window.frame, "ShowMenu")
     menu = wait_for("the song menu", opened_menus)[0]
     act(next(item for item in map(menu.get_child_at_index, range(12)) if item.get_name() == command), "Press")
+
+
+def hears_of_the_title():
+    while GLib.MainContext.default().iteration(False):
+        pass
+    return renamed.count("Song now playing")
 
 
 def opened_menus():
@@ -68,6 +75,8 @@ def shows_tags_and_none(top):
 
 listener = Atspi.EventListener.new(lambda event: event.detail1 and opened.append(event.source))
 listener.register("object:state-changed:showing")
+namer = Atspi.EventListener.new(lambda event: renamed.append(event.source.get_description()))
+namer.register("object:property-change:accessible-name")
 window = Window(folder=FOLDER)
 audit(window.frame)
 wait_for("the songs", lambda: len(window.songs()) == len(NAMES))
@@ -75,6 +84,9 @@ act(window.songs()[2], "Toggle")
 wait_for("the chosen song", lambda: has(window.songs()[2], "SELECTED"))
 window.press("Play button")
 window.plays(NAMES[2])
+wait_for("news of the title", hears_of_the_title)
+if hears_of_the_title() > 5:  # It has turned ten times and more.
+    fail("every turn of the title was told")
 Atspi.Value.set_current_value(window.controls["Volume"], 40)
 wait_for("the volume", lambda: window.value("Volume") == 40)
 window.pause_holds_the_time()

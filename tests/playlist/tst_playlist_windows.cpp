@@ -154,6 +154,8 @@ private Q_SLOTS:
         QCOMPARE(times.verticalScrollBar()->value(), m_songs->verticalScrollBar()->value());
         QTest::mouseClick(times.viewport(), Qt::LeftButton, {}, times.viewport()->rect().center());
         QCOMPARE(m_songs->ListIndex(), times.ListIndex());
+        doubleClickRow(times, times.ListIndex());
+        QCOMPARE(m_windows->core.takeCalls(), u"FileName Glove.mp3, Play"_s);
         const QSignalSpy asked(m_playlist, &Playlist::menuRequested);
         QTest::mouseClick(m_songs->viewport(), Qt::RightButton, {}, QPoint(5, 5));
         QCOMPARE(asked.size(), 1);
@@ -224,6 +226,7 @@ private Q_SLOTS:
         QTest::keyClick(&results, Qt::Key_Return);
         QCOMPARE(title(), u"GLOVE.mp3"_s);
         QTest::keyClick(&results, Qt::Key_Up);
+        QVERIFY(results.hasFocus());
         QTest::keyClick(&results, Qt::Key_Up);
         QVERIFY(text.hasFocus());
         clickRow(results, 2);
@@ -235,6 +238,10 @@ private Q_SLOTS:
         QTest::keyClicks(&text, u"ze"_s); // In place of the last search.
         QCOMPARE(results.ListCount(), 1);
         QCOMPARE(results.List(0), u"ZEbra.mp3"_s);
+        m_windows->core.takeCalls();
+        text.setText(u"nowhere"_s);
+        QTest::keyClick(&text, Qt::Key_Return);
+        QCOMPARE(m_windows->core.takeCalls(), u""_s);
     }
 
 private:

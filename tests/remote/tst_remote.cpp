@@ -129,10 +129,12 @@ public:
         return answer.arguments().value(0).value<QDBusVariant>().variant();
     }
 
-    void setVolume(double volume)
+    void set(const QString &property, double value)
     {
-        ask(properties, u"Set"_s, {playerInterface, u"Volume"_s, QVariant::fromValue(QDBusVariant(volume))});
+        ask(properties, u"Set"_s, {playerInterface, property, QVariant::fromValue(QDBusVariant(value))});
     }
+    void setVolume(double volume) { set(u"Volume"_s, volume); }
+    QVariantMap metadata() { return qdbus_cast<QVariantMap>(get(u"Metadata"_s)); }
 
     // The engine's calls that a command leads to, without the music folder.
     QString calls(const QString &method, const QVariantList &arguments = {})
@@ -168,12 +170,14 @@ private Q_SLOTS:
         for (const auto &sample : {u"id3v1-spaces.mp3"_s, u"id3v1-nul.mp3"_s}) {
             const QVariantMap song = songMetadata(folder.copySample(sample), covers);
             QCOMPARE(song[u"xesam:title"_s].toString(), u"Blue Café"_s);
+            QCOMPARE(song[u"xesam:album"_s].toString(), u"Album"_s);
             QCOMPARE(song[u"xesam:artist"_s].toStringList(), QStringList(u"Ärger & Söhne"_s));
             QCOMPARE(song[u"xesam:genre"_s].toStringList(), QStringList(u"Rock"_s));
         }
         const QVariantMap bare = songMetadata(folder.makeFile(u"A.B \xDCFF.mp3"_s, QByteArray(200, '\0')), covers);
         QCOMPARE(bare.keys(), QStringList({u"xesam:title"_s, u"xesam:url"_s}));
         QCOMPARE(bare[u"xesam:title"_s].toString(), u"A.B \xFFFD"_s);
+        QCOMPARE(bare[u"xesam:url"_s].toString(), u"file://"_s + folder.hostPath() + u"/A.B%20%FF.mp3"_s);
     }
 
     void tagsOfEveryVersionAreRead_data()
@@ -287,6 +291,10 @@ private Q_SLOTS:
             const QString calls = stand.calls(command);
             QCOMPARE(calls + u": "_s + stand.get(u"PlaybackStatus"_s).toString(), outcome);
         }
+        stand.set(u"Rate"_s, 1);
+        QCOMPARE(stand.takeCalls(), u""_s);
+        stand.set(u"Rate"_s, 0);
+        QCOMPARE(stand.takeCalls(), u"Play, Pause"_s);
         stand.engine.finishSong();
         QCOMPARE(stand.get(u"PlaybackStatus"_s).toString(), u"Stopped"_s);
     }
@@ -298,18 +306,21 @@ private Q_SLOTS:
         stand.calls(u"Next"_s);
         QCOMPARE(stand.calls(u"Seek"_s, {farthest}), QString()); // Its length is not known.
         stand.engine.setSong(0, 100);
-        const auto track = qdbus_cast<QVariantMap>(stand.get(u"Metadata"_s))[u"mpris:trackid"_s];
+        const QVariant track = stand.metadata()[u"mpris:trackid"_s];
+        QCOMPARE(stand.metadata()[u"mpris:length"_s].toLongLong(), 100'000'000);
         const QVariant other = QVariant::fromValue(QDBusObjectPath(u"/other"_s));
         stand.takeChanges();
         QCOMPARE(stand.calls(u"Seek"_s, {qlonglong(15e6)}), u"Position 15"_s);
         QCOMPARE(stand.calls(u"Seek"_s, {-farthest}), u"Position 0"_s);
         QCOMPARE(stand.calls(u"SetPosition"_s, {track, qlonglong(42e6)}), u"Position 42"_s);
         QCOMPARE(stand.get(u"Position"_s).toLongLong(), 42'000'000);
+        QCOMPARE(stand.calls(u"Seek"_s, {qlonglong(-2e6)}), u"Position 40"_s);
+        QCOMPARE(stand.calls(u"Seek"_s, {qlonglong(2e6)}), u"Position 42"_s);
         for (const qlonglong nowhere : {-1LL, 100'000'001LL, farthest})
             QCOMPARE(stand.calls(u"SetPosition"_s, {track, nowhere}), QString());
         QCOMPARE(stand.calls(u"SetPosition"_s, {other, qlonglong(1)}), QString());
         stand.engine.setSong(42.1, 100); // No more than time passing.
-        QCOMPARE(stand.takeChanges(), u"Seeked 15, Seeked 0, Seeked 42"_s);
+        QCOMPARE(stand.takeChanges(), u"Seeked 15, Seeked 0, Seeked 42, Seeked 40, Seeked 42"_s);
         QCOMPARE(stand.calls(u"Seek"_s, {farthest}), u"FileName 3.mp3, Play"_s);
         QCOMPARE(stand.takeChanges(), u"Metadata"_s); // That a new song begins at its start goes without saying,
         stand.engine.setSong(30, 100);
@@ -321,10 +332,11 @@ private Q_SLOTS:
     {
         Stand stand;
         stand.takeChanges();
-        stand.setVolume(0.5);
-        QCOMPARE(stand.player.volume(), -1145);
+        stand.setVolume(0.2);
+        QCOMPARE(stand.player.volume(), -1832);
+        QCOMPARE(stand.get(u"Volume"_s).toDouble(), 0.2);
         QCOMPARE(stand.takeChanges(), u"Volume"_s);
-        stand.setVolume(0.5);
+        stand.setVolume(0.2);
         stand.setVolume(std::nan(""));
         QCOMPARE(stand.takeChanges(), QString());
         for (const auto &[volume, value] : {std::pair(-HUGE_VAL, -2290), {HUGE_VAL, 0}}) {
@@ -362,6 +374,33 @@ private Q_SLOTS:
             QVERIFY2(told.contains(QString::fromLatin1(made.method(i).name())), made.method(i).name());
         QVERIFY(xml.contains(
             u"'Position' type='x' access='read'><annotation name='org.freedesktop.DBus.Property.EmitsCh"_s));
+    }
+
+    void whatCanBeDoneIsTold()
+    {
+        Stand stand;
+        const auto told = [&stand] {
+            return stand.get(u"CanPlay"_s).toBool() && stand.get(u"CanGoNext"_s).toBool() &&
+                   !stand.get(u"CanGoPrevious"_s).toBool();
+        };
+        stand.songs.names.resize(1);
+        stand.songs.choose(-1);
+        QVERIFY(!told());
+        stand.player.open(u"z:\\else.mp3"_s); // A song that is not in the list is paused and goes on as any other.
+        QVERIFY(told());
+        stand.takeCalls();
+    }
+
+    void aSecondPlayerHasANameOfItsOwn()
+    {
+        QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"first"_s);
+        QVERIFY(bus.registerService(service));
+        CoreStand core;
+        RemoteControl second(core.player, core.songs);
+        second.start();
+        const QString number = QString::number(QCoreApplication::applicationPid());
+        QVERIFY(bus.interface()->isServiceRegistered(service + u".instance"_s + number));
+        QVERIFY(bus.unregisterService(service));
     }
 
     void commandsForTheWindowsLeaveAsSignals()

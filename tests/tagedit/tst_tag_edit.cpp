@@ -87,13 +87,22 @@ private Q_SLOTS:
         m_windows->core.songs.row = 0;
         edit(u"cbr-128-joint.mp3"_s);
         const QByteArray before = bytes();
+        genre().setListIndex(3);
         button(u"cmdAdd"_s).press();
+        QCOMPARE(m_windows->editor.focusWidget(), &box(u"Title"_s));
         QCOMPARE(bytes(), before.chopped(1) + '\0' + "TAG" + QByteArray(124, '\0') + '\xFF');
         QCOMPARE(shownFrames(), u"frmID3 frmButtons frmMPEG"_s);
         QCOMPARE(box(u"Artist"_s).Text(), u"Some Artist"_s);
         QCOMPARE(box(u"Title"_s).Text(), u"Some Song"_s);
         QCOMPARE(box(u"Comment"_s).Text(), u"Tagged With KIV Mp3"_s);
         QCOMPARE(genre().ListIndex(), -1);
+        button(u"cmdCancel"_s).press(); // The tag in the file is empty.
+        for (const QString &name : {u"Title"_s, u"Artist"_s, u"Album"_s, u"Year"_s, u"Comment"_s})
+            QCOMPARE(box(name).Text(), QString());
+        const QString caption = m_windows->editor.windowTitle();
+        button(u"cmdRemove"_s).press();
+        QCOMPARE(shownFrames(), u"frmNoTag frmMPEG"_s);
+        QCOMPARE(m_windows->editor.windowTitle(), caption);
     }
 
     void refusesTheSongThatPlays()
