@@ -77,6 +77,7 @@ public:
 
 private:
     bool hasHeader() const;
+    void takeIndex();
 
     Mpg123Handle m_handle;
     SoundFormat m_format;
@@ -105,10 +106,21 @@ bool Mp3Decoder::refineLength()
         if (result == MPG123_OK || result == MPG123_NEW_FORMAT)
             continue;
         m_length = m_counted * mpg123().spf(m_scan.get());
+        takeIndex();
         m_scan.reset();
         return false;
     }
     return true;
+}
+
+// The places of the frames counted, so that no seek has to look for them again.
+void Mp3Decoder::takeIndex()
+{
+    off_t *places = nullptr;
+    off_t step = 0;
+    std::size_t count = 0;
+    if (mpg123().index(m_scan.get(), &places, &step, &count) == MPG123_OK)
+        mpg123().set_index(m_handle.get(), places, step, count);
 }
 
 qint64 Mp3Decoder::read(float *frames, qint64 count)

@@ -23,6 +23,8 @@ struct Mpg123 : LoadedLibrary {
     Function<decltype(::mpg123_spf)> spf{*this, "mpg123_spf"};
     Function<decltype(::mpg123_read)> read{*this, "mpg123_read"};
     Function<decltype(::mpg123_seek)> seek{*this, "mpg123_seek"};
+    Function<decltype(::mpg123_index)> index{*this, "mpg123_index"};
+    Function<decltype(::mpg123_set_index)> set_index{*this, "mpg123_set_index"};
     Function<decltype(::mpg123_framebyframe_next)> framebyframe_next{*this, "mpg123_framebyframe_next"};
     Function<decltype(::mpg123_id3)> id3{*this, "mpg123_id3"};
 };
