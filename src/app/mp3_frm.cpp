@@ -88,6 +88,7 @@ void Mp3Frm::setUpLooks()
     bPrev.setButton(Picture::Previous, Picture::PreviousHover, Picture::PreviousPressed, u"|<"_s);
     bPlay.setButton(Picture::Play, Picture::PlayHover, Picture::PlayPressed, u">"_s);
     bPause.setButton(Picture::Pause, Picture::PauseHover, Picture::PausePressed, u"||"_s);
+    bPause.setOnPicture(Picture::PauseOn);
     bStop.setButton(Picture::Stop, Picture::StopHover, Picture::StopPressed, u"[]"_s);
     bNext.setButton(Picture::Next, Picture::NextHover, Picture::NextPressed, u">|"_s);
     // A picture and the label below it are one command: the keyboard stops at the picture alone, where its ring is seen
@@ -101,6 +102,7 @@ void Mp3Frm::setUpLooks()
         const bool isOn = m_options.toolTipDataChosen();
         return isOn ? songTip(File1.List(row), songHeader(File1.filePath(row))) : QString();
     });
+    renewMarks();
     List1.hide();
     File1.setFocus();
 }
@@ -144,6 +146,8 @@ void Mp3Frm::connectTransport()
     connect(&m_player, &Player::songEnded, this, &Mp3Frm::Player_SongEnded);
     connect(&m_player, &Player::playbackFailed, this, [] { MsgBox::showError(lastError()); });
     connect(&m_player, &Player::songChanged, this, &Mp3Frm::renewWindowTitle);
+    connect(&m_player, &Player::songChanged, this, &Mp3Frm::renewMarks);
+    connect(&File1, &FileListBox::PathChange, this, &Mp3Frm::renewMarks);
     connect(&m_player, &Player::stateChanged, &Timer1, &Timer::trigger);
     connect(&m_player, &Player::volumeChanged, this, [this] { VScroll1.setValue(m_player.volume()); });
 }
@@ -318,6 +322,16 @@ void Mp3Frm::renewWindowTitle()
 {
     const QString name = withoutExtension(FileNameFromPath(m_player.playingPath()));
     setWindowTitle(name.isEmpty() ? programTitle() : name + u" - "_s + programTitle());
+}
+
+// The rows of the song that plays, and the key that holds it.
+void Mp3Frm::renewMarks()
+{
+    const QString name = m_player.playingNameIn(File1.Path());
+    const RowMark mark = name.isEmpty() ? RowMark::None : m_player.isPaused() ? RowMark::Held : RowMark::Playing;
+    File1.setMark(name, mark);
+    List1.setMark(name, mark);
+    bPause.setOn(m_player.isPaused());
 }
 
 void Mp3Frm::announceSong()

@@ -100,6 +100,7 @@ private:
     void setVolumeFrom(const QString &stored);
     void announceSong();
     void renewWindowTitle();
+    void renewMarks();
 
     void Label6_Click();
     void HScroll1_Scroll();

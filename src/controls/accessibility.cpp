@@ -22,6 +22,14 @@ public:
         return isPressable() ? QAccessible::Button : label() ? QAccessible::StaticText : QAccessible::Graphic;
     }
 
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = control()->isSwitch();
+        state.checked = control()->isOn();
+        return state;
+    }
+
     QString text(QAccessible::Text kind) const override
     {
         const bool hasOwnName = label() && !(isPressable() && label()->Caption().isEmpty());

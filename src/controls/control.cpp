@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/control.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -21,6 +22,19 @@ void Pressable::press()
 {
     if (m_isButton && isEnabled())
         Q_EMIT Click();
+}
+
+void Pressable::setOn(bool on)
+{
+    const bool isNews = m_on != on;
+    m_on = on;
+    if (!isNews)
+        return;
+    update();
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 void Pressable::makeButton(bool isButton)

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <optional>
+
 struct ControlSetup {
     QString name;        // The short name of the design ("File1"); tests find the control by it.
     QString description; // Plain English, never changing ("Songs"); assistive tools read it and find the control by it.
@@ -36,6 +38,12 @@ public:
 
     bool isButton() const { return m_isButton; }
 
+    /// A button that stays on until its command is run again, or somebody else ends what it began; told to assistive
+    /// tools as a mark that is set or not.
+    void setOn(bool on);
+    bool isOn() const { return m_on.value_or(false); }
+    bool isSwitch() const { return m_on.has_value(); }
+
     /// Runs the command as a click does, when the control is a button and enabled.
     void press();
 
@@ -54,6 +62,7 @@ protected:
     void leaveEvent(QEvent *event) override;
 
 private:
+    std::optional<bool> m_on; // Nothing for a button that is no switch.
     bool m_isButton = false;
     bool m_pressed = false;
     bool m_hovered = false;

@@ -38,6 +38,8 @@ public:
     {
         if (role == Qt::AccessibleTextRole && m_accessibleForm)
             return m_accessibleForm(index.row());
+        if (role == Qt::AccessibleDescriptionRole && m_accessibleMark)
+            return m_accessibleMark(index.row());
         return role == Qt::DisplayRole ? QVariant(onOneLine(shown(index.row()))) : QVariant();
     }
 
@@ -74,11 +76,18 @@ public:
     int m_bareRows = 0; // Rows without an item.
     std::function<QString(int, const QString &)> m_shownForm;
     std::function<QString(int)> m_accessibleForm;
+    std::function<QString(int)> m_accessibleMark;
 };
 
 ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : RowView(parent), m_items(new ListBoxModel(this))
 {
     setUpControl(*this, setup);
+    m_items->m_accessibleMark = [this](int row) {
+        const RowMark mark = markOf(row);
+        return mark == RowMark::Playing ? QStringLiteral("Playing")
+               : mark == RowMark::Held  ? QStringLiteral("Paused")
+                                        : QString();
+    };
     setModel(m_items);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
@@ -121,6 +130,30 @@ void ListBox::setShownForm(std::function<QString(int, const QString &)> shownFor
 void ListBox::setAccessibleForm(std::function<QString(int)> accessibleForm)
 {
     m_items->m_accessibleForm = std::move(accessibleForm);
+}
+
+void ListBox::setMark(const QString &item, RowMark mark)
+{
+    if (m_hasMarks && m_markedItem == item && m_mark == mark)
+        return;
+    tellMark();
+    m_hasMarks = true;
+    m_markedItem = item;
+    m_mark = mark;
+    tellMark();
+    viewport()->update();
+}
+
+RowMark ListBox::markOf(int row) const
+{
+    return m_mark != RowMark::None && m_items->m_items.value(row) == m_markedItem ? m_mark : RowMark::None;
+}
+
+// The marked row has another description now.
+void ListBox::tellMark()
+{
+    if (m_mark != RowMark::None && QAccessible::isActive())
+        tell(QAccessible::DescriptionChanged, m_items->index(static_cast<int>(items().indexOf(m_markedItem))));
 }
 
 bool ListBox::RemoveItem(int row)

@@ -39,6 +39,10 @@ public:
     /// The accessible text of a row, when that is not the text shown.
     void setAccessibleForm(std::function<QString(int row)> accessibleForm);
 
+    /// Marks the rows of an item, and no others. From the first time on there is room for marks before the texts.
+    void setMark(const QString &item, RowMark mark);
+    bool hasMarks() const { return m_hasMarks; }
+
     /// What the tool tip says while the mouse rests on a row; "" for no tip. Beside the rows it is the list's own.
     void setRowTip(std::function<QString(int row)> rowTip) { m_rowTip = std::move(rowTip); }
 
@@ -93,16 +97,22 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
     bool viewportEvent(QEvent *event) override;
+    RowMark markOf(int row) const override;
 
     /// Chooses a row without Click().
     void chooseQuietly(int row);
 
 private:
+    void tellMark();
+
     ListBoxModel *m_items;
     std::function<QString(int)> m_rowTip;
     QPoint m_menuPosition;
     int m_menuRow = -1;
     int m_pressedRow = -1;
+    QString m_markedItem;
+    RowMark m_mark = RowMark::None;
+    bool m_hasMarks = false;
     bool m_quiet = false;
     bool m_clickSent = false;
 };

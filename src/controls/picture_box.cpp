@@ -38,10 +38,16 @@ void PictureBox::showPictureOf(PictureBox &other)
 
 void PictureBox::setButton(Picture normal, Picture hovered, Picture pressed, const QString &glyph)
 {
-    m_pictures = {normal, hovered, pressed};
+    m_pictures = {normal, hovered, pressed, pressed};
     m_pixmaps = {};
     m_glyph = glyph;
     makeButton(true);
+}
+
+void PictureBox::setOnPicture(Picture on)
+{
+    m_pictures.back() = on;
+    m_pixmaps.back().reset();
 }
 
 QImage PictureBox::image() const
@@ -67,7 +73,7 @@ PictureBox::Look PictureBox::look() const
 {
     if (!isButton() || !isEnabled())
         return Look::Normal;
-    return isPressed() ? Look::Pressed : isHovered() ? Look::Hovered : Look::Normal;
+    return isPressed() ? Look::Pressed : isOn() ? Look::On : isHovered() ? Look::Hovered : Look::Normal;
 }
 
 const QPixmap &PictureBox::pixmap(Look look)
@@ -87,7 +93,7 @@ void PictureBox::paintEvent(QPaintEvent *)
     if (const QPixmap &shown = pixmap(look()); !shown.isNull())
         painter.drawPixmap(nearestPixel(painter), shown);
     else if (isButton()) {
-        paintButtonFace(painter, rect(), isPressed() ? ButtonLook::Pressed : ButtonLook::Normal);
+        paintButtonFace(painter, rect(), isPressed() || isOn() ? ButtonLook::Pressed : ButtonLook::Normal);
         painter.setPen(QColor::fromRgb(palette::warmWhite));
         painter.drawText(rect(), Qt::AlignCenter, m_glyph);
     }

@@ -24,6 +24,9 @@ public:
     /// Makes it a button with three pictures. Without them (missing files) a plain face with the glyph is painted.
     void setButton(Picture normal, Picture hovered, Picture pressed, const QString &glyph);
 
+    /// The picture of a button that is on.
+    void setOnPicture(Picture on);
+
     /// The picture at one pixel a logical one; null when there is none.
     QImage image() const;
 
@@ -34,11 +37,11 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    enum class Look { Normal, Hovered, Pressed };
+    enum class Look { Normal, Hovered, Pressed, On };
     const QPixmap &pixmap(Look look);
     Look look() const;
 
-    std::array<Picture, 3> m_pictures = {Picture::Count, Picture::Count, Picture::Count};
-    std::array<std::optional<QPixmap>, 3> m_pixmaps;
+    std::array<Picture, 4> m_pictures = {Picture::Count, Picture::Count, Picture::Count, Picture::Count};
+    std::array<std::optional<QPixmap>, 4> m_pixmaps;
     QString m_glyph;
 };

@@ -21,10 +21,11 @@ constexpr std::array<PictureFile, static_cast<std::size_t>(Picture::Count)> file
     {"TagEdit", ".jpg"},       {"FormatMp3", ".jpg"},     {"ToolBar", ".jpg"},       {"frmOptions", ".jpg"},
     {"About", ".jpg"},         {"frmNoTag", ".jpg"},      {"bPlay", ".png"},         {"bPlay-hover", ".png"},
     {"bPlay-pressed", ".png"}, {"bPause", ".png"},        {"bPause-hover", ".png"},  {"bPause-pressed", ".png"},
-    {"bStop", ".png"},         {"bStop-hover", ".png"},   {"bStop-pressed", ".png"}, {"bPrev", ".png"},
-    {"bPrev-hover", ".png"},   {"bPrev-pressed", ".png"}, {"bNext", ".png"},         {"bNext-hover", ".png"},
-    {"bNext-pressed", ".png"}, {"Picture3-0", ".png"},    {"Picture3-1", ".png"},    {"Picture3-2", ".png"},
-    {"icon-16", ".png"},       {"icon-22", ".png"},       {"icon-32", ".png"},       {"icon-48", ".png"},
+    {"bPause-on", ".png"},     {"bStop", ".png"},         {"bStop-hover", ".png"},   {"bStop-pressed", ".png"},
+    {"bPrev", ".png"},         {"bPrev-hover", ".png"},   {"bPrev-pressed", ".png"}, {"bNext", ".png"},
+    {"bNext-hover", ".png"},   {"bNext-pressed", ".png"}, {"Picture3-0", ".png"},    {"Picture3-1", ".png"},
+    {"Picture3-2", ".png"},    {"icon-16", ".png"},       {"icon-22", ".png"},       {"icon-32", ".png"},
+    {"icon-48", ".png"},
 }};
 static_assert(files.back().name != nullptr, "every picture needs a file");
 

@@ -24,6 +24,7 @@ enum class Picture {
     Pause,
     PauseHover,
     PausePressed,
+    PauseOn,
     Stop,
     StopHover,
     StopPressed,

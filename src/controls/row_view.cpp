@@ -149,6 +149,8 @@ void RowView::paintRow(QPainter &painter, QStyleOptionViewItem option, int row) 
     option.state.setFlag(QStyle::State_HasFocus, index == currentIndex() && (hasFocus() || viewport()->hasFocus()));
     option.state.setFlag(QStyle::State_MouseOver, false);
     itemDelegate()->paint(&painter, option, index);
+    if (const RowMark mark = markOf(row); mark != RowMark::None)
+        paintRowMark(painter, option.rect, mark, option.state & QStyle::State_Selected);
 }
 
 QModelIndex RowView::moveCursor(CursorAction action, Qt::KeyboardModifiers)

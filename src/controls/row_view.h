@@ -4,6 +4,8 @@
 // nothing. There is no horizontal scrolling, no hidden row, no drag and drop; it scrolls row by row.
 #pragma once
 
+#include "controls/row_mark.h"
+
 #include <QAccessible>
 #include <QListView>
 
@@ -38,6 +40,12 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
 
+    /// What a row is marked with.
+    virtual RowMark markOf(int) const { return RowMark::None; }
+
+    /// Tells assistive tools of a row; nothing without one.
+    void tell(QAccessible::Event what, const QModelIndex &index);
+
 private:
     int firstRow() const;
     int rowHeight() const;
@@ -45,7 +53,6 @@ private:
     int rowCount() const { return model() ? model()->rowCount() : 0; }
     void paintRow(QPainter &painter, QStyleOptionViewItem option, int row) const;
     void paintGapMark(QPainter &painter) const;
-    void tell(QAccessible::Event what, const QModelIndex &index);
 
     mutable int m_rowHeight = 0; // 0: not reckoned yet.
     int m_markedGap = -1;

@@ -14,8 +14,9 @@ namespace
 {
 constexpr int barThickness = 14;
 constexpr int shortestThumb = 28;
-constexpr int rowAir = 4;   // Between the rows of a list.
-constexpr int ringRoom = 2; // Around a list.
+constexpr int rowAir = 4;    // Between the rows of a list.
+constexpr int ringRoom = 2;  // Around a list.
+constexpr int markRoom = 11; // Before the texts of a list with marks.
 
 QColor colour(QRgb value)
 {
@@ -289,6 +290,13 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     default:
         return {};
     }
+}
+
+QRect SkinStyle::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const
+{
+    const QRect place = QProxyStyle::subElementRect(element, option, widget);
+    const auto *list = element == SE_ItemViewItemText ? qobject_cast<const ListBox *>(widget) : nullptr;
+    return list && list->hasMarks() ? place.adjusted(markRoom, 0, 0, 0) : place;
 }
 
 QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,

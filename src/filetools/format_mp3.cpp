@@ -283,8 +283,10 @@ void FormatMp3::renameTo(const QString &oldPath, const QString &newPath)
     const ShellOutcome outcome = ShellRenameFile(oldPath, newPath, prompts);
     const int row = File1.ListIndex();
     File1.Refresh();
-    if (outcome == ShellOutcome::Done)
+    if (outcome == ShellOutcome::Done) {
+        m_player.noteRename(newPath);
         File1.setListIndex(rowOf(File1, FileNameFromPath(newPath)));
+    }
     chooseInPlaceOf(row);
 }
 

@@ -37,6 +37,7 @@ void Player::open(const QString &path)
 {
     ++m_openedSongs;
     m_file = fileIdentity(hostPathOnDisk(path));
+    m_path = path;
     m_engine.setFileName(path);
     m_engine.play();
     setHasSong(true);
@@ -49,6 +50,20 @@ bool Player::isPlayingFile(const QString &path) const
         return false;
     const bool isSamePath = hostPath(path) == hostPath(playingPath());
     return isSamePath || (m_file && m_file == fileIdentity(hostPathOnDisk(path)));
+}
+
+QString Player::playingNameIn(const QString &folder) const
+{
+    const bool isThere = m_hasSong && isSameFile(hostPathOnDisk(FolderFromPath(m_path)), hostPathOnDisk(folder));
+    return isThere ? FileNameFromPath(spelledAsOnDisk(m_path)) : QString();
+}
+
+void Player::noteRename(const QString &path)
+{
+    if (!isPlayingFile(path))
+        return;
+    m_path = path;
+    Q_EMIT songChanged();
 }
 
 void Player::play(const QString &path, const QString &title)

@@ -73,6 +73,12 @@ public:
     /// through a link, or renamed since.
     bool isPlayingFile(const QString &path) const;
 
+    /// The file name of the song that plays or is paused, as spelled on the disk, when it lies in that folder; else "".
+    QString playingNameIn(const QString &folder) const;
+
+    /// A song has another path now; it may be the one that plays.
+    void noteRename(const QString &path);
+
     bool isPaused() const { return m_hasSong && m_engine.isPaused(); }
 
     /// Does the position move on by itself just now?
@@ -138,6 +144,7 @@ private:
     Timer Timer2;                       // Once: first stage of a repeat.
     Timer Timer3;                       // Once: second stage, plays RepeatSongName.
     std::optional<FileIdentity> m_file; // Of the song opened last, where it could be found.
+    QString m_path;                     // Where that song is by now.
     int m_openedSongs = 0;
     bool m_hasSong = false; // A song was opened, and has neither ended nor been stopped since.
 };

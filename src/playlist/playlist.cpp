@@ -55,6 +55,7 @@ Playlist::Playlist(const SongFolder &songs, Player &player)
     showStatus();
     connectHandlers();
     connectDrops();
+    renewMark();
 }
 
 void Playlist::connectHandlers()
@@ -67,6 +68,11 @@ void Playlist::connectHandlers()
     connect(&List2, &ListBox::Click, this, &Playlist::List2_Click);
     connect(&List2, &ListBox::DblClick, this, &Playlist::List1_DblClick);
     connect(&Timer3, &Timer::tick, this, &Playlist::Timer3_Timer);
+    connect(&m_player, &Player::songChanged, this, &Playlist::renewMark);
+    connect(&m_songs, &SongFolder::changed, this, [this] {
+        if (m_songs.folder() != m_markedFolder)
+            renewMark();
+    });
     connect(this, &SkinWindow::closeRequested, this, &QWidget::hide);
     QScrollBar *songRows = List1.verticalScrollBar();
     QScrollBar *timeRows = List2.verticalScrollBar();
@@ -250,6 +256,16 @@ void Playlist::Timer3_Timer()
 void Playlist::Drops_Dropped(const QStringList &paths, const QPoint &place)
 {
     addSongs(List1.gapAt(List1.viewport()->mapFrom(this, place)), meantForPlayList(paths, m_songs.folder()));
+}
+
+// The entries that lead to the song that plays, if it lies in the music folder.
+void Playlist::renewMark()
+{
+    m_markedFolder = m_songs.folder();
+    const QString name = m_player.playingNameIn(m_markedFolder);
+    const bool isEntry = name.endsWith(u".mp3"_s, Qt::CaseInsensitive);
+    const RowMark mark = m_player.isPaused() ? RowMark::Held : RowMark::Playing;
+    List1.setMark(isEntry ? withoutExtension(name) : QString(), isEntry ? mark : RowMark::None);
 }
 
 void Playlist::markGap(int gap)

@@ -85,6 +85,7 @@ private:
     void Drops_Dropped(const QStringList &paths, const QPoint &place);
 
     void markGap(int gap);
+    void renewMark();
     void playSelected();
     std::optional<ErrorRecord> removeSelected();
     void selectNext();
@@ -95,7 +96,8 @@ private:
     const SongFolder &m_songs;
     Player &m_player;
     RandomOrder m_randomOrder;
-    QString m_shownError; // The bad play time that was reported: one box is enough while it stands.
+    QString m_shownError;   // The bad play time that was reported: one box is enough while it stands.
+    QString m_markedFolder; // The music folder that the mark was reckoned with.
     bool m_awayWithMain = false;
 
     PictureBox Picture1; // Puts the window away.

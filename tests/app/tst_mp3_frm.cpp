@@ -143,6 +143,39 @@ private Q_SLOTS:
         QCOMPARE(stand.takeCalls(), u"FileName c:\\\\Song.mp3, Play"_s);
     }
 
+    void theSongThatPlaysIsMarkedWhateverIsChosen()
+    {
+        MainWindowStand stand({u"a.mp3"_s, u"B.MP3"_s, u"c.wav"_s});
+        Mp3Frm &window = stand.window;
+        window.show();
+        const auto marks = [&] { return marksOf(window.File1); };
+        const auto picture = [&] { return window.File1.viewport()->grab().toImage(); };
+        const QImage unmarked = picture(), restingKey = window.bPause.grab().toImage();
+        QCOMPARE(marks(), u"- - -"_s);
+        window.player().open(stand.folder.path(u"B.mp3"_s)); // As the names open it.
+        QCOMPARE(marks(), u"- Playing -"_s);
+        QCOMPARE(marksOf(window.List1), marks());
+        QVERIFY(picture() != unmarked && !window.bPause.isOn());
+        window.player().pauseOrResume();
+        QCOMPARE(marks(), u"- Paused -"_s);
+        QVERIFY(window.bPause.isOn() && window.bPause.grab().toImage() != restingKey);
+        window.player().play(stand.folder.path(u"c.wav"_s), {}); // Ends the pause too.
+        QCOMPARE(marks(), u"- - Playing"_s);
+        QVERIFY(!window.bPause.isOn());
+        const TestFolder other;
+        other.makeFile(u"c.wav"_s);
+        window.setMusicFolder(other.path());
+        QCOMPARE(marks(), u"-"_s);
+        window.setMusicFolder(stand.folder.path() + u'\\');
+        QVERIFY(QFile::rename(stand.folder.hostPath() + u"/c.wav"_s, stand.folder.hostPath() + u"/0.wav"_s));
+        window.player().noteRename(stand.folder.path(u"0.wav"_s));
+        window.songs().refresh();
+        QCOMPARE(marks(), u"Playing - -"_s);
+        stand.engine.finishSong();
+        QCOMPARE(marks(), u"- - -"_s);
+        stand.takeCalls();
+    }
+
     void keysPlayAndPick()
     {
         MainWindowStand stand({u"Song.mp3"_s});

@@ -100,6 +100,25 @@ private Q_SLOTS:
         QVERIFY(shown[0] != shown[1]);
     }
 
+    void theEntriesOfTheSongThatPlaysAreMarked()
+    {
+        fill({u"Glove"_s, u"Zebra"_s, u"Glove"_s});
+        CoreStand &core = m_windows->core;
+        core.player.play(core.folder.path(u"Glove.mp3"_s), {});
+        QCOMPARE(marksOf(*m_songs), u"Playing - Playing"_s);
+        core.folder.makeFile(u"Zebra.wav"_s); // An entry is an mp3.
+        core.player.play(core.folder.path(u"Zebra.wav"_s), {});
+        QCOMPARE(marksOf(*m_songs), u"- - -"_s);
+        core.player.play(core.folder.path(u"Zebra.mp3"_s), {});
+        core.player.pauseOrResume();
+        QCOMPARE(marksOf(*m_songs), u"- Paused -"_s);
+        const TestFolder other;
+        core.songs.path = other.path(); // The entries are others now.
+        Q_EMIT core.songs.changed();
+        QCOMPARE(marksOf(*m_songs), u"- - -"_s);
+        core.takeCalls();
+    }
+
     void threeSongsPlayThroughInOrder()
     {
         fill({u"Glove"_s, u"Love Song"_s, u"Zebra"_s});

@@ -46,6 +46,17 @@ inline void doubleClickRow(ListBox &list, int row)
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, rowPlace(list, row));
 }
 
+/// What assistive tools are told of each row beside its text, "-" for nothing.
+inline QString marksOf(const ListBox &list)
+{
+    QStringList marks;
+    for (int row = 0; row < list.ListCount(); ++row) {
+        const QString mark = list.model()->index(row, 0).data(Qt::AccessibleDescriptionRole).toString();
+        marks += mark.isEmpty() ? QStringLiteral("-") : mark;
+    }
+    return marks.join(u' ');
+}
+
 /// The tool tip while the mouse rests on a row; beside the rows with row -1.
 inline QString tipOf(const ListBox &list, int row)
 {
