@@ -165,10 +165,12 @@ private Q_SLOTS:
                 filled = control<ProgressBar>(skinWindow(u"Splash"_s), u"ProgBar"_s).fraction();
         });
         timer.start();
+        m_folder->makeFile(u".kiv-mp3-abc123.part"_s); // Of a player that was killed.
         QVERIFY(stand.program.start({}));
         QCOMPARE(filled, 1.0);
         QCOMPARE(shownWindows(), u"Mp3Frm"_s);
         QVERIFY(!stand.program.mainWindow().Timer1.Enabled());
+        QTRY_VERIFY(!QFile::exists(m_folder->hostPath() + u"/.kiv-mp3-abc123.part"_s));
     }
 
     void aSecondPlayerEndsUnseen()

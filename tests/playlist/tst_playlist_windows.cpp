@@ -53,6 +53,20 @@ private Q_SLOTS:
         QCOMPARE(status.Caption(), u"[ 2 .::. Songs .::. 15:45 .::. Play Time ] "_s);
     }
 
+    void listsThatCannotBothBeReadAreKept()
+    {
+        fill({u"a"_s});
+        m_playlist->saveLists();
+        const QString times = QFile::decodeName(hostPath(paths::playTimesFile));
+        QVERIFY(QFile::remove(times) && QDir().mkdir(times)); // There, and not to be read.
+        m_playlist->loadLists();
+        fill({u"b"_s});
+        m_playlist->saveLists(); // A song's time is the one in its line.
+        QCOMPARE(LoadListFile(paths::playListFile), QStringList(u"a"_s));
+        QVERIFY(QDir().rmdir(times));
+        m_playlist->Load();
+    }
+
     void badTimesAreToldOnce()
     {
         fill({u"a"_s, u"b"_s});
