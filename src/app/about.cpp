@@ -8,17 +8,17 @@
 #include "skins/places.h"
 
 using namespace Qt::StringLiterals;
-namespace place = places::About;
 
 About::About()
-    : SkinWindow(u"About"_s, u"About"_s, Picture::AboutSkin, place::window),
-      labVersion(this, {u"labVersion"_s, u"Version"_s, place::labVersion}, u"Version "_s + versionText()),
-      labMessage(this, {u"labMessage"_s, u"Message"_s, place::labMessage},
+    : SkinWindow(u"About"_s, u"About"_s, Picture::AboutSkin, places::About::window),
+      labVersion(this, {u"labVersion"_s, u"Version"_s, places::About::labVersion}, u"Version "_s + versionText()),
+      labMessage(this, {u"labMessage"_s, u"Message"_s, places::About::labMessage},
                  u"A small player for the songs you keep. Enjoy the music."_s),
-      labSystem(this, {u"labSystem"_s, u"System"_s, place::labSystem}),
-      lstProcesses(this, {u"lstProcesses"_s, u"Processes"_s, place::lstProcesses}),
-      cmdProcesses(this, {u"cmdProcesses"_s, u"Show the running processes"_s, place::cmdProcesses}, u"Processes"_s),
-      cmdOk(this, {u"cmdOk"_s, u"Close"_s, place::cmdOk}, u"OK"_s)
+      labSystem(this, {u"labSystem"_s, u"System"_s, places::About::labSystem}),
+      lstProcesses(this, {u"lstProcesses"_s, u"Processes"_s, places::About::lstProcesses}),
+      cmdProcesses(this, {u"cmdProcesses"_s, u"Show the running processes"_s, places::About::cmdProcesses},
+                   u"Processes"_s),
+      cmdOk(this, {u"cmdOk"_s, u"Close"_s, places::About::cmdOk}, u"OK"_s)
 {
     for (Label *label : {&labVersion, &labMessage, &labSystem, &cmdProcesses, &cmdOk})
         label->setFont(fonts::font(fonts::Face::ComicSansMs, 13));

@@ -9,7 +9,6 @@
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
-namespace place = places::Splash;
 
 SplashStep splashStep(int step, int barWidth)
 {
@@ -19,11 +18,11 @@ SplashStep splashStep(int step, int barWidth)
 }
 
 Splash::Splash()
-    : SkinWindow(u"Splash"_s, programTitle(), Picture::SplashSkin, place::window),
-      TheVer(this, {u"TheVer"_s, u"Version"_s, place::TheVer}, u"Version"_s),
-      Label2(this, {u"Label2"_s, u"Status"_s, place::Label2}, u"Loading Orvel..."_s),
-      Label1(this, {u"Label1"_s, u"Title"_s, place::Label1}, programTitle()),
-      ProgBar(this, {u"ProgBar"_s, u"Progress"_s, place::ProgBar})
+    : SkinWindow(u"Splash"_s, programTitle(), Picture::SplashSkin, places::Splash::window),
+      TheVer(this, {u"TheVer"_s, u"Version"_s, places::Splash::TheVer}, u"Version"_s),
+      Label2(this, {u"Label2"_s, u"Status"_s, places::Splash::Label2}, u"Loading Orvel..."_s),
+      Label1(this, {u"Label1"_s, u"Title"_s, places::Splash::Label1}, programTitle()),
+      ProgBar(this, {u"ProgBar"_s, u"Progress"_s, places::Splash::ProgBar})
 {
     setWindowFlag(Qt::SplashScreen);
     TheVer.setFont(fonts::font(fonts::Face::ComicSansMs, 13));

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qsizetype searchedBytes = 4092;
+constexpr qsizetype quickSearchedBytes = 4092;
 constexpr qsizetype xingHeaderEnd = 48; // From the frame's first byte.
 
 std::int32_t quickSeconds = 0;
@@ -96,7 +96,7 @@ QString emphasisText(int fourth)
     }
 }
 
-QString yesOrNo(bool yes)
+QString spacedYesOrNo(bool yes)
 {
     return yes ? u" Yes"_s : u" No"_s;
 }
@@ -166,7 +166,8 @@ QuickReading quickHeader(QByteArrayView firstBytes, qint64 fileLength)
     QuickHeader &header = reading.header;
     header.size = QString::number(fileLength) + " bytes"_L1;
     const QByteArrayView bytes = firstBytes.first(std::min(firstBytes.size(), quickHeaderReach));
-    const qsizetype frame = findSync(bytes, searchedBytes, [](int second) { return second >= 250 || isMpeg2(second); });
+    const qsizetype frame =
+        findSync(bytes, quickSearchedBytes, [](int second) { return second >= 250 || isMpeg2(second); });
     if (frame < 0)
         return reading;
 
@@ -180,8 +181,8 @@ QuickReading quickHeader(QByteArrayView firstBytes, qint64 fileLength)
     header.frequency = frequencyText(third, mpeg2);
     if (!readLength(bytes, frame, fileLength, kbitRate(third / 16, mpeg2), reading))
         return reading;
-    header.copyrighted = yesOrNo(fourth & 8);
-    header.original = yesOrNo(fourth & 4);
+    header.copyrighted = spacedYesOrNo(fourth & 8);
+    header.original = spacedYesOrNo(fourth & 4);
     header.emphasis = emphasisText(fourth);
     header.channelMode = channelModeText(fourth);
     return reading;

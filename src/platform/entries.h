@@ -13,6 +13,9 @@ enum class Existing { Keep, Replace, SetAside };       // What happens to a file
 enum class Presence { There, Missing, Unknown };       // Unknown: the host failed to tell.
 enum class RenameResult { Done, OtherExists, Failed }; // How taking a name ended.
 
+/// The path up to its last slash, that one too; empty for a bare name.
+QByteArray hostFolderOf(const QByteArray &path);
+
 /// Is there such an entry? A link counts, wherever it leads.
 Presence hostEntry(const QByteArray &path);
 bool hostEntryExists(const QByteArray &path);

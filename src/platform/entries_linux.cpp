@@ -19,11 +19,6 @@ bool isForMissing(int error)
     return error == ENOENT || error == ENOTDIR;
 }
 
-QByteArray folderOf(const QByteArray &path)
-{
-    return path.first(path.lastIndexOf('/') + 1);
-}
-
 // Makes a name that has just been given or taken away last through a power cut, where the file system can.
 void flushFolder(const QByteArray &folder)
 {
@@ -84,6 +79,11 @@ bool haveSameIdentity(const QByteArray &first, const QByteArray &second, StatusC
     return identity && identity == identityOf(second, statusOf);
 }
 } // namespace
+
+QByteArray hostFolderOf(const QByteArray &path)
+{
+    return path.first(path.lastIndexOf('/') + 1);
+}
 
 Presence hostEntry(const QByteArray &path)
 {
@@ -155,7 +155,7 @@ RenameResult renameEntry(const QByteArray &from, const QByteArray &to, Existing 
         existing == Existing::Keep ? renameWithoutReplacing(from, to) : ::rename(from.constData(), to.constData());
     if (result != 0)
         return errno == EEXIST ? RenameResult::OtherExists : RenameResult::Failed;
-    flushFolder(folderOf(to));
+    flushFolder(hostFolderOf(to));
     return RenameResult::Done;
 }
 
@@ -163,7 +163,7 @@ bool exchangeEntries(const QByteArray &first, const QByteArray &second)
 {
     if (::renameat2(AT_FDCWD, first.constData(), AT_FDCWD, second.constData(), RENAME_EXCHANGE) != 0)
         return false;
-    flushFolder(folderOf(second));
+    flushFolder(hostFolderOf(second));
     return true;
 }
 

@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QString>
 
+constexpr qsizetype longestHostName = 255; // Bytes, on all usual file systems.
+
 /// The text of one name (no path) as the host stores it.
 QString nameFromHost(QByteArrayView hostName);
 

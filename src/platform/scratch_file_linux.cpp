@@ -13,7 +13,7 @@
 
 namespace
 {
-const QByteArray start = ".kiv-mp3-"; // Short: the name it will take may be the longest.
+const QByteArray hiddenStart = ".kiv-mp3-"; // Short: the name it will take may be the longest.
 const QByteArray end = ".part";
 constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz0123456789";
 constexpr qsizetype randomLength = 6;
@@ -21,7 +21,7 @@ constexpr int mostTries = 100;
 
 QByteArray randomName()
 {
-    QByteArray name = start;
+    QByteArray name = hiddenStart;
     for (qsizetype i = 0; i < randomLength; ++i)
         name += letters[QRandomGenerator::global()->bounded(static_cast<quint32>(letters.size()))];
     return name + end;
@@ -29,10 +29,10 @@ QByteArray randomName()
 
 bool isScratchName(const QByteArray &name)
 {
-    const QByteArray middle = name.mid(start.size(), randomLength);
+    const QByteArray middle = name.mid(hiddenStart.size(), randomLength);
     const bool isRandom =
         std::all_of(middle.begin(), middle.end(), [](char c) { return letters.find(c) != std::string_view::npos; });
-    return isRandom && name == start + middle + end && middle.size() == randomLength;
+    return isRandom && name == hiddenStart + middle + end && middle.size() == randomLength;
 }
 
 bool isBeingRemoved(int file)

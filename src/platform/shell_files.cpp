@@ -16,17 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qsizetype longestName = 255; // Bytes, on all usual file systems.
-
 // The host path of a name that may be new. Empty for an impossible one.
 QByteArray possiblePath(const QString &path)
 {
     return isPossibleName(FileNameFromPath(path)) ? hostPath(path) : QByteArray();
-}
-
-QByteArray folderOf(const QByteArray &path)
-{
-    return path.first(path.lastIndexOf('/') + 1);
 }
 
 ShellOutcome showFailure(ShellPrompts &prompts, const QString &path, const QString &work,
@@ -65,7 +58,7 @@ QString whyNoFile(const QByteArray &path)
 
 QString whyNoChange(const QByteArray &path)
 {
-    return mayChangeEntries(folderOf(path)) ? QString() : hostErrorText();
+    return mayChangeEntries(hostFolderOf(path)) ? QString() : hostErrorText();
 }
 
 QString whyNoName(const QByteArray &path)
@@ -84,7 +77,7 @@ QString whyNoCopy(const QByteArray &from, const QByteArray &to, Source sourceAft
 
 QString whyNoRename(const QByteArray &from, const QByteArray &to)
 {
-    const QString otherFolder = folderOf(from) != folderOf(to) ? whyNoName({}) : QString();
+    const QString otherFolder = hostFolderOf(from) != hostFolderOf(to) ? whyNoName({}) : QString();
     // One may be a link to the other: replacing would leave a link to nothing.
     const bool isNoChange = to == from || (isSameFile(from, to) && !isSameEntry(from, to));
     const QString sameFile = isNoChange ? u"it is the file of that name"_s : QString();
@@ -118,7 +111,7 @@ bool isPossibleName(const QString &name)
     const bool hasSeparator =
         std::any_of(name.begin(), name.end(), [](QChar c) { return c == u'/' || c == u'\\' || c.isNull(); });
     return !name.isEmpty() && name != u"."_s && name != u".."_s && !hasSeparator &&
-           nameToHost(name).size() <= longestName;
+           nameToHost(name).size() <= longestHostName;
 }
 
 ShellOutcome ShellCopyFile(const QString &source, const QString &destination, ShellPrompts &prompts, Source sourceAfter)

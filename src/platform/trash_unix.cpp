@@ -2,6 +2,7 @@
 // A file in the trash is two: the file itself in "files", a note about where it came from in "info". The note comes
 // first. Qt's own way to the trash tries again without end where no note can be written.
 #include "platform/entries.h"
+#include "platform/file_names.h"
 #include "platform/handle_unix.h"
 #include "platform/scratch_file.h"
 #include "platform/trash.h"
@@ -24,7 +25,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int mostNames = 10'000; // Of files that had the same name.
-constexpr qsizetype longestName = 255;
 const QByteArray noteEnd = ".trashinfo";
 const QByteArray ownMark = "X-KiV-Mp3=1\n"; // Other programs pass over lines they do not know.
 
@@ -33,7 +33,7 @@ struct Trash {
     QByteArray top;    // Notes name files from here; "/" names them in full.
 };
 
-std::optional<struct stat> statusOf(const QByteArray &path)
+std::optional<struct stat> entryStatus(const QByteArray &path)
 {
     struct stat status = {};
     return ::lstat(path.constData(), &status) == 0 ? std::optional(status) : std::nullopt;
@@ -44,7 +44,7 @@ bool haveOwnFolder(const QByteArray &path)
 {
     if (::mkdir(path.constData(), 0700) != 0 && errno != EEXIST)
         return false;
-    const auto status = statusOf(path);
+    const auto status = entryStatus(path);
     const bool isOwn = status && S_ISDIR(status->st_mode) && status->st_uid == ::geteuid();
     errno = isOwn ? 0 : EACCES;
     return isOwn;
@@ -56,7 +56,7 @@ QByteArray topOf(QByteArray folder, dev_t device)
     while (folder != "/") {
         const qsizetype slash = folder.lastIndexOf('/');
         const QByteArray above = slash > 0 ? folder.first(slash) : QByteArray("/");
-        const auto status = statusOf(above);
+        const auto status = entryStatus(above);
         if (!status || status->st_dev != device)
             break;
         folder = above;
@@ -74,17 +74,17 @@ QByteArray homeTrash(const QByteArray &path)
 // The trash for files of a folder, made where it is missing.
 std::optional<Trash> trashFor(const QByteArray &folder)
 {
-    const auto status = statusOf(folder);
+    const auto status = entryStatus(folder);
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     if (!status || !QDir().mkpath(data))
         return std::nullopt;
-    const auto home = statusOf(QFile::encodeName(QFileInfo(data).canonicalFilePath()));
+    const auto home = entryStatus(QFile::encodeName(QFileInfo(data).canonicalFilePath()));
     if (home && home->st_dev == status->st_dev)
         return Trash{homeTrash(QFile::encodeName(data) + "/Trash"), "/"};
     const QByteArray top = topOf(folder, status->st_dev);
     const QByteArray start = top == "/" ? top : top + '/';
     const QByteArray user = QByteArray::number(::geteuid());
-    const auto shared = statusOf(start + ".Trash");
+    const auto shared = entryStatus(start + ".Trash");
     const bool isSafe = shared && S_ISDIR(shared->st_mode) && (shared->st_mode & S_ISVTX) != 0;
     if (isSafe && haveOwnFolder(start + ".Trash/" + user))
         return Trash{start + ".Trash/" + user, top};
@@ -104,8 +104,8 @@ QByteArray nameInTrash(const QByteArray &name, int number)
     const QByteArray ending = dot > 0 && name.size() - dot <= 8 ? name.sliced(dot) : QByteArray();
     const QByteArray tail = (number > 1 ? '.' + QByteArray::number(number) : QByteArray()) + ending;
     QByteArray stem = name.chopped(ending.size());
-    if (stem.size() + tail.size() + noteEnd.size() > longestName) {
-        qsizetype length = longestName - noteEnd.size() - tail.size();
+    if (stem.size() + tail.size() + noteEnd.size() > longestHostName) {
+        qsizetype length = longestHostName - noteEnd.size() - tail.size();
         while (length > 0 && (stem[length] & 0xC0) == 0x80)
             --length;
         stem.truncate(length);
@@ -148,7 +148,7 @@ bool moveInto(const Trash &trash, const QByteArray &path)
     return false;
 }
 
-void removeIfLeft(const QByteArray &notePath)
+void removeNoteIfLeft(const QByteArray &notePath)
 {
     const Handle note(::open(notePath.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
     if (!note.isOpen() || ::flock(note.get(), LOCK_EX | LOCK_NB) != 0)
@@ -166,7 +166,7 @@ void removeLeftovers(const Trash &trash)
     const QSet<QByteArray> there(files.begin(), files.end());
     for (const QByteArray &note : notes.value_or(QList<QByteArray>())) {
         if (note.endsWith(noteEnd) && !there.contains(note.chopped(noteEnd.size())))
-            removeIfLeft(trash.folder + "/info/" + note);
+            removeNoteIfLeft(trash.folder + "/info/" + note);
     }
 }
 } // namespace

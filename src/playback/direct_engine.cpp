@@ -34,7 +34,7 @@ DirectEngine::DirectEngine(QObject *parent) : MediaEngine(parent), m_thread(new 
 DirectEngine::~DirectEngine()
 {
     if (!m_thread->finish())
-        m_thread.release(); // It is stuck, and the program ends without it.
+        static_cast<void>(m_thread.release()); // It is stuck, and the program ends without it.
 }
 
 void DirectEngine::setFileName(const QString &path)

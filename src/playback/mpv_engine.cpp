@@ -21,7 +21,6 @@ constexpr int longestDeferralMs = 2000;
 constexpr int clockTrustMs = 4000;   // So long the position is shown unchecked.
 constexpr int seekPatienceMs = 1000; // So long a position far from the seek's target is taken for an old one.
 constexpr int deviceTrialMs = 3000;
-constexpr double visibleJumpSeconds = 0.2;
 
 PlayFault faultOf(MpvFailure failure)
 {

@@ -4,6 +4,8 @@
 
 #include <QElapsedTimer>
 
+constexpr double visibleJumpSeconds = 0.2; // A position that is off by more is shown anew at once.
+
 class PositionClock
 {
 public:

@@ -110,7 +110,7 @@ void RecordedOutput::write(const float *frames, qint64 count)
         samples.insert(samples.end(), {frame[0], frame[m_format.channels > 1 ? 1 : 0]});
     }
     m_place -= static_cast<double>(count);
-    m_file.write(reinterpret_cast<const char *>(samples.data()), static_cast<qint64>(samples.size() * sizeof(float)));
+    m_file.write(reinterpret_cast<const char *>(samples.data()), std::ssize(samples) * qint64{sizeof(float)});
 }
 } // namespace
 

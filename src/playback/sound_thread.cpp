@@ -12,7 +12,6 @@ constexpr int rampsASecond = 100;   // A change of loudness takes a hundredth of
 constexpr double endSeconds = 0.03; // So much is still to be heard when the end is announced: the next song follows on.
 constexpr int leavingMs = 1000;     // So long the output waits for a next song.
 constexpr int patienceMs = 1500;
-constexpr double visibleJumpSeconds = 0.2;
 
 float gainOf(int hundredthsOfDecibel)
 {

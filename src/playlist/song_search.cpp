@@ -14,16 +14,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-namespace at = places::SongSearch;
-} // namespace
-
 SongSearch::SongSearch(FileListBox &File1, Player &player)
-    : SkinWindow(u"SongSearch"_s, u"Song Search"_s, Picture::SongSearchSkin, at::window), m_songFolder(File1),
-      m_player(player), Label1(this, {u"Label1"_s, u"Close search"_s, at::Label1}, u"Close"_s),
-      Text1(this, {u"Text1"_s, u"Text to look for"_s, at::Text1}),
-      List1(this, {u"List1"_s, u"Songs found"_s, at::List1})
+    : SkinWindow(u"SongSearch"_s, u"Song Search"_s, Picture::SongSearchSkin, places::SongSearch::window),
+      m_songFolder(File1), m_player(player),
+      Label1(this, {u"Label1"_s, u"Close search"_s, places::SongSearch::Label1}, u"Close"_s),
+      Text1(this, {u"Text1"_s, u"Text to look for"_s, places::SongSearch::Text1}),
+      List1(this, {u"List1"_s, u"Songs found"_s, places::SongSearch::List1})
 {
     Label1.setButton(true);
     Label1.setFont(fonts::font(fonts::Face::Arial, 11));

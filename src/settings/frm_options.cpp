@@ -17,11 +17,10 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-namespace at = places::frmOptions;
 
 namespace
 {
-constexpr int captionPixels = 13;
+constexpr int optionCaptionPixels = 13;
 
 // A stored text that is no number leaves the box as it is.
 void readState(CheckBox &box, Setting setting)
@@ -44,12 +43,13 @@ QString CreateDesktopLink(const QString &folder, const QString &name, const QStr
 } // namespace
 
 frmOptions::frmOptions()
-    : SkinWindow(u"frmOptions"_s, u"Options"_s, Picture::OptionsSkin, at::window),
-      Check1(this, {u"Check1"_s, u"Translucency"_s, at::Check1}, u"Translucentcy"_s),
-      Check2(this, {u"Check2"_s, u"Tool tip data"_s, at::Check2}, u"Tool Tip Data"_s),
-      Check3(this, {u"Check3"_s, u"Browse for folder dialog"_s, at::Check3}, u"Browse For Folder Dialog"_s),
-      Check4(this, {u"Check4"_s, u"Link on desktop"_s, at::Check4}, u"Link On Desktop"_s),
-      Label1(this, {u"Label1"_s, u"Save options"_s, at::Label1}, u"OK"_s)
+    : SkinWindow(u"frmOptions"_s, u"Options"_s, Picture::OptionsSkin, places::frmOptions::window),
+      Check1(this, {u"Check1"_s, u"Translucency"_s, places::frmOptions::Check1}, u"Translucentcy"_s),
+      Check2(this, {u"Check2"_s, u"Tool tip data"_s, places::frmOptions::Check2}, u"Tool Tip Data"_s),
+      Check3(this, {u"Check3"_s, u"Browse for folder dialog"_s, places::frmOptions::Check3},
+             u"Browse For Folder Dialog"_s),
+      Check4(this, {u"Check4"_s, u"Link on desktop"_s, places::frmOptions::Check4}, u"Link On Desktop"_s),
+      Label1(this, {u"Label1"_s, u"Save options"_s, places::frmOptions::Label1}, u"OK"_s)
 {
     Check1.setToolTip(u"The Translucent Effect Observed Only On Win 2000 and Above."_s);
     Check2.setToolTip(u"The Data Shown When Your Mouse Is Over A Song."_s);
@@ -104,9 +104,9 @@ void frmOptions::showEvent(QShowEvent *event)
         const QColor ground = skinColourAt({50, 50});
         for (CheckBox *box : {&Check1, &Check2, &Check3, &Check4}) {
             box->setBackColour(ground);
-            box->setFont(fonts::font(fonts::Face::ComicSansMs, captionPixels));
+            box->setFont(fonts::font(fonts::Face::ComicSansMs, optionCaptionPixels));
         }
-        Label1.setFont(fonts::font(fonts::Face::ComicSansMs, captionPixels, QFont::Bold));
+        Label1.setFont(fonts::font(fonts::Face::ComicSansMs, optionCaptionPixels, QFont::Bold));
     }
     SkinWindow::showEvent(event);
     Check1.setFocus();

@@ -57,7 +57,7 @@ Line lineAt(QStringView text, qsizetype start)
 }
 
 // The name in square brackets; nothing for a line that heads no section.
-std::optional<QStringView> sectionName(QStringView line)
+std::optional<QStringView> nameInBrackets(QStringView line)
 {
     const QStringView header = trimmed(line);
     const qsizetype close = header.indexOf(u']');
@@ -78,7 +78,7 @@ Place findPlace(QStringView text, QStringView section, QStringView key)
     for (Line line; line.start < text.size(); line.start = line.next) {
         line = lineAt(text, line.start);
         const QStringView content = trimmed(text.sliced(line.start, line.end - line.start));
-        const auto name = sectionName(content);
+        const auto name = nameInBrackets(content);
         if (name && place.sectionEnd)
             return place; // A second section of the name is never looked at.
         if (name && name->compare(section, Qt::CaseInsensitive) == 0)

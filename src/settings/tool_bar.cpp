@@ -22,31 +22,32 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-namespace at = places::ToolBar;
 
 namespace
 {
 constexpr int frameMs = 300;
-constexpr int captionPixels = 12;
+constexpr int barCaptionPixels = 12;
 
 ControlSetup frameSetup(int frame)
 {
-    return {u"Picture3-"_s + QString::number(frame), u"Reel frame"_s, at::Picture2};
+    return {u"Picture3-"_s + QString::number(frame), u"Reel frame"_s, places::ToolBar::Picture2};
 }
 } // namespace
 
 ToolBar::ToolBar(FileListBox &mainFile1, frmOptions &options)
-    : SkinWindow(u"ToolBar"_s, u"Music folder"_s, Picture::ToolBarSkin, at::window), m_mainFile1(mainFile1),
-      m_options(options), Label2(this, {u"Label2"_s, u"Close"_s, at::Label2}, u"Close"_s),
-      Drive1(this, {u"Drive1"_s, u"Drives"_s, at::Drive1}),
-      Picture1(this, {u"Picture1"_s, u"Desktop folder"_s, at::Picture1}),
-      Dir1(this, {u"Dir1"_s, u"Folders"_s, at::Dir1}),
-      File1(this, {u"File1"_s, u"Songs of the folder"_s, at::File1}, u"*.mp3"_s),
-      Picture2(this, {u"Picture2"_s, u"Reel"_s, at::Picture2}), Picture3{PictureBox{this, frameSetup(0)},
-                                                                         PictureBox{this, frameSetup(1)},
-                                                                         PictureBox{this, frameSetup(2)}},
-      Label1(this, {u"Label1"_s, u"Number of songs"_s, at::Label1}),
-      Label3(this, {u"Label3"_s, u"Choose this folder"_s, at::Label3}, u"Choose"_s), Timer1(this, u"Timer1"_s, frameMs)
+    : SkinWindow(u"ToolBar"_s, u"Music folder"_s, Picture::ToolBarSkin, places::ToolBar::window),
+      m_mainFile1(mainFile1), m_options(options),
+      Label2(this, {u"Label2"_s, u"Close"_s, places::ToolBar::Label2}, u"Close"_s),
+      Drive1(this, {u"Drive1"_s, u"Drives"_s, places::ToolBar::Drive1}),
+      Picture1(this, {u"Picture1"_s, u"Desktop folder"_s, places::ToolBar::Picture1}),
+      Dir1(this, {u"Dir1"_s, u"Folders"_s, places::ToolBar::Dir1}),
+      File1(this, {u"File1"_s, u"Songs of the folder"_s, places::ToolBar::File1}, u"*.mp3"_s),
+      Picture2(this, {u"Picture2"_s, u"Reel"_s, places::ToolBar::Picture2}), Picture3{PictureBox{this, frameSetup(0)},
+                                                                                      PictureBox{this, frameSetup(1)},
+                                                                                      PictureBox{this, frameSetup(2)}},
+      Label1(this, {u"Label1"_s, u"Number of songs"_s, places::ToolBar::Label1}),
+      Label3(this, {u"Label3"_s, u"Choose this folder"_s, places::ToolBar::Label3}, u"Choose"_s),
+      Timer1(this, u"Timer1"_s, frameMs)
 {
     for (Label *button : {&Label2, &Picture1, &Label3})
         button->setButton(true);
@@ -94,7 +95,7 @@ void ToolBar::showEvent(QShowEvent *event)
 void ToolBar::prepareForFirstLook()
 {
     for (Label *label : {&Label2, &Label1, &Label3})
-        label->setFont(fonts::font(fonts::Face::Arial, captionPixels));
+        label->setFont(fonts::font(fonts::Face::Arial, barCaptionPixels));
     Label1.setAlignment(Qt::AlignCenter);
     Label1.setColour(QColor::fromRgb(palette::displayText));
     File1.setFocusPolicy(Qt::TabFocus);
