@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <optional>
 
@@ -35,13 +36,15 @@ void paintWithoutSharedMemory()
 }
 
 // Asked for a bus that is in neither place, now or when one has gone away, the bus library would start one, which takes
-// longer than the player does.
-void startNoBus()
+// longer than the player does. An address with the number of one bus would keep the player from the next one there.
+void settleBusAddress()
 {
     const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s;
-    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
-        qputenv("DBUS_SESSION_BUS_ADDRESS",
-                QFile::exists(socket) ? "unix:path=" + QFile::encodeName(socket) : "disabled:");
+    QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (address.isEmpty())
+        address = QFile::exists(socket) ? u"unix:path="_s + socket : u"disabled:"_s;
+    static const QRegularExpression number(u",guid=[0-9a-f]+"_s);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", QFile::encodeName(address.remove(number)));
 }
 
 } // namespace
@@ -49,13 +52,14 @@ void startNoBus()
 int main(int argc, char *argv[])
 {
     StartOptions options = readStartOptions({argv, static_cast<std::size_t>(argc)}, hostEntryExists);
-    if (options.action != StartOptions::Action::Play)
+    const bool isService = options.action == StartOptions::Action::Serve;
+    if (options.action != StartOptions::Action::Play && !isService)
         return answerInTerminal(options);
     qSetMessagePattern(u"kiv-mp3: %{if-category}%{category}: %{endif}%{message}"_s);
     outliveReaders();
     preferX11();
     paintWithoutSharedMemory();
-    startNoBus();
+    settleBusAddress();
     QApplication::setStyle(new SkinStyle);
     std::optional<MissingDisplayHandler> displayHandler(std::in_place);
     int toolkitCount = static_cast<int>(options.toolkit.size());
@@ -63,7 +67,7 @@ int main(int argc, char *argv[])
     const QApplication application(toolkitCount, options.toolkit.data());
     displayHandler.reset();
     QApplication::setApplicationName(u"KiV Mp3"_s);
-    QApplication::setDesktopFileName(u"kiv-mp3"_s);
+    QApplication::setDesktopFileName(DesktopApplication::id());
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setFont(fonts::font(fonts::Face::Arial, 13));
     installAccessibility();
@@ -72,7 +76,7 @@ int main(int argc, char *argv[])
     engine.deferUntilShown();
     Program program(engine);
     QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &EngineChoice::release);
-    if (!program.start(options.file ? commandLineText(*options.file) : QString()))
+    if (!(isService ? program.startByBus() : program.start(options.file ? commandLineText(*options.file) : QString())))
         return Fine;
     // Before this a signal ends the program as usual: there is no loop yet to leave.
     onEndingSignals(&program, [&program] { program.mainWindow().close(); });

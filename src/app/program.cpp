@@ -6,6 +6,7 @@
 #include "controls/skin_window.h"
 #include "platform/drives.h"
 #include "platform/shell_files.h"
+#include "platform/x11_windows.h"
 #include "remote/adaptors.h"
 #include "settings/settings_store.h"
 #include "settings/window_effects.h"
@@ -72,7 +73,7 @@ void Program::connectOtherWindows()
     connect(&m_about, &About::done, &m_mp3Frm, &Mp3Frm::bringBack);
     connect(&m_trayIcon, &TrayIcon::Click, this, &Program::trayClicked);
     connect(&m_trayIcon, &TrayIcon::trayGone, this, &Program::showWithoutTray);
-    connect(&m_remote, &RemoteControl::raiseWanted, &m_mp3Frm, &Mp3Frm::bringBack);
+    connect(&m_remote, &RemoteControl::raiseWanted, this, &Program::comeToFront);
     connect(&m_remote, &RemoteControl::quitWanted, &m_mp3Frm.Label6, &Label::press, Qt::QueuedConnection);
     connect(&m_remote, &RemoteControl::songWanted, this, &Program::playAndChoose);
 }
@@ -104,14 +105,30 @@ bool Program::start(const QString &commandLine)
 {
     if (m_instance.isPreviousRunning())
         return false;
-    if (commandLine.isEmpty()) {
-        Splash splash;
-        splash.animate();
-    } else {
+    if (commandLine.isEmpty())
+        showSplash();
+    else
         playCommandLine(commandLine);
-    }
     m_mp3Frm.show();
     return true;
+}
+
+bool Program::startByBus()
+{
+    if (m_instance.isPreviousRunning())
+        return false;
+    if (const QString song = m_remote.startByBus(); !song.isEmpty())
+        playAndChoose(song);
+    else
+        showSplash();
+    m_mp3Frm.show();
+    return true;
+}
+
+void Program::showSplash()
+{
+    Splash splash;
+    splash.animate();
 }
 
 // What a player that was killed could not finish goes, where it most likely worked.
@@ -253,6 +270,13 @@ void Program::trayClicked()
         window->hide();
     m_playlist.putAway();
     m_mp3Frm.bringBack();
+}
+
+// The desktop asks for the window because the user did: it comes in front of what the user works with.
+void Program::comeToFront()
+{
+    m_mp3Frm.bringBack();
+    activateForUser(*m_mp3Frm.windowHandle());
 }
 
 // The tray has gone with the main window in it: the window is found where minimised ones are.

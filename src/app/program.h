@@ -30,6 +30,9 @@ public:
     /// when another player runs already and this one is to end, unseen.
     bool start(const QString &commandLine);
 
+    /// The same for a player that the session bus has started: it says which song, if any.
+    bool startByBus();
+
     Mp3Frm &mainWindow() { return m_mp3Frm; }
 
 private:
@@ -38,6 +41,7 @@ private:
     void connectMenus();
     void load();
     void tidyUp();
+    void showSplash();
     void playCommandLine(const QString &commandLine);
     void playWithFolder(const QString &path);
     void playAndChoose(const QString &path);
@@ -55,6 +59,7 @@ private:
     void trayClicked();
     void showWithoutTray();
     void updateTray(const QString &songName);
+    void comeToFront();
     void leave();
 
     SingleInstance m_instance;

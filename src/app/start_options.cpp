@@ -18,6 +18,7 @@ constexpr char help[] =
     "\n"
     "  -h, --help     show this help\n"
     "  -v, --version  show the version\n"
+    "      --service  wait for the session bus to say what to play; for its service file\n"
     "  --             what follows is a file, even if its name begins with \"-\"\n"
     "\n"
     "Options of the Qt toolkit, such as -platform and -display, are understood too.\n"
@@ -86,6 +87,8 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
             return {Action::ShowHelp, {}, {}, {}};
         else if (argument == "--version" || argument == "-v")
             return {Action::ShowVersion, {}, {}, {}};
+        else if (argument == "--service")
+            options.action = options.action == Action::Refuse ? Action::Refuse : Action::Serve;
         else if (const std::size_t words = toolkitWords(argument); words > 0) {
             const std::size_t end = std::min(i + words, arguments.size());
             options.toolkit.insert(options.toolkit.end(), arguments.begin() + i, arguments.begin() + end);

@@ -10,7 +10,7 @@
 #include <vector>
 
 struct StartOptions {
-    enum class Action { Play, ShowHelp, ShowVersion, Refuse };
+    enum class Action { Play, Serve, ShowHelp, ShowVersion, Refuse }; // Serve: the session bus says what to play.
 
     Action action = Action::Play;
     QByteArray refusal;             // Why, in one line.
@@ -24,6 +24,6 @@ using FileTest = std::function<bool(const QByteArray &name)>;
 /// that name; what follows "--" always is. There is one file at most.
 StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &isThere);
 
-/// Does in the terminal what any action but Play asks for: help and version on stdout, an error on stderr. Gives the
+/// Does in the terminal what any action but a start asks for: help and version on stdout, an error on stderr. Gives the
 /// status to exit with.
 int answerInTerminal(const StartOptions &options);

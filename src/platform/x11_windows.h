@@ -13,6 +13,10 @@ class QWindow;
 /// hidden. This takes the wish back; to be called while the window is hidden.
 void forgetMinimised(QWindow &window);
 
+/// Brings a window in front because the user has asked for it elsewhere. Window managers let a program bring back its
+/// own windows only while the user works with it.
+void activateForUser(QWindow &window);
+
 /// The tray of the kind that takes windows in. (The newer kind is found on the session bus.)
 class X11Tray : public QAbstractNativeEventFilter
 {

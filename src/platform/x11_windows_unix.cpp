@@ -72,6 +72,24 @@ void forgetMinimised(QWindow &window)
     xcb_change_property(x11, XCB_PROP_MODE_REPLACE, id, name, name, 32, hints.size(), hints.data());
 }
 
+void activateForUser(QWindow &window)
+{
+    xcb_connection_t *x11 = x11Connection();
+    if (!x11 || !window.handle())
+        return;
+    constexpr std::uint32_t asUser = 2; // As a task bar asks, which acts for the user.
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(window.winId());
+    message.type = atomOf(x11, "_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = asUser;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(x11)).data->root;
+    xcb_send_event(x11, false, root, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char *>(&message));
+    xcb_flush(x11);
+}
+
 X11Tray::X11Tray(std::function<void()> changed) : m_changed(std::move(changed))
 {
     xcb_connection_t *x11 = x11Connection();

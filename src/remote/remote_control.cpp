@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "remote/remote_control.h"
 
-#include "platform/drives.h"
-#include "platform/folders.h"
 #include "playback/player.h"
 #include "remote/song_metadata.h"
 
@@ -41,12 +39,15 @@ RemoteControl::RemoteControl(Player &player, const SongFolder &songs) : m_player
     m_notifyTimer.setSingleShot(true);
     connect(&m_notifyTimer, &QTimer::timeout, this, &RemoteControl::notify);
     connect(&m_joinTimer, &QTimer::timeout, this, &RemoteControl::joinBus);
+    connect(&m_application, &DesktopApplication::songWanted, this, &RemoteControl::songWanted);
+    connect(&m_application, &DesktopApplication::raiseWanted, this, &RemoteControl::raiseWanted);
 }
 
 RemoteControl::~RemoteControl()
 {
     if (!m_serviceName.isEmpty())
-        m_bus.unregisterService(m_serviceName);
+        for (const QString &name : {m_serviceName, DesktopApplication::id()})
+            m_bus.unregisterService(name);
 }
 
 void RemoteControl::start()
@@ -57,6 +58,12 @@ void RemoteControl::start()
     joinBus();
     if (!m_serviceName.isEmpty())
         connectHandlers();
+}
+
+QString RemoteControl::startByBus()
+{
+    start();
+    return m_serviceName.isEmpty() ? QString() : m_application.waitForFirstWish();
 }
 
 // Qt's own connection is never made anew; a later one is the player's own.
@@ -71,6 +78,8 @@ void RemoteControl::joinBus()
     m_joinTimer.stop();
     notify(); // Before the name is taken: whoever finds it asks for everything.
     m_serviceName = takeServiceName(m_bus);
+    m_bus.registerObject(DesktopApplication::objectPath(), &m_application, QDBusConnection::ExportScriptableSlots);
+    m_bus.registerService(DesktopApplication::id());
     m_bus.connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s, this,
                   SLOT(loseBus()));
 }
@@ -245,8 +254,7 @@ void RemoteControl::setVolume(double volume)
 
 void RemoteControl::open(const QString &uri)
 {
-    const QString path = pathOfUri(uri);
-    if (!path.isEmpty() && fileLength(path))
+    if (const QString path = fileOfUri(uri); !path.isEmpty())
         Q_EMIT songWanted(path);
     else if (calledFromDBus())
         sendErrorReply(QDBusError::InvalidArgs, u"There is no such file: "_s + uri);

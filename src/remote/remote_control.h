@@ -7,6 +7,7 @@
 
 #include "playback/position_clock.h"
 #include "remote/cover_files.h"
+#include "remote/desktop_application.h"
 #include "remote/player_facts.h"
 
 #include <QDBusConnection>
@@ -28,6 +29,9 @@ public:
     /// Appears on the session bus, where there is one. To be called when the first window is on the screen. A bus that
     /// goes away is joined again when it is back.
     void start();
+
+    /// A player that the bus has started appears there at once, and is told the song to open; "" for none.
+    QString startByBus();
 
     /// What there is to say just now, without the song's data; and these, for which the song is read.
     PlayerFacts facts() const;
@@ -81,6 +85,7 @@ private:
     int m_joinings = 0;
     QTimer m_joinTimer; // While the bus is away.
     QTimer m_notifyTimer;
+    DesktopApplication m_application;
     CoverFiles m_covers;
     QVariantMap m_song; // songMetadata() of song m_songNumber; its file is read once.
     int m_songNumber = 0;

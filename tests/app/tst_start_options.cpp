@@ -32,6 +32,8 @@ private Q_SLOTS:
         row("files only", "--|--help", "play --help ");
         row("help comes first", "-x|a.mp3|-h", "help  ");
         row("version", "-platform|x|--version", "version  ");
+        row("service", "--service", "serve  ");
+        row("no service", "-x|--service", "refuse  ");
         row("toolkit", "-platform|--help|a|--style=x|-reverse|-icon",
             "play a -platform|--help|--style=x|-reverse|-icon");
         row("nearly toolkit", "-styles=x", "refuse  ");
@@ -49,6 +51,7 @@ private Q_SLOTS:
             readStartOptions(pointers, [](const QByteArray &name) { return name.contains("there"); });
         const QByteArrayList toolkit(options.toolkit.begin(), options.toolkit.end());
         const std::map<Action, QByteArray> actions = {{Action::Play, "play"},
+                                                      {Action::Serve, "serve"},
                                                       {Action::Refuse, "refuse"},
                                                       {Action::ShowHelp, "help"},
                                                       {Action::ShowVersion, "version"}};

@@ -414,8 +414,14 @@ private Q_SLOTS:
             QCOMPARE(stand.ask(playerInterface, u"OpenUri"_s, {refused}).type(), QDBusMessage::ErrorMessage);
         stand.ask(playerInterface, u"OpenUri"_s, {fileUri(song)});
         QCOMPARE(songs, QList<QVariantList>{{song}});
+        QDBusMessage open = QDBusMessage::createMethodCall(DesktopApplication::id(), DesktopApplication::objectPath(),
+                                                           u"org.freedesktop.Application"_s, u"Open"_s);
+        open << QStringList({fileUri(song + u'x'), fileUri(song)}) << QVariantMap();
+        stand.bus.asyncCall(open);
+        QTRY_COMPARE(songs.size(), 2); // The first that is there.
+        QCOMPARE(raises.size(), 1);
         stand.ask(root, u"Raise"_s);
-        QVERIFY(raises.size() == 1 && quits.isEmpty());
+        QVERIFY(raises.size() == 2 && quits.isEmpty());
         QCOMPARE(stand.ask(root, u"Quit"_s).type(), QDBusMessage::ReplyMessage);
         QCOMPARE(quits.size(), 1);
     }
