@@ -8,7 +8,7 @@ import time
 
 from gi.repository import Gio, GLib
 
-from player import Window, wait_for
+from player import FOLDER, NAMES, Window, wait_for
 
 TRAY = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
@@ -46,6 +46,10 @@ def wait(what, condition):
     wait_for(what, serve_and_look)
 
 
+def ask_icon(face, method, words):
+    return bus.call_sync(items[-1], "/StatusNotifierItem", face, method, words, None, Gio.DBusCallFlags.NONE, -1, None)
+
+
 def window_is(state):
     said = subprocess.run(["xprop", "-id", window_id, "WM_STATE"], capture_output=True, text=True, check=True).stdout
     return f"window state: {state}" in said if state else "window state" not in said or "Withdrawn" in said
@@ -57,7 +61,7 @@ def restore():
 
 
 bus.register_object("/StatusNotifierWatcher", FACES[0], call, lambda *_: GLib.Variant("b", True), None)
-window = Window()
+window = Window(folder=FOLDER)
 window_id = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(window.process.pid), "--name", "."],
                            capture_output=True, text=True, check=True).stdout.split()[0]
 window.press("Hide")
@@ -72,8 +76,10 @@ restore()
 tray_comes()
 window.press("Hide")
 wait("a window in the new tray", lambda: window_is(None))
-bus.call_sync(items[-1], "/StatusNotifierItem", ITEM, "Activate", GLib.Variant("(ii)", (0, 0)), None,
-              Gio.DBusCallFlags.NONE, -1, None)
+ask_icon(ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
 wait("the window from the tray", lambda: window_is("Normal"))
+window.press("Next song button")
+wait("the song in the icon's tip", lambda: NAMES[0].removesuffix(".mp3") in str(
+    ask_icon("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (ITEM, "ToolTip")))))
 window.press("Exit")
 window.wait_for_end()

@@ -47,7 +47,7 @@ struct Server {
     {
         QFETCH_GLOBAL(const QString, command);
         process.start(u"sh"_s, {u"-c"_s, command});
-        QTRY_COMPARE_WITH_TIMEOUT(device(), "nobody", patienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(answerTo({u"get-default-sink"_s}), "nobody", patienceMs);
         recorder.start(u"parec"_s, {u"--raw"_s, u"--format=float32"_s, u"--channels=1"_s, u"--latency-msec=10"_s});
         QTRY_VERIFY_WITH_TIMEOUT(recorder.bytesAvailable() > 0, patienceMs);
     }
@@ -60,10 +60,10 @@ struct Server {
         process.waitForFinished();
     }
 
-    static QByteArray device()
+    static QByteArray answerTo(const QStringList &question)
     {
         QProcess pactl;
-        pactl.start(u"pactl"_s, {u"get-default-sink"_s});
+        pactl.start(u"pactl"_s, question);
         pactl.waitForFinished();
         return pactl.readAllStandardOutput().trimmed();
     }
@@ -130,6 +130,8 @@ private Q_SLOTS:
         engine.setVolume(-2000); // Two seconds lie ready, and become softer by 20 dB.
         QTRY_COMPARE_WITH_TIMEOUT(ends.size(), 2, patienceMs);
         QTRY_VERIFY_WITH_TIMEOUT(server.levels().last() == 0, patienceMs);
+        QTRY_COMPARE_WITH_TIMEOUT(Server::answerTo({u"list"_s, u"short"_s, u"sink-inputs"_s}), "",
+                                  patienceMs); // It left.
         QList<double> levels = server.levels();
         while (levels.last() == 0)
             levels.removeLast();
