@@ -131,13 +131,13 @@ void Program::showSplash()
     splash.animate();
 }
 
-// What a player that was killed could not finish goes, where it most likely worked.
+// What a player that was killed could not finish goes, where it most likely worked. Listing the songs has tidied their
+// folder.
 void Program::tidyUp()
 {
-    const QString songs = m_mp3Frm.songs().folder();
-    for (const QString &folder : {u"c:\\"_s, paths::settingsFolder, songs})
+    for (const QString &folder : {u"c:\\"_s, paths::settingsFolder})
         tidyFolder(folder);
-    tidyTrash(songs);
+    tidyTrash(m_mp3Frm.songs().folder());
 }
 
 // The text is one path in quotation marks; its first and last character go, whatever they are.

@@ -20,9 +20,9 @@ QByteArray hostFolderOf(const QByteArray &path);
 Presence hostEntry(const QByteArray &path);
 bool hostEntryExists(const QByteArray &path);
 
-/// The names of all entries of a folder, "." and ".." too, unsorted; none of a missing folder, nothing when it cannot
-/// be read.
-std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder);
+/// The names of all entries of a folder that begin so, "." and ".." too, unsorted; none of a missing folder, nothing
+/// when it cannot be read.
+std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder, QByteArrayView beginning = {});
 
 /// Which file it is, whatever it is called.
 struct FileIdentity {

@@ -100,15 +100,17 @@ bool hostEntryExists(const QByteArray &path)
     return hostEntry(path) == Presence::There;
 }
 
-std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder)
+std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder, QByteArrayView beginning)
 {
     QList<QByteArray> entries;
     const std::unique_ptr<DIR, int (*)(DIR *)> open(::opendir(folder.constData()), ::closedir);
     if (!open)
         return isForMissing(errno) ? std::optional(entries) : std::nullopt;
     errno = 0;
-    while (const dirent *entry = ::readdir(open.get()))
-        entries += QByteArray(entry->d_name);
+    while (const dirent *entry = ::readdir(open.get())) {
+        if (QByteArrayView(entry->d_name).startsWith(beginning))
+            entries += QByteArray(entry->d_name);
+    }
     return errno == 0 ? std::optional(entries) : std::nullopt;
 }
 

@@ -20,7 +20,8 @@ bool folderExists(const QString &path);
 std::optional<qint64> fileLength(const QString &path);
 
 /// Names of the normal files in a folder whose extension is one of the given ones, whatever its case ({} takes all);
-/// hidden ones are left out. Unsorted. Empty for a folder that cannot be read.
+/// hidden ones are left out. Unsorted. Empty for a folder that cannot be read. What a player that was killed has left
+/// in the folder goes on the way.
 NameList filesIn(const QString &folder, const QStringList &extensions = {});
 
 /// Is there at least one such file? Stops reading at the first.

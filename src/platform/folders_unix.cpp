@@ -3,6 +3,7 @@
 #include "platform/drives.h"
 #include "platform/file_names.h"
 #include "platform/folders.h"
+#include "platform/scratch_file.h"
 
 #include <algorithm>
 #include <dirent.h>
@@ -46,16 +47,19 @@ bool endsWithOneOf(QByteArrayView name, const QList<QByteArray> &endings)
            });
 }
 
-// Calls visit(name) for each entry of the kind until it returns false.
+void passOver(const QByteArray &, const QByteArray &) {}
+
+// Calls visit(name) for each entry of the kind until it returns false, and visitHidden(folder, name) for hidden ones.
 template<class Visitor>
-void visitEntries(const QByteArray &hostFolder, Kind kind, const QList<QByteArray> &endings, Visitor visit)
+void visitEntries(const QByteArray &hostFolder, Kind kind, const QList<QByteArray> &endings, Visitor visit,
+                  void (*visitHidden)(const QByteArray &, const QByteArray &) = passOver)
 {
     const OpenFolder folder = openFolder(hostFolder);
     while (const dirent *entry = folder ? ::readdir(folder.get()) : nullptr) {
         const QByteArrayView name(entry->d_name);
-        if (name.startsWith('.') || !endsWithOneOf(name, endings) || !isKind(hostFolder, *entry, kind))
-            continue;
-        if (!visit(name))
+        if (name.startsWith('.'))
+            visitHidden(hostFolder + '/', name.toByteArray());
+        else if (endsWithOneOf(name, endings) && isKind(hostFolder, *entry, kind) && !visit(name))
             return;
     }
 }
@@ -68,13 +72,15 @@ QList<QByteArray> endingsOf(const QStringList &extensions)
     return endings;
 }
 
+// Tidies the folder on the way: going through a million songs once more takes long.
 NameList namesIn(const QString &folder, Kind kind, const QStringList &extensions)
 {
     NameList names;
-    visitEntries(hostPathOnDisk(folder), kind, endingsOf(extensions), [&](QByteArrayView name) {
+    const auto append = [&names](QByteArrayView name) {
         appendNameFromHost(names, name);
         return true;
-    });
+    };
+    visitEntries(hostPathOnDisk(folder), kind, endingsOf(extensions), append, removeIfScratchFile);
     names.squeeze();
     return names;
 }

@@ -50,3 +50,6 @@ bool writeAll(int handle, QByteArrayView bytes);
 
 /// Removes what programs that were killed have left in the folder; nothing else, and nothing of a living one.
 void removeScratchFiles(const QByteArray &folder);
+
+/// The same for one entry, for somebody who goes through the folder anyway.
+void removeIfScratchFile(const QByteArray &folder, const QByteArray &name);

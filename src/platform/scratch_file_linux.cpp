@@ -128,9 +128,13 @@ bool writeAll(int handle, QByteArrayView bytes)
 void removeScratchFiles(const QByteArray &folder)
 {
     const int reason = errno;
-    for (const QByteArray &name : hostEntries(folder).value_or(QList<QByteArray>())) {
-        if (isScratchName(name))
-            removeIfLeft(folder + name);
-    }
+    for (const QByteArray &name : hostEntries(folder, hiddenStart).value_or(QList<QByteArray>()))
+        removeIfScratchFile(folder, name);
     errno = reason;
+}
+
+void removeIfScratchFile(const QByteArray &folder, const QByteArray &name)
+{
+    if (isScratchName(name))
+        removeIfLeft(folder + name);
 }

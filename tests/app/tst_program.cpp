@@ -156,6 +156,7 @@ private Q_SLOTS:
 
     void withoutASongTheSplashComesFirst()
     {
+        m_folder->makeFile(u".kiv-mp3-abc123.part"_s); // Of a player that was killed.
         Stand stand;
         const QObject context;
         QTimer timer;
@@ -165,7 +166,6 @@ private Q_SLOTS:
                 filled = control<ProgressBar>(skinWindow(u"Splash"_s), u"ProgBar"_s).fraction();
         });
         timer.start();
-        m_folder->makeFile(u".kiv-mp3-abc123.part"_s); // Of a player that was killed.
         QVERIFY(stand.program.start({}));
         QCOMPARE(filled, 1.0);
         QCOMPARE(shownWindows(), u"Mp3Frm"_s);
