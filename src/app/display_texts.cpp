@@ -25,6 +25,11 @@ QString timeText(double positionSeconds, double durationSeconds)
     return FormatPlayTime(roundHalfEven(positionSeconds)) + u'/' + FormatPlayTime(roundHalfEven(durationSeconds));
 }
 
+QString placeInWords(double positionSeconds, double durationSeconds)
+{
+    return durationSeconds > 0 ? timeText(positionSeconds, durationSeconds).replace(u'/', u" of "_s) : QString();
+}
+
 int msUntilNextSecond(double positionSeconds)
 {
     const double intoTheSecond = positionSeconds + 0.5 - std::floor(positionSeconds + 0.5);

@@ -12,6 +12,9 @@ QString rotatedTitle(const QString &title);
 /// "1:05/3:07" of two times in seconds.
 QString timeText(double positionSeconds, double durationSeconds);
 
+/// The same for a voice: "1:05 of 3:07"; "" without a length.
+QString placeInWords(double positionSeconds, double durationSeconds);
+
 /// Milliseconds until a playing position, rounded to whole seconds, reads differently.
 int msUntilNextSecond(double positionSeconds);
 

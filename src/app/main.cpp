@@ -69,6 +69,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(u"KiV Mp3"_s);
     QApplication::setDesktopFileName(DesktopApplication::id());
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setLayoutDirection(Qt::LeftToRight); // As the pictures of the windows are.
     QApplication::setFont(fonts::font(fonts::Face::Arial, 13));
     installAccessibility();
 

@@ -39,16 +39,14 @@ Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes, frmOptions &options)
       Label7(this, {u"Label7"_s, u"Song now playing"_s, place::Label7}, u"Welcome"_s),
       Text1(this, {u"Text1"_s, u"Time"_s, place::Text1}),
       HScroll1(this, {u"HScroll1"_s, u"Position"_s, place::HScroll1}),
-      bPrev(this, {u"bPrev"_s, u"Previous song button"_s, place::bPrev}),
-      bPlay(this, {u"bPlay"_s, u"Play button"_s, place::bPlay}),
-      bPause(this, {u"bPause"_s, u"Pause button"_s, place::bPause}),
-      bStop(this, {u"bStop"_s, u"Stop button"_s, place::bStop}),
-      bNext(this, {u"bNext"_s, u"Next song button"_s, place::bNext}),
-      Label3(this, {u"Label3"_s, u"Previous song"_s, place::Label3}, u"Previous"_s),
-      Label1(this, {u"Label1"_s, u"Play"_s, place::Label1}, u"Play"_s),
-      Label10(this, {u"Label10"_s, u"Pause"_s, place::Label10}, u"Pause"_s),
-      Label2(this, {u"Label2"_s, u"Stop"_s, place::Label2}, u"Stop"_s),
-      Label4(this, {u"Label4"_s, u"Next song"_s, place::Label4}, u"Next"_s),
+      bPrev(this, {u"bPrev"_s, u"Previous song"_s, place::bPrev}), bPlay(this, {u"bPlay"_s, u"Play"_s, place::bPlay}),
+      bPause(this, {u"bPause"_s, u"Pause"_s, place::bPause}), bStop(this, {u"bStop"_s, u"Stop"_s, place::bStop}),
+      bNext(this, {u"bNext"_s, u"Next song"_s, place::bNext}),
+      Label3(this, {u"Label3"_s, u"Previous song caption"_s, place::Label3}, u"Previous"_s),
+      Label1(this, {u"Label1"_s, u"Play caption"_s, place::Label1}, u"Play"_s),
+      Label10(this, {u"Label10"_s, u"Pause caption"_s, place::Label10}, u"Pause"_s),
+      Label2(this, {u"Label2"_s, u"Stop caption"_s, place::Label2}, u"Stop"_s),
+      Label4(this, {u"Label4"_s, u"Next song caption"_s, place::Label4}, u"Next"_s),
       Label8(this, {u"Label8"_s, u"Choose the music folder"_s, place::Label8}, u"Mp3 Folder"_s),
       ListSwitch(this, {u"ListSwitch"_s, u"Switch the list"_s, place::ListSwitch}, u"Names"_s),
       File1(this, {u"File1"_s, u"Songs"_s, place::File1}, songPattern),
@@ -81,6 +79,7 @@ void Mp3Frm::setUpLooks()
     HScroll1.setRange(0, 0);
     HScroll1.setSmallChange(5);
     HScroll1.setLargeChange(10);
+    HScroll1.setPlaceInWords([this] { return placeInWords(m_player.positionSeconds(), m_player.lengthSeconds()); });
     VScroll1.setSmallChange(Player::volumeStep);
     VScroll1.setLargeChange(20);
     VScroll1.setWheelStep(volumePerNotch);
@@ -92,11 +91,12 @@ void Mp3Frm::setUpLooks()
     bStop.setButton(Picture::Stop, Picture::StopHover, Picture::StopPressed, u"[]"_s);
     bNext.setButton(Picture::Next, Picture::NextHover, Picture::NextPressed, u">|"_s);
     // A picture and the label below it are one command: the keyboard stops at the picture alone, where its ring is seen
-    // best. Assistive tools can press either.
+    // best, and assistive tools read it once.
     for (const auto &[picture, label] :
          {std::pair(&bPrev, &Label3), {&bPlay, &Label1}, {&bPause, &Label10}, {&bStop, &Label2}, {&bNext, &Label4}}) {
         picture->setAccessibleName(label->Caption());
         label->setFocusPolicy(Qt::NoFocus);
+        label->setUntold();
     }
     File1.setRowTip([this](int row) {
         const bool isOn = m_options.toolTipDataChosen();

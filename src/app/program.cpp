@@ -40,6 +40,7 @@ Program::Program(MediaEngine &engine)
     connectMainWindow();
     connectOtherWindows();
     connectMenus();
+    connectMediaKeys();
     if (!m_instance.isPreviousRunning()) // A second player says nothing, not even of a damaged play list.
         load();
 }
@@ -89,6 +90,13 @@ void Program::connectMenus()
     connect(&m_menus, &Menus::playListLoadWanted, &m_playlist, &Playlist::loadLists);
     connect(&m_menus, &Menus::playListSaveWanted, &m_playlist, &Playlist::saveLists);
     connect(&m_menus, &Menus::randomSwitched, this, &Program::switchRandom);
+}
+
+void Program::connectMediaKeys()
+{
+    for (SkinWindow *window : std::initializer_list<SkinWindow *>{&m_options, &m_mp3Frm, &m_toolBar, &m_tagEdit,
+                                                                  &m_formatMp3, &m_playlist, &m_about, &m_songSearch})
+        connect(window, &SkinWindow::mediaKeyPressed, this, &Program::runMediaKey);
 }
 
 // The loads in their order. The options load themselves when the main window's load asks for the first flag.
@@ -158,6 +166,21 @@ void Program::playAndChoose(const QString &path)
 {
     playWithFolder(path);
     m_mp3Frm.chooseSong(FileNameFromPath(spelledAsOnDisk(path)));
+}
+
+// What the desktop would ask for by such a key. Play is on most keyboards the key that holds the song, too.
+void Program::runMediaKey(int key)
+{
+    if (key == Qt::Key_MediaPlay || key == Qt::Key_MediaTogglePlayPause)
+        m_remote.playPause();
+    else if (key == Qt::Key_MediaPause)
+        m_remote.pause();
+    else if (key == Qt::Key_MediaStop)
+        m_remote.stop();
+    else if (key == Qt::Key_MediaNext)
+        m_remote.next();
+    else if (key == Qt::Key_MediaPrevious)
+        m_remote.previous();
 }
 
 // Space on a song adds it to the play list while that is on the screen: its bare name and how long it plays.

@@ -39,6 +39,7 @@ private:
     void connectMainWindow();
     void connectOtherWindows();
     void connectMenus();
+    void connectMediaKeys();
     void load();
     void tidyUp();
     void showSplash();
@@ -46,6 +47,7 @@ private:
     void playWithFolder(const QString &path);
     void playAndChoose(const QString &path);
 
+    void runMediaKey(int key);
     void addPickedSong(const QString &name);
     void chooseFolder();
     void applyTranslucency(bool on);

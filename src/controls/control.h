@@ -44,6 +44,10 @@ public:
     bool isOn() const { return m_on.value_or(false); }
     bool isSwitch() const { return m_on.has_value(); }
 
+    /// Another control says and does the same: assistive tools are told of that one alone.
+    void setUntold() { m_isUntold = true; }
+    bool isUntold() const { return m_isUntold; }
+
     /// Runs the command as a click does, when the control is a button and enabled.
     void press();
 
@@ -63,6 +67,7 @@ protected:
 
 private:
     std::optional<bool> m_on; // Nothing for a button that is no switch.
+    bool m_isUntold = false;
     bool m_isButton = false;
     bool m_pressed = false;
     bool m_hovered = false;

@@ -39,6 +39,11 @@ void Label::setCaption(const QString &caption)
     }
 }
 
+QString Label::words() const
+{
+    return m_isMarquee ? m_unturned.trimmed() : m_caption;
+}
+
 void Label::setButton(bool isButton)
 {
     m_alignment = isButton ? Qt::AlignCenter : m_alignment;

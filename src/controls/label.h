@@ -19,6 +19,9 @@ public:
 
     QString Caption() const { return m_caption; }
 
+    /// What the label says: its caption, or, of a marquee, the text that turns.
+    QString words() const;
+
     /// Shows another text. No click, whatever the text.
     void setCaption(const QString &caption);
 

@@ -209,15 +209,13 @@ void ListBox::currentChanged(const QModelIndex &current, const QModelIndex &prev
     Q_EMIT Click();
 }
 
-// Assistive tools select a row without making it the current one. Everybody else does that next.
-void ListBox::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+void ListBox::pressRow(int row)
 {
-    RowView::selectionChanged(selected, deselected);
-    const auto chooseSelected = [this] {
-        if (const QModelIndexList rows = selectedIndexes(); !rows.isEmpty() && rows[0] != currentIndex())
-            setCurrentIndex(rows[0]);
-    };
-    QMetaObject::invokeMethod(this, chooseSelected, Qt::QueuedConnection);
+    m_clickSent = false;
+    setListIndex(row);
+    if (!m_clickSent)
+        Q_EMIT Click();
+    Q_EMIT DblClick();
 }
 
 // The tip belongs to its row: it stays while the mouse moves within it and goes with it.

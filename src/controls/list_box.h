@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
-// nothing. A right click never changes the choice, and neither does the keyboard's coming. A row selected by assistive
-// tools is chosen. A million rows are normal: nothing here costs time by the row but filling it.
+// nothing. A right click never changes the choice, and neither does the keyboard's coming. A million rows are normal:
+// nothing here costs time by the row but filling it.
 #pragma once
 
 #include "base/name_list.h"
@@ -64,6 +64,9 @@ public:
     /// The row under a point of the list, -1 for none.
     int rowAt(const QPoint &point) const;
 
+    /// Chooses a row and uses it, as a double click does.
+    void pressRow(int row);
+
     /// Asks for the menu of the chosen row, as the menu key does: MouseDown() of the right button follows.
     void askForMenu();
 
@@ -95,7 +98,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
-    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
     bool viewportEvent(QEvent *event) override;
     RowMark markOf(int row) const override;
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/scroll_bars.h"
 
+#include <QAccessible>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -26,8 +28,48 @@ void SliderBar::setValue(int value)
     const QScopedValueRollback byUser(m_byUser, false);
     if (isSliderDown())
         m_missed = value;
+    else if (m_words)
+        moveThumb(value);
     else
         QScrollBar::setValue(value);
+}
+
+// QAbstractSlider tells assistive tools of each new value: the thumb alone moves.
+void SliderBar::moveThumb(int value)
+{
+    const int before = Value();
+    setTracking(false);
+    setSliderPosition(value);
+    setTracking(true);
+    if (Value() != before)
+        notifyChange();
+}
+
+void SliderBar::catchUp()
+{
+    const QSignalBlocker quiet(this);
+    QScrollBar::setValue(sliderPosition());
+}
+
+void SliderBar::tellPlace()
+{
+    if (!m_words || !QAccessible::isActive())
+        return;
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void SliderBar::focusInEvent(QFocusEvent *event)
+{
+    catchUp();
+    tellPlace();
+    QScrollBar::focusInEvent(event);
+}
+
+void SliderBar::mousePressEvent(QMouseEvent *event)
+{
+    catchUp();
+    QScrollBar::mousePressEvent(event);
 }
 
 int SliderBar::accessibleValue(int value) const
@@ -44,12 +86,14 @@ void SliderBar::scrollToAccessible(double accessible)
 void SliderBar::scrollTo(int value)
 {
     const QScopedValueRollback byUser(m_byUser, true);
+    catchUp();
     QScrollBar::setValue(value);
 }
 
 void SliderBar::keyPressEvent(QKeyEvent *event)
 {
     const QScopedValueRollback byUser(m_byUser, true);
+    catchUp();
     QScrollBar::keyPressEvent(event);
 }
 
@@ -63,7 +107,7 @@ void SliderBar::wheelEvent(QWheelEvent *event)
     const int steps = m_turned / QWheelEvent::DefaultDeltasPerStep;
     m_turned -= steps * QWheelEvent::DefaultDeltasPerStep;
     if (steps != 0 && !isSliderDown())
-        scrollTo(value() + steps);
+        scrollTo(Value() + steps);
 }
 
 void SliderBar::notifyChange()
@@ -72,16 +116,20 @@ void SliderBar::notifyChange()
     if (byUser)
         m_missed.reset();
     Q_EMIT Change();
-    if (byUser)
-        Q_EMIT Scroll();
+    if (!byUser)
+        return;
+    Q_EMIT Scroll();
+    tellPlace();
 }
 
 HScrollBar::HScrollBar(QWidget *parent, const ControlSetup &setup) : SliderBar(Qt::Horizontal, parent, setup) {}
 
 void HScrollBar::setMax(int value)
 {
-    if (value != maximum() && !isSliderDown())
-        setRange(minimum(), std::max(value, minimum()));
+    if (value == maximum() || isSliderDown())
+        return;
+    catchUp();
+    setRange(minimum(), std::max(value, minimum()));
 }
 
 VScrollBar::VScrollBar(QWidget *parent, const ControlSetup &setup, int top, int bottom)

@@ -8,6 +8,7 @@
 
 #include <QScrollBar>
 
+#include <functional>
 #include <optional>
 
 class SliderBar : public QScrollBar
@@ -17,7 +18,7 @@ class SliderBar : public QScrollBar
 public:
     SliderBar(Qt::Orientation orientation, QWidget *parent, const ControlSetup &setup);
 
-    int Value() const { return value(); }
+    int Value() const { return sliderPosition(); }
     void setValue(int value);
 
     void setSmallChange(int step) { setSingleStep(step); }
@@ -28,6 +29,11 @@ public:
 
     /// The accessible value is how far up the slider is, in percent, instead of the value itself.
     void setAccessibleInPercent() { m_isAccessibleInPercent = true; }
+
+    /// Where the slider is, in words: part of its accessible name, told when the keyboard comes or the user has moved
+    /// it. The program moves such a slider without a word, since that happens all the time.
+    void setPlaceInWords(std::function<QString()> words) { m_words = std::move(words); }
+    QString placeInWords() const { return m_words ? m_words() : QString(); }
 
     /// The accessible value that stands for a value.
     int accessibleValue(int value) const;
@@ -44,11 +50,19 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+
+    /// Makes the value what the thumb shows: the program's own moves only move the thumb where they are told in words.
+    void catchUp();
 
 private:
+    void moveThumb(int value);
     void notifyChange();
+    void tellPlace();
 
+    std::function<QString()> m_words;
     bool m_byUser = false;
     std::optional<int> m_missed; // Set by the program while the user held the thumb, and not moved since.
     bool m_isAccessibleInPercent = false;

@@ -101,6 +101,9 @@ void SkinWindow::keyPressEvent(QKeyEvent *event)
         Q_EMIT closeRequested();
     else if (event->key() == Qt::Key_F6)
         goToNextWindow();
+    else if (event->key() >= Qt::Key_MediaPlay && event->key() <= Qt::Key_MediaTogglePlayPause &&
+             !event->isAutoRepeat())
+        Q_EMIT mediaKeyPressed(event->key());
     else
         QWidget::keyPressEvent(event);
 }

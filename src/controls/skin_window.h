@@ -53,6 +53,9 @@ Q_SIGNALS:
     /// The user closes the window by the window manager's means; the window stays as it is until somebody acts on it.
     void closeRequested();
 
+    /// A key of the keyboard's own transport (Qt::Key_MediaPlay ...) that no desktop has taken.
+    void mediaKeyPressed(int key);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

@@ -48,6 +48,7 @@ void SongSearch::clearSearch()
     m_names = SongNames();
     m_foundNames = NameList();
     m_matches.clear();
+    tellCount();
     if (isVisible())
         readNames();
 }
@@ -88,6 +89,14 @@ void SongSearch::Text1_Change()
     m_foundNames = m_names.names();
     m_foundText = Text1.Text();
     List1.setRows(static_cast<int>(m_matches.size()));
+    tellCount();
+}
+
+// How many songs were found is the list's name.
+void SongSearch::tellCount()
+{
+    const int count = List1.ListCount();
+    List1.setAccessibleName(count == 1 ? u"1 song found"_s : u"%1 songs found"_s.arg(count));
 }
 
 // Down goes on to the results, Enter plays the first one.

@@ -2,6 +2,7 @@
 // The keyboard in every window: where it begins, how Tab goes on, what leaves the window.
 #include "app/program.h"
 #include "support/fake_engine.h"
+#include "support/test_files.h"
 #include "support/windows.h"
 
 using namespace Qt::StringLiterals;
@@ -66,6 +67,26 @@ private Q_SLOTS:
         QApplication::setActiveWindow(&second); // As a desktop may do that has not seen it go.
         open(second);
         QCOMPARE(second.focusWidget(), last);
+    }
+
+    void theKeyboardsOwnTransportWorksInEveryWindow()
+    {
+        const TestFolder folder;
+        folder.copySample(u"tone-440.mp3"_s, u"a.mp3"_s);
+        m_program.mainWindow().setMusicFolder(folder.path());
+        m_engine.takeCalls();
+        const auto press = [this](QWidget &window, Qt::Key key) {
+            open(static_cast<SkinWindow &>(window));
+            QKeyEvent event(QEvent::KeyPress, key, {}); // QTest does not know them all.
+            QCoreApplication::sendEvent(window.focusWidget(), &event);
+            return m_engine.takeCalls().join(u' ').remove(m_program.mainWindow().File1.Path() + u'\\');
+        };
+        QCOMPARE(press(m_program.mainWindow(), Qt::Key_MediaNext), u"FileName a.mp3 Play"_s);
+        QCOMPARE(press(skinWindow(u"SongSearch"_s), Qt::Key_MediaPlay), u"Pause"_s);
+        QCOMPARE(press(skinWindow(u"TagEdit"_s), Qt::Key_MediaTogglePlayPause), u"Play"_s);
+        QCOMPARE(press(skinWindow(u"Playlist"_s), Qt::Key_MediaPause), u"Pause"_s);
+        QCOMPARE(press(skinWindow(u"About"_s), Qt::Key_MediaPrevious), u"FileName a.mp3 Play"_s);
+        QCOMPARE(press(m_program.mainWindow(), Qt::Key_MediaStop), u"Stop"_s);
     }
 
 private:

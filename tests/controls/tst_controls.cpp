@@ -58,6 +58,13 @@ void send(QWidget &widget, QEvent::Type type, const QPoint &global, Qt::MouseBut
     QMouseEvent event(type, widget.mapFromGlobal(global), global, button, buttons, {});
     QCoreApplication::sendEvent(&widget, &event);
 }
+
+void drag(QWidget &widget, const QPoint &from, const QPoint &to)
+{
+    QTest::mousePress(&widget, Qt::LeftButton, {}, from);
+    send(widget, QEvent::MouseMove, widget.mapToGlobal(to), Qt::NoButton, Qt::LeftButton);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, to);
+}
 } // namespace
 
 class ControlsTest : public QObject
@@ -147,15 +154,29 @@ private Q_SLOTS:
             QCOMPARE(volume.Value(), value);
         }
         const QPoint thumb = thumbOf(volume);
-        QTest::mousePress(&volume, Qt::LeftButton, {}, thumb);
-        send(volume, QEvent::MouseMove, volume.mapToGlobal(QPoint(thumb.x(), 0)), Qt::NoButton, Qt::LeftButton);
-        QTest::mouseRelease(&volume, Qt::LeftButton, {}, {thumb.x(), 0});
+        drag(volume, thumb, {thumb.x(), 0});
         QCOMPARE(volume.Value(), 0);
+        volume.setAccessibleInPercent();
+        auto *seen = QAccessible::queryAccessibleInterface(&volume);
+        const double before = seen->valueInterface()->currentValue().toDouble();
+        seen->actionInterface()->doAction(Actions::decreaseAction());
+        QCOMPARE(before - seen->valueInterface()->currentValue().toDouble(),
+                 seen->valueInterface()->minimumStepSize().toDouble());
+    }
+
+    void onlyTheUserScrolls_data()
+    {
+        QTest::addColumn<bool>("inWords");
+        QTest::newRow("every value told") << false;
+        QTest::newRow("in words, on request") << true;
     }
 
     void onlyTheUserScrolls()
     {
         HScrollBar position(nullptr, at({0, 0, 400, 16}));
+        QFETCH(bool, inWords);
+        if (inWords)
+            position.setPlaceInWords([&position] { return QString::number(position.Value()) + u" of many"_s; });
         position.setRange(0, 200);
         position.setLargeChange(10);
         position.show();
@@ -188,9 +209,17 @@ private Q_SLOTS:
         QVERIFY(position.Value() > 50);
         position.setSliderDown(false);
         QCOMPARE(position.Value(), 0);
+        position.setValue(50);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&position)->text(QAccessible::Name),
+                 inWords ? u"A control, 50 of many"_s : u"A control"_s);
+        QTest::keyClick(&position, Qt::Key_Right); // From where the program has put it.
+        QCOMPARE(position.Value(), 51);
+        position.setValue(60);
+        drag(position, thumbOf(position), {thumbOf(position).x() + 20, 8});
+        QVERIFY(position.Value() > 60 && position.Value() < 70);
         position.setMax(-5);
         QCOMPARE(position.Max(), 0);
-        QCOMPARE(scrolls.size(), 3);
+        QCOMPARE(scrolls.size(), 5);
     }
 
     void aDropDownTurnsOnlyWithTheKeyboard()

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The lists: when a click is told, what stays chosen, and which files and folders they show.
+#include "controls/accessibility.h"
 #include "controls/folder_lists.h"
 #include "controls/skin_style.h"
 #include "support/test_files.h"
 #include "support/windows.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDir>
@@ -25,6 +27,8 @@ class ListsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { installAccessibility(); }
+
     void aChoiceClicksOnce()
     {
         ListBox list(nullptr, setup);
@@ -60,6 +64,33 @@ private Q_SLOTS:
         list.setItems({u"d"_s});
         QCOMPARE(list.ListIndex(), -1);
         QCOMPARE(clicks.size(), 5);
+    }
+
+    void assistiveToolsChooseAndUseRows()
+    {
+        ListBox list(nullptr, setup);
+        list.setItems({u"a"_s, u"b"_s, u"c"_s});
+        list.setMark(u"b"_s, RowMark::Held);
+        list.show();
+        QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&list);
+        QAccessibleInterface *row = seen->child(1);
+        QCOMPARE(seen->childCount(), 3);
+        QCOMPARE(seen->child(3), nullptr);
+        QCOMPARE(seen->indexOfChild(row), 1);
+        QCOMPARE(row->text(QAccessible::Name) + row->text(QAccessible::Description), u"bPaused"_s);
+        const QPoint place = list.viewport()->mapToGlobal(rowPlace(list, 1));
+        QCOMPARE(seen->childAt(place.x(), place.y()), row);
+        QVERIFY(row->rect().contains(place));
+        QString told;
+        connect(&list, &ListBox::Click, this, [&] { told += u"Click %1 "_s.arg(list.ListIndex()); });
+        connect(&list, &ListBox::DblClick, this, [&] { told += u"DblClick %1 "_s.arg(list.ListIndex()); });
+        for (const QString &action : row->actionInterface()->actionNames() + row->actionInterface()->actionNames())
+            row->actionInterface()->doAction(action);
+        QCOMPARE(told, u"Click 1 Click 1 DblClick 1 Click 1 DblClick 1 "_s);
+        QVERIFY(row->state().selected && !seen->child(0)->state().selected);
+        list.setItems({u"a"_s});
+        row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QVERIFY(!row->isValid() && row->text(QAccessible::Name).isEmpty() && list.ListIndex() == -1);
     }
 
     void aMenuIsAskedForWithoutChoosing()

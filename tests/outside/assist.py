@@ -3,11 +3,13 @@
 
 On the way every window must tell what each of its controls is, and let the keyboard have those that can be used.
 """
+from pathlib import Path
+
 from player import FOLDER, NAMES, Atspi, GLib, Window, act, fail, has, wait_for, walk
 
 USED = {"push button", "check box", "combo box", "slider", "list"}
 TOLD = USED | {"frame", "panel", "label", "text", "image"}
-TWINS = {"Previous song", "Play", "Pause", "Stop", "Next song", "Play list times"}  # Of controls with the keyboard.
+TWINS = {"Play list times"}  # Of controls with the keyboard.
 opened = []
 renamed = []
 
@@ -60,7 +62,12 @@ def finds_a_song(top):
     Atspi.EditableText.set_text_contents(control(top, "Text to look for"), "twelve")
     found = control(top, "Songs found")
     found.clear_cache()
-    return found.get_child_count() == 1
+    return found.get_child_count() == 1 and found.get_name() == "1 song found"
+
+
+def plays_what_it_found(top):
+    act(control(top, "Songs found").get_child_at_index(0), "Press")
+    return "TWELVE" in window.state()[0]
 
 
 def shows_song_data(top):
@@ -77,23 +84,38 @@ listener = Atspi.EventListener.new(lambda event: event.detail1 and opened.append
 listener.register("object:state-changed:showing")
 namer = Atspi.EventListener.new(lambda event: renamed.append(event.source.get_description()))
 namer.register("object:property-change:accessible-name")
+told = []
+values = Atspi.EventListener.new(lambda event: event.source.get_description() == "Position" and told.append(event.type))
+values.register("object:property-change:accessible-value")
 window = Window(folder=FOLDER)
 audit(window.frame)
 wait_for("the songs", lambda: len(window.songs()) == len(NAMES))
 act(window.songs()[2], "Toggle")
 wait_for("the chosen song", lambda: has(window.songs()[2], "SELECTED"))
-window.press("Play button")
+window.press("Play")
 window.plays(NAMES[2])
+audit(window.frame)
+keys = [control.get_name() for control in walk(window.frame) if control.get_name() == "Play" and has(control, "SHOWING")]
+if len(keys) != 1 or window.state()[0] != Path(NAMES[2]).stem:
+    fail(f"told {keys} and {window.state()[0]!r}")
+wait_for("the mark", lambda: [row.get_description() for row in window.songs()][1:4] == ["", "Playing", ""])
 wait_for("news of the title", hears_of_the_title)
 if hears_of_the_title() > 5:  # It has turned ten times and more.
     fail("every turn of the title was told")
 Atspi.Value.set_current_value(window.controls["Volume"], 40)
 wait_for("the volume", lambda: window.value("Volume") == 40)
+told.clear()
 window.pause_holds_the_time()
-window.press("Stop button")
+GLib.MainContext.default().iteration(False)
+if told:
+    fail(f"the position was told {told} by itself")
+wait_for("the place in words", lambda: " of " in window.now("Position").get_name())
+act(window.songs()[1], "Press")
+window.plays(NAMES[1])
+window.press("Stop")
 wait_for("silence", lambda: window.time() == "0:00/0:00")
 choose_in_menu("Song Search")
-visit("Text to look for", finds_a_song, "Close search")
+visit("Text to look for", finds_a_song, plays_what_it_found, "Close search")
 choose_in_menu("PlayList")
 visit("Play list songs", "Close play list")
 choose_in_menu("Options")

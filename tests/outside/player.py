@@ -116,6 +116,8 @@ class Window:
         self.press("Pause")
         time.sleep(0.3)
         held = self.seconds()
+        if not has(self.controls["Pause"], "CHECKED"):
+            fail("Pause does not say that it holds")
         time.sleep(2)  # That nothing happens can only be seen by waiting.
         if self.seconds() != held:
             fail(f"paused at {held}, the time went on")
