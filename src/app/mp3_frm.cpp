@@ -324,11 +324,11 @@ void Mp3Frm::renewWindowTitle()
     setWindowTitle(name.isEmpty() ? programTitle() : name + u" - "_s + programTitle());
 }
 
-// The rows of the song that plays, and the key that holds it.
+// Marks the rows of the song that plays or is paused, and lights Pause while it is paused.
 void Mp3Frm::renewMarks()
 {
     const QString name = m_player.playingNameIn(File1.Path());
-    const RowMark mark = name.isEmpty() ? RowMark::None : m_player.isPaused() ? RowMark::Held : RowMark::Playing;
+    const RowMark mark = name.isEmpty() ? RowMark::None : m_player.isPaused() ? RowMark::Paused : RowMark::Playing;
     File1.setMark(name, mark);
     List1.setMark(name, mark);
     bPause.setOn(m_player.isPaused());

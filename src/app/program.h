@@ -77,5 +77,5 @@ private:
     Menus m_menus;
     RemoteControl m_remote;
     TrayIcon m_trayIcon;
-    QIcon m_trayPicture; // Handed to the tray with each tip; the first time it hands the player's own back.
+    QIcon m_trayPicture; // Null at first: the tray puts the player's icon in it.
 };

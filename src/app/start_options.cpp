@@ -96,7 +96,7 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
         } else if (isThere(arguments[i]))
             takeFile(options, arguments[i]);
         else
-            refuse(options, "unknown option \"" + QByteArray(arguments[i]) + "\"; kiv-mp3 --help tells the known ones");
+            refuse(options, "unknown option \"" + QByteArray(arguments[i]) + "\"; kiv-mp3 --help lists the known ones");
     }
     return options;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program's last recorded error: what an error box shows. The one who fails records it, the window shows it.
+// The program's last recorded error: what an error box shows. What fails records it, a window shows it.
 #pragma once
 
 #include <QString>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lets a window take files and folders of this machine that are dropped on it. Texts and addresses are refused, and so
-// is everything while a question is open: the pointer says so. What is dropped stays where it is, and the program that
-// it comes from is never told to give it away.
+// Lets a window take files and folders of this machine that are dropped on it. Texts and links to elsewhere are
+// refused, and so is everything while a question is open: the pointer says so. What is dropped stays where it is, and
+// the program that it comes from is never told to give it away.
 #pragma once
 
 #include <QObject>

@@ -29,7 +29,7 @@ Q_SIGNALS:
 };
 
 /// A drop-down list in a well of the skin: one of its items is chosen, or none. The wheel changes it only while it has
-/// the keyboard, and does not give it that.
+/// the focus, and does not give it the focus.
 class ComboBox : public QComboBox
 {
     Q_OBJECT

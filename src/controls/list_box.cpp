@@ -84,9 +84,9 @@ ListBox::ListBox(QWidget *parent, const ControlSetup &setup) : RowView(parent), 
     setUpControl(*this, setup);
     m_items->m_accessibleMark = [this](int row) {
         const RowMark mark = markOf(row);
-        return mark == RowMark::Playing ? QStringLiteral("Playing")
-               : mark == RowMark::Held  ? QStringLiteral("Paused")
-                                        : QString();
+        return mark == RowMark::Playing  ? QStringLiteral("Playing")
+               : mark == RowMark::Paused ? QStringLiteral("Paused")
+                                         : QString();
     };
     setModel(m_items);
     setEditTriggers(NoEditTriggers);
@@ -136,11 +136,11 @@ void ListBox::setMark(const QString &item, RowMark mark)
 {
     if (m_hasMarks && m_markedItem == item && m_mark == mark)
         return;
-    tellMark();
+    notifyMark();
     m_hasMarks = true;
     m_markedItem = item;
     m_mark = mark;
-    tellMark();
+    notifyMark();
     viewport()->update();
 }
 
@@ -150,10 +150,10 @@ RowMark ListBox::markOf(int row) const
 }
 
 // The marked row has another description now.
-void ListBox::tellMark()
+void ListBox::notifyMark()
 {
     if (m_mark != RowMark::None && QAccessible::isActive())
-        tell(QAccessible::DescriptionChanged, m_items->index(static_cast<int>(items().indexOf(m_markedItem))));
+        notify(QAccessible::DescriptionChanged, m_items->index(static_cast<int>(items().indexOf(m_markedItem))));
 }
 
 bool ListBox::RemoveItem(int row)

@@ -14,7 +14,7 @@ void paintRowMark(QPainter &painter, const QRect &row, RowMark mark, bool isChos
     painter.translate(row.left() + 3, QRectF(row).center().y());
     if (mark == RowMark::Playing)
         painter.drawPolygon(QPolygonF{{0, -4}, {6.5, 0}, {0, 4}});
-    else if (mark == RowMark::Held)
+    else if (mark == RowMark::Paused)
         painter.drawRects({QRectF(0, -4, 2.5, 8), QRectF(4.5, -4, 2.5, 8)});
     painter.restore();
 }

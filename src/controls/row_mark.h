@@ -5,7 +5,7 @@
 class QPainter;
 class QRect;
 
-/// The song of the row plays, or is held.
-enum class RowMark { None, Playing, Held };
+/// The song of the row plays, or is paused.
+enum class RowMark { None, Playing, Paused };
 
 void paintRowMark(QPainter &painter, const QRect &row, RowMark mark, bool isChosen);

@@ -202,18 +202,18 @@ void RowView::currentChanged(const QModelIndex &current, const QModelIndex &prev
 {
     QAbstractItemView::currentChanged(current, previous);
     if (hasFocus())
-        tell(QAccessible::Focus, current);
+        notify(QAccessible::Focus, current);
 }
 
 void RowView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
-    tell(QAccessible::SelectionAdd, selected.indexes().value(0));
-    tell(QAccessible::SelectionRemove, deselected.indexes().value(0));
+    notify(QAccessible::SelectionAdd, selected.indexes().value(0));
+    notify(QAccessible::SelectionRemove, deselected.indexes().value(0));
     QAbstractItemView::selectionChanged(selected, deselected);
 }
 
 // What QListView tells assistive tools, which it numbers by the places it keeps.
-void RowView::tell(QAccessible::Event what, const QModelIndex &index)
+void RowView::notify(QAccessible::Event what, const QModelIndex &index)
 {
     if (!index.isValid() || !QAccessible::isActive())
         return;

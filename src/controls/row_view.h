@@ -43,8 +43,8 @@ protected:
     /// What a row is marked with.
     virtual RowMark markOf(int) const { return RowMark::None; }
 
-    /// Tells assistive tools of a row; nothing without one.
-    void tell(QAccessible::Event what, const QModelIndex &index);
+    /// Notifies assistive tools about a row; does nothing without one.
+    void notify(QAccessible::Event what, const QModelIndex &index);
 
 private:
     int firstRow() const;
@@ -54,6 +54,6 @@ private:
     void paintRow(QPainter &painter, QStyleOptionViewItem option, int row) const;
     void paintGapMark(QPainter &painter) const;
 
-    mutable int m_rowHeight = 0; // 0: not reckoned yet.
+    mutable int m_rowHeight = 0; // 0: not measured yet.
     int m_markedGap = -1;
 };

@@ -51,7 +51,7 @@ void SliderBar::catchUp()
     QScrollBar::setValue(sliderPosition());
 }
 
-void SliderBar::tellPlace()
+void SliderBar::notifyPlace()
 {
     if (!m_words || !QAccessible::isActive())
         return;
@@ -62,7 +62,7 @@ void SliderBar::tellPlace()
 void SliderBar::focusInEvent(QFocusEvent *event)
 {
     catchUp();
-    tellPlace();
+    notifyPlace();
     QScrollBar::focusInEvent(event);
 }
 
@@ -119,7 +119,7 @@ void SliderBar::notifyChange()
     if (!byUser)
         return;
     Q_EMIT Scroll();
-    tellPlace();
+    notifyPlace();
 }
 
 HScrollBar::HScrollBar(QWidget *parent, const ControlSetup &setup) : SliderBar(Qt::Horizontal, parent, setup) {}

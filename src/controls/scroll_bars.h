@@ -60,7 +60,7 @@ protected:
 private:
     void moveThumb(int value);
     void notifyChange();
-    void tellPlace();
+    void notifyPlace();
 
     std::function<QString()> m_words;
     bool m_byUser = false;

@@ -71,8 +71,8 @@ bool isList(const QWidget *widget)
     return qobject_cast<const ListBox *>(widget);
 }
 
-// The ring of a list that has the keyboard. Until that begins to go from control to control the ring of the current row
-// does; a list without one has a thin one.
+// The ring of a list that has the focus. As long as the user works with the mouse alone, the ring of the current row is
+// enough, or a thin one around a list without a current row.
 void paintListRing(QPainter &painter, const QStyleOption &option, const QWidget &list)
 {
     if (option.state & QStyle::State_KeyboardFocusChange)

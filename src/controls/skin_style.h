@@ -14,7 +14,7 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look);
 
 enum class Ring { Plain, Round, Thin };
 
-/// The ring that shows where the keyboard is; thin around a row of a list and the text of a check box, where it is not
+/// The ring that shows where the focus is; thin around a row of a list and the text of a check box, where it is not
 /// the only mark.
 void paintFocusRing(QPainter &painter, const QRect &place, Ring ring = Ring::Plain);
 

@@ -154,7 +154,7 @@ void SkinWindow::mouseReleaseEvent(QMouseEvent *)
     m_grip.reset();
 }
 
-// The desktop may give a hidden window the keyboard for a moment, which then goes to the first control it finds.
+// The desktop may activate a hidden window for a moment, and the focus then goes to the first control.
 void SkinWindow::showEvent(QShowEvent *)
 {
     if (m_lastFocus)

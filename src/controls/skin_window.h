@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A borderless window that is a picture. Pressing the mouse on the picture moves the window; a missing or damaged
 // picture leaves a plain panel with all controls in their places. Escape closes it as the window manager would, F6 goes
-// on to the player's next window, the menu key opens the menu of its list wherever the keyboard is.
+// on to the player's next window, the menu key opens the menu of its list wherever the focus is.
 #pragma once
 
 #include "controls/pictures.h"
@@ -23,7 +23,7 @@ public:
     /// Can somebody see the window: shown and not minimised?
     bool isSeen() const { return m_seen; }
 
-    /// Shows the window wherever it was hidden to: at its place, in front, with the keyboard.
+    /// Shows the window wherever it was hidden to: at its place, in front, active.
     void bringBack();
 
     void setVisible(bool visible) override;
@@ -74,8 +74,8 @@ private:
 
     Picture m_skin;
     std::optional<QPixmap> m_background; // Loaded at the first paint, for the screen it is painted on.
-    QPointer<QWidget> m_lastFocus;       // Where the keyboard was when the window was hidden.
-    std::optional<QPoint> m_grip;        // Where the mouse holds the window, from its top left corner.
+    QPointer<QWidget> m_lastFocus;       // Where the focus was when the window was hidden.
+    std::optional<QPoint> m_grip;        // Where the window is dragged by, from its top left corner.
     bool m_seen = false;
     bool m_painted = false;
 };

@@ -36,7 +36,7 @@ int rowOf(const FileListBox &files, const QString &name)
     return name.isEmpty() ? -1 : static_cast<int>(files.items().indexOf(name));
 }
 
-void tellError(int number, const QString &description)
+void showNewError(int number, const QString &description)
 {
     recordError({number, errorSource, description});
     MsgBox::showError(lastError());
@@ -273,7 +273,7 @@ void FormatMp3::swapSides()
         Text1.setText(*swapped);
         return;
     }
-    tellError(noProcedure, u"The name holds no \"-\" whose sides could change places."_s);
+    showNewError(noProcedure, u"The name holds no \"-\" whose sides could change places."_s);
 }
 
 // The file keeps being the chosen one under its new name. A rename that was refused leaves the new name to be edited.
@@ -294,7 +294,7 @@ void FormatMp3::renameTo(const QString &oldPath, const QString &newPath)
 void FormatMp3::refuseRename()
 {
     const QString name = Text1.Text();
-    tellError(fileExistsAlready, u"File already exists"_s);
+    showNewError(fileExistsAlready, u"File already exists"_s);
     for (int pump = 0; pump < pumpsAfterRefusal; ++pump)
         PumpEvents();
     Text1.setText(name);

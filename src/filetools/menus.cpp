@@ -129,7 +129,7 @@ void Menus::mnuTagEditItems_Click(int index)
     m_parts.formatMp3.MoveMenuOpen = false;
 }
 
-// A button went down over the files: the menu tells which one it would move, and the right button opens it.
+// A button went down over the files: the menu says which one it would move, and the right button opens it.
 void Menus::File1_MouseDown(Qt::MouseButton button)
 {
     mnuTagEditItems.setCaption(MoveItem, u"Move... "_s + m_parts.formatMp3.pointedFile());

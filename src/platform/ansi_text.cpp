@@ -29,7 +29,7 @@ int ansiCode(QChar character)
     return found == specials.end() ? notThere : firstSpecial + static_cast<int>(found - specials.begin());
 }
 
-// Is it told from Windows-1252 by what it holds? Sequences of UTF-8 hardly ever come about by chance.
+// Is it UTF-8? Windows-1252 hardly ever looks like it by chance.
 bool isUtf8(QByteArrayView bytes)
 {
     const bool isAscii = std::none_of(bytes.begin(), bytes.end(), [](char byte) { return byte & firstSpecial; });

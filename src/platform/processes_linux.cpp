@@ -41,7 +41,7 @@ QString nameOf(const QString &process)
 }
 } // namespace
 
-// The file's content says nothing and its being there neither, so that nothing can be left that keeps players away.
+// Only the lock counts, not the file: what a player leaves behind keeps no other one away.
 SingleInstance::SingleInstance() : m_lock(noHandle)
 {
     const QByteArray folder = QFile::encodeName(runtimeFolder());

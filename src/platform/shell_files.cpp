@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Copying, deleting and renaming songs as a desktop does it. What must be atomic is in file_copy.
+// What must be atomic is in file_copy.
 #include "platform/shell_files.h"
 
 #include "base/names.h"
@@ -48,7 +48,7 @@ QString firstSaid(const QStringList &reasons)
     return said == reasons.end() ? QString() : *said;
 }
 
-// Each tells why something is impossible from the start; "" when nothing speaks against it.
+// Each says why something is impossible from the start; "" when it is not.
 QString whyNoFile(const QByteArray &path)
 {
     if (path.isEmpty() || hostEntry(path) == Presence::Missing)

@@ -6,7 +6,7 @@
 #include <QString>
 
 /// The file among the arguments in quotation marks: one that comes without them from a shell is put in them first. A
-/// path in host form, a relative one too, and a file's address ("file://…") become a program path.
+/// path in host form, a relative one too, and a file URI become a program path.
 QString commandLineText(const QByteArray &file);
 
 enum ExitStatus { Fine = 0, CannotStart = 1, WrongUse = 2 };

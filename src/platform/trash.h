@@ -9,6 +9,6 @@
 /// nothing has changed, when there is none that takes it; errno tells why. Never copies, never tries without end.
 bool moveToTrash(const QByteArray &path);
 
-/// Removes the notes that programs which were killed in the middle of that have left in the trash for files of the
-/// folder: notes about a file that never came.
+/// Removes the notes of files that never came, from the trash for files of the folder: what a program left that was
+/// killed in the middle of moveToTrash().
 void removeTrashLeftovers(const QByteArray &folder);

@@ -10,7 +10,7 @@
 class QWindow;
 
 /// A window that was once minimised goes on asking to be shown minimised, whenever it is shown after having been
-/// hidden. This takes the wish back; to be called while the window is hidden.
+/// hidden. This takes that back; to be called while the window is hidden.
 void forgetMinimised(QWindow &window);
 
 /// Brings a window in front because the user has asked for it elsewhere. Window managers let a program bring back its

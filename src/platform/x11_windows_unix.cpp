@@ -22,7 +22,7 @@ struct Free {
 template<class Type>
 using Reply = std::unique_ptr<Type, Free>;
 
-// The property that holds the wish: nine numbers, the first says which of the others count.
+// The property WM_HINTS: nine numbers, the first says which of the others count.
 using WindowHints = std::array<std::uint32_t, 9>;
 constexpr std::size_t counting = 0;
 constexpr std::size_t firstState = 2;
@@ -42,7 +42,7 @@ xcb_atom_t atomOf(xcb_connection_t *x11, const QByteArray &name)
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-// Lets the server tell what becomes of a window. What Qt has asked it to tell of the window stays.
+// Asks the server for events about a window, beside those that Qt has asked for.
 void listenTo(xcb_connection_t *x11, xcb_window_t window)
 {
     const auto asked = xcb_get_window_attributes(x11, window);
@@ -102,7 +102,7 @@ X11Tray::X11Tray(std::function<void()> changed) : m_changed(std::move(changed))
     findOwner();
 }
 
-// A new tray tells the root window of itself; an old one's window goes.
+// A new tray sends the root window a message; the window of an old one is destroyed.
 bool X11Tray::nativeEventFilter(const QByteArray &type, void *message, qintptr *)
 {
     if (type != "xcb_generic_event_t")

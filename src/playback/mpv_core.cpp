@@ -190,7 +190,7 @@ bool MpvCore::start(int hundredthsOfDecibel)
     if (!m_mpv->isComplete())
         return false;
     keepAlsaQuiet();
-    qputenv("PULSE_PROP_application.icon_name", "kiv-mp3"); // Of libmpv's own there is no picture.
+    qputenv("PULSE_PROP_application.icon_name", "kiv-mp3"); // There is no picture under libmpv's own name.
     qputenv("PULSE_PROP_media.role", "music");
     std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start where numbers are written with a comma.
     m_handle = m_mpv->create();

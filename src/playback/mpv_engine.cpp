@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The media engine on libmpv: what is asked for, what is going on, and how much of what libmpv says still counts.
-//
-// Order of things: ask() notes what is wanted and starts a zero timer, carryOutRequest() hands it to libmpv. Every
-// answer carries the serial of its question. Events count between the start and the end of the song with
-// the current entry.
+// ask() notes what is wanted and starts a zero timer, carryOutRequest() hands it to libmpv. Every answer carries the
+// serial of its question. Events count between the start and the end of the song with the current entry.
 #include "playback/mpv_engine.h"
 
 #include "base/names.h"

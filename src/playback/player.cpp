@@ -179,7 +179,7 @@ void Player::MediaPlayer1_EndOfStream()
         setAdvanceDue(true);
 }
 
-// The engine failed: what is due goes on as it was.
+// The engine failed: an advance or a repeat that is due still comes.
 void Player::MediaPlayer1_Error()
 {
     setHasSong(false);

@@ -12,7 +12,7 @@ public:
     /// The position is this many seconds now.
     void set(double seconds);
 
-    /// The song plays on from now on, or stands.
+    /// The position moves on from now on, or stays.
     void setRunning(bool running);
 
     bool isRunning() const { return m_sinceBase.isValid(); }
@@ -20,5 +20,5 @@ public:
 
 private:
     double m_base = 0;
-    QElapsedTimer m_sinceBase; // Invalid while the song stands.
+    QElapsedTimer m_sinceBase; // Invalid while the position stays.
 };

@@ -101,5 +101,5 @@ private:
     bool m_isAtEnd = false;
     bool m_isRefined = false;
     std::optional<QDeadlineTimer> m_leaving; // The song has ended; so long the output waits for the next one.
-    bool m_isServerKnown = false;            // Whether there is one was found out for this song.
+    bool m_isServerKnown = false;            // It is known for this song whether there is a server.
 };

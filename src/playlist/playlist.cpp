@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The play list window. Which entry is next, what the times sum up to and how the files are read are rules of their
+// Which entry is next, what the times sum up to and how the files are read are rules of their
 // own.
 #include "playlist/playlist.h"
 
@@ -264,7 +264,7 @@ void Playlist::renewMark()
     m_markedFolder = m_songs.folder();
     const QString name = m_player.playingNameIn(m_markedFolder);
     const bool isEntry = name.endsWith(u".mp3"_s, Qt::CaseInsensitive);
-    const RowMark mark = m_player.isPaused() ? RowMark::Held : RowMark::Playing;
+    const RowMark mark = m_player.isPaused() ? RowMark::Paused : RowMark::Playing;
     List1.setMark(isEntry ? withoutExtension(name) : QString(), isEntry ? mark : RowMark::None);
 }
 

@@ -97,7 +97,7 @@ private:
     Player &m_player;
     RandomOrder m_randomOrder;
     QString m_shownError;   // The bad play time that was reported: one box is enough while it stands.
-    QString m_markedFolder; // The music folder that the mark was reckoned with.
+    QString m_markedFolder; // The music folder at the time of the last marking.
     bool m_awayWithMain = false;
 
     PictureBox Picture1; // Puts the window away.

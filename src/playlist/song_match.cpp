@@ -96,7 +96,7 @@ void SongNames::search(const QString &text, std::vector<SongMatch> &matches)
 }
 
 // Looks for a longer text where the shorter one was found. Gives up when too many names would have to be looked
-// through, which a few of them tell: one walk over all of them is faster then.
+// through, which a few of them show: one walk over all of them is faster then.
 bool SongNames::narrow(const QByteArray &wanted, std::vector<SongMatch> &matches) const
 {
     constexpr std::size_t share = 16; // Of all names: more are too many.

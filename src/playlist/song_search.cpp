@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The search window. The search itself is a rule; a row's text is made when the row is looked at, so that a letter
+// The search itself is a rule; a row's text is made when the row is looked at, so that a letter
 // which matches a million songs costs no more than one which matches ten.
 #include "playlist/song_search.h"
 
@@ -48,7 +48,7 @@ void SongSearch::clearSearch()
     m_names = SongNames();
     m_foundNames = NameList();
     m_matches.clear();
-    tellCount();
+    notifyCount();
     if (isVisible())
         readNames();
 }
@@ -89,11 +89,11 @@ void SongSearch::Text1_Change()
     m_foundNames = m_names.names();
     m_foundText = Text1.Text();
     List1.setRows(static_cast<int>(m_matches.size()));
-    tellCount();
+    notifyCount();
 }
 
 // How many songs were found is the list's name.
-void SongSearch::tellCount()
+void SongSearch::notifyCount()
 {
     const int count = List1.ListCount();
     List1.setAccessibleName(count == 1 ? u"1 song found"_s : u"%1 songs found"_s.arg(count));

@@ -36,7 +36,7 @@ private:
     void readNames();
     QString foundName(int row) const;
     void playResult(int row);
-    void tellCount();
+    void notifyCount();
 
     FileListBox &m_songFolder;
     Player &m_player;

@@ -139,7 +139,7 @@ Playback RemoteControl::playback() const
     return m_player.isPaused() ? Playback::Paused : Playback::Playing;
 }
 
-// The song is heard or held, or there is none; or it has been read already.
+// The song is heard or paused, or there is none; or it has been read already.
 bool RemoteControl::mayReadSong() const
 {
     return playback() != Playback::Playing || m_player.isMoving() || m_songNumber == m_player.openedSongs();

@@ -12,6 +12,6 @@ class CoverFiles;
 /// start. A missing one has a title all the same.
 QVariantMap songMetadata(const QString &path, CoverFiles &covers);
 
-/// The names of the genres that a tag's genre text tells: "(17)" and "17" are numbers of a list, "(4)Own" says both
+/// The names of the genres in a tag's genre text: "(17)" and "17" are numbers of a list, "(4)Own" says both
 /// ways, "((" begins a plain name with a parenthesis.
 QStringList genresOf(const QString &text);

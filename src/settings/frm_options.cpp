@@ -138,7 +138,7 @@ void frmOptions::Check2_Click()
     Q_EMIT toolTipDataChanged(Check2.State() == 1);
 }
 
-// Shortcut asked for: a box tells where it goes and what it starts, a second one, empty, that it was tried.
+// Shortcut asked for: a box says where it goes and what it starts, a second one, empty, that it was tried.
 void frmOptions::Check4_Click()
 {
     if (Check4.State() == 0)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The shape of a picture. Rows are scanned once; their spans become bands of rectangles at once, so that the region is
+// Rows are scanned once; their spans become bands of rectangles at once, so that the region is
 // built without uniting a million single ones.
 #include "settings/window_shape.h"
 

@@ -15,7 +15,7 @@ struct TagReading {
     std::optional<Id3v1Tag> tag; // Without blanks around its texts.
 };
 
-/// What the song holds. A file that could not be read tells nothing, not even that there is no tag.
+/// What the song holds. Of a file that could not be read nothing is known, not even whether it has a tag.
 TagReading readTag(const QString &path);
 
 /// What the editor offers for a song that has just got its tag: artist and title parted at the first hyphen of the

@@ -88,7 +88,7 @@ TagEdit::TagEdit(const Player &player, const SongFolder &songs)
 
 void TagEdit::setUpAppearance()
 {
-    setAttribute(Qt::WA_ShowWithoutActivating); // The window it stands beside goes on having the keyboard.
+    setAttribute(Qt::WA_ShowWithoutActivating); // The window it stands beside stays active.
     const QFont small = fonts::font(fonts::Face::SmallFonts, 11);
     for (Label *label : findChildren<Label *>())
         label->setFont(fonts::font(fonts::Face::Arial, 12));
@@ -144,7 +144,7 @@ void TagEdit::putAway()
     hide();
 }
 
-// Enter in a field saves, or tells why not.
+// Enter in a field saves, or says why not.
 void TagEdit::keyPressEvent(QKeyEvent *event)
 {
     if (isEnter(*event) && frmButtons.isVisible())
@@ -198,7 +198,7 @@ void TagEdit::cmdSave_Click()
         GetTagInf();
 }
 
-// The song that plays may have changed: its tag must stay as it is, and the buttons' tips tell so.
+// The song that plays may have changed: its tag must stay as it is, and the buttons' tips say so.
 void TagEdit::Timer1_Timer()
 {
     const bool mayChange = !m_player.isPlayingFile(m_file);
@@ -248,8 +248,8 @@ void TagEdit::showHeader(const QuickHeader &header)
     labOriginal.setCaption(u"Original: "_s + header.original);
 }
 
-// What lies below is hidden, so that the keyboard does not go there. What comes into its place is there first, to take
-// the keyboard over.
+// A covered frame is hidden, so that the focus cannot go there. The frame in its place is shown first, to take the
+// focus over.
 void TagEdit::showTagFrames(bool hasTag)
 {
     const std::array withTag = {&frmID3, &frmButtons};

@@ -31,7 +31,7 @@ public:
 
     static constexpr int gapBeside = 4; // Logical pixels between it and the window it stands beside.
 
-    /// Shows the window beside another one, which keeps the keyboard.
+    /// Shows the window beside another one, which stays active.
     void showBeside(QWidget &neighbour);
 
 protected:

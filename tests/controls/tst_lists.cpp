@@ -70,7 +70,7 @@ private Q_SLOTS:
     {
         ListBox list(nullptr, setup);
         list.setItems({u"a"_s, u"b"_s, u"c"_s});
-        list.setMark(u"b"_s, RowMark::Held);
+        list.setMark(u"b"_s, RowMark::Paused);
         list.show();
         QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&list);
         QAccessibleInterface *row = seen->child(1);
