@@ -2,6 +2,7 @@
 // The start of the program: answers that need no window, the application, the engine, and then the player.
 #include "app/program.h"
 #include "app/start_options.h"
+#include "app/version.h"
 #include "controls/accessibility.h"
 #include "controls/fonts.h"
 #include "controls/skin_style.h"
@@ -66,7 +67,7 @@ int main(int argc, char *argv[])
     options.toolkit.push_back(nullptr);
     const QApplication application(toolkitCount, options.toolkit.data());
     displayHandler.reset();
-    QApplication::setApplicationName(u"KiV Mp3"_s);
+    QApplication::setApplicationName(programName());
     QApplication::setDesktopFileName(DesktopApplication::id());
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setLayoutDirection(Qt::LeftToRight); // As the pictures of the windows are.

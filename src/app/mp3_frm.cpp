@@ -33,7 +33,7 @@ constexpr int volumePerNotch = 100; // A decibel.
 } // namespace
 
 Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes, frmOptions &options)
-    : SkinWindow(u"Mp3Frm"_s, programTitle(), Picture::Mp3FrmSkin, place::window),
+    : SkinWindow(u"Mp3Frm"_s, programName(), Picture::Mp3FrmSkin, place::window),
       Label9(this, {u"Label9"_s, u"Hide"_s, place::Label9}, u"Hide"_s),
       Label6(this, {u"Label6"_s, u"Exit"_s, place::Label6}, u"Exit"_s),
       Label7(this, {u"Label7"_s, u"Song now playing"_s, place::Label7}, u"Welcome"_s),
@@ -321,7 +321,7 @@ void Mp3Frm::Check2_Changed(bool on)
 void Mp3Frm::renewWindowTitle()
 {
     const QString name = withoutExtension(FileNameFromPath(m_player.playingPath()));
-    setWindowTitle(name.isEmpty() ? programTitle() : name + u" - "_s + programTitle());
+    setWindowTitle(name.isEmpty() ? programName() : name + u" - "_s + programName());
 }
 
 // Marks the rows of the song that plays or is paused, and lights Pause while it is paused.

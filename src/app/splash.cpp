@@ -18,10 +18,10 @@ SplashStep splashStep(int step, int barWidth)
 }
 
 Splash::Splash()
-    : SkinWindow(u"Splash"_s, programTitle(), Picture::SplashSkin, places::Splash::window),
+    : SkinWindow(u"Splash"_s, programName(), Picture::SplashSkin, places::Splash::window),
       TheVer(this, {u"TheVer"_s, u"Version"_s, places::Splash::TheVer}, u"Version"_s),
       Label2(this, {u"Label2"_s, u"Status"_s, places::Splash::Label2}, u"Loading Orvel..."_s),
-      Label1(this, {u"Label1"_s, u"Title"_s, places::Splash::Label1}, programTitle()),
+      Label1(this, {u"Label1"_s, u"Title"_s, places::Splash::Label1}, u"Zelk of Tessadin Mp3"_s),
       ProgBar(this, {u"ProgBar"_s, u"Progress"_s, places::Splash::ProgBar})
 {
     setWindowFlag(Qt::SplashScreen);

@@ -18,7 +18,8 @@ inline QString versionText(const ProgramVersion &version = programVersion)
     return QStringLiteral("%1.%2 Build [%3]").arg(version.major).arg(version.minor).arg(version.revision);
 }
 
-inline QString programTitle()
+/// What the program is called: on the skin, in titles, menus and on the bus.
+inline QString programName()
 {
-    return QStringLiteral("Zelk of Tessadin Mp3");
+    return QStringLiteral("KiV Mp3");
 }

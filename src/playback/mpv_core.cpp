@@ -192,6 +192,8 @@ bool MpvCore::start(int hundredthsOfDecibel)
     keepAlsaQuiet();
     qputenv("PULSE_PROP_application.icon_name", "kiv-mp3"); // There is no picture under libmpv's own name.
     qputenv("PULSE_PROP_media.role", "music");
+    if (!qEnvironmentVariableIsSet("PIPEWIRE_DEBUG"))
+        qputenv("PIPEWIRE_DEBUG", "0"); // Where it is not configured, its library says so in lines of its own.
     std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start where numbers are written with a comma.
     m_handle = m_mpv->create();
     if (!m_handle)
