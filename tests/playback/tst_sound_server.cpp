@@ -25,7 +25,9 @@ constexpr int rate = 44100;
 constexpr char pulseAudio[] = "exec pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no "
                               "-L 'module-null-sink rate=44100 sink_name=nobody' "
                               "-L \"module-native-protocol-unix auth-anonymous=1 socket=$XDG_RUNTIME_DIR/socket\"";
-constexpr char pipeWire[] = "exec dbus-run-session sh -c 'pipewire & wireplumber & pipewire-pulse & "
+// The other two end where they do not find the first one yet.
+constexpr char pipeWire[] = "exec dbus-run-session sh -c 'pipewire & "
+                            "for other in wireplumber pipewire-pulse; do while sleep 0.1; do $other; done & done; "
                             "until pactl load-module module-null-sink sink_name=nobody; do sleep 0.1; done; "
                             "pactl set-default-sink nobody; wait'";
 
