@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A list of texts, one chosen at most. Choosing another row fires Click(), whether the user or the program does it; a
 // mouse click on the chosen row fires it once more. An item past the end is empty text; choosing past the end chooses
-// nothing. Neither a right click nor getting the focus changes the choice. A million rows are normal: nothing here costs
-// time by the row but filling it.
+// nothing. Neither a right click nor getting the focus changes the choice. A million rows are normal: nothing here
+// costs time by the row but filling it.
 #pragma once
 
 #include "base/name_list.h"

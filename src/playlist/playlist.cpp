@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which entry is next, what the times sum up to and how the files are read are rules of their
-// own.
+// Which entry is next, what the times sum up to and how the files are read are rules of their own.
 #include "playlist/playlist.h"
 
 #include "base/names.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The search itself is a rule; a row's text is made when the row is looked at, so that a letter
-// which matches a million songs costs no more than one which matches ten.
+// The search itself is a rule; a row's text is made when the row is looked at, so that a letter which matches
+// a million songs costs no more than one which matches ten.
 #include "playlist/song_search.h"
 
 #include "base/names.h"
@@ -92,7 +92,7 @@ void SongSearch::Text1_Change()
     notifyCount();
 }
 
-// How many songs were found is the list's name.
+// The list's accessible name says how many songs were found.
 void SongSearch::notifyCount()
 {
     const int count = List1.ListCount();

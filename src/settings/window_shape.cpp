@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Rows are scanned once; their spans become bands of rectangles at once, so that the region is
-// built without uniting a million single ones.
+// Rows are scanned once; their spans become bands of rectangles at once, so that the region is built without
+// uniting a million single ones.
 #include "settings/window_shape.h"
 
 #include <algorithm>
