@@ -44,3 +44,10 @@ QString songTip(const QString &name, const QuickHeader &header)
     return u"Name="_s + withoutExtension(name) + u" Time="_s + FormatPlayTime(seconds) + u" Size="_s +
            Mp3Info::FormatFileSize(numericValue(header.size));
 }
+
+SplashStep splashStep(int step, int barWidth)
+{
+    const double fraction = static_cast<double>(step) / splashSteps;
+    const bool firstHalf = fraction * barWidth < barWidth / 2.0;
+    return {fraction, firstHalf ? u"Loading Settings..."_s : u"Loading Orvel..."_s};
+}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The texts of the main window, and when they change.
+// The texts of the main window and of the splash, and when they change.
 #pragma once
 
 #include "mp3info/quick_header.h"
@@ -20,3 +20,14 @@ int msUntilNextSecond(double positionSeconds);
 
 /// What a song's tip says: "Name=…", " Time=…", " Size=…"; "" without a song.
 QString songTip(const QString &name, const QuickHeader &header);
+
+/// How much of the splash's bar is filled at a step, and the status line that goes with it.
+struct SplashStep {
+    double fraction;
+    QString status;
+};
+
+inline constexpr int splashSteps = 800;
+
+/// Step 1 to splashSteps for a bar of that width: "Loading Settings..." while less than half of it is filled.
+SplashStep splashStep(int step, int barWidth);

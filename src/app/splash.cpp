@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/splash.h"
 
+#include "app/display_texts.h"
 #include "app/version.h"
 #include "controls/fonts.h"
 #include "skins/places.h"
@@ -9,13 +10,6 @@
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
-
-SplashStep splashStep(int step, int barWidth)
-{
-    const double fraction = static_cast<double>(step) / splashSteps;
-    const bool firstHalf = fraction * barWidth < barWidth / 2.0;
-    return {fraction, firstHalf ? u"Loading Settings..."_s : u"Loading Orvel..."_s};
-}
 
 Splash::Splash()
     : SkinWindow(u"Splash"_s, programName(), Picture::SplashSkin, places::Splash::window),

@@ -6,17 +6,6 @@
 #include "controls/label.h"
 #include "controls/skin_window.h"
 
-/// How much of the bar is filled at a step, and the status line that goes with it.
-struct SplashStep {
-    double fraction;
-    QString status;
-};
-
-inline constexpr int splashSteps = 800;
-
-/// Step 1 to splashSteps for a bar of that width: "Loading Settings..." while less than half of it is filled.
-SplashStep splashStep(int step, int barWidth);
-
 class Splash : public SkinWindow
 {
     Q_OBJECT

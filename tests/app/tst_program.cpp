@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The start of the player, its end, and what its windows do for each other, by what a user sees.
+#include "app/display_texts.h"
 #include "app/program.h"
 #include "app/splash.h"
 #include "platform/drives.h"
