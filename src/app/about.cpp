@@ -11,7 +11,8 @@ using namespace Qt::StringLiterals;
 
 About::About()
     : SkinWindow(u"About"_s, u"About"_s, Picture::AboutSkin, places::About::window),
-      labVersion(this, {u"labVersion"_s, u"Version"_s, places::About::labVersion}, programName() + u", Version "_s + versionText()),
+      labVersion(this, {u"labVersion"_s, u"Version"_s, places::About::labVersion},
+                 programName() + u", Version "_s + versionText()),
       labMessage(this, {u"labMessage"_s, u"Message"_s, places::About::labMessage},
                  u"Free software under the GNU GPL, version 3 or later."_s),
       labSystem(this, {u"labSystem"_s, u"System"_s, places::About::labSystem}),

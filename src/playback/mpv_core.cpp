@@ -194,7 +194,7 @@ bool MpvCore::start(int hundredthsOfDecibel)
     qputenv("PULSE_PROP_media.role", "music");
     if (!qEnvironmentVariableIsSet("PIPEWIRE_DEBUG"))
         qputenv("PIPEWIRE_DEBUG", "0"); // Where it is not configured, its library says so in lines of its own.
-    std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start where numbers are written with a comma.
+    std::setlocale(LC_NUMERIC, "C");    // libmpv refuses to start where numbers are written with a comma.
     m_handle = m_mpv->create();
     if (!m_handle)
         return false;
