@@ -2,20 +2,55 @@
 #include "controls/control.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+namespace
+{
+// Which key was let go last, in any window, and when.
+struct LastRelease : QObject {
+    LastRelease() : QObject(qApp) { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::KeyRelease) {
+            key = static_cast<QKeyEvent *>(event)->key();
+            time = static_cast<QKeyEvent *>(event)->timestamp();
+        }
+        return false;
+    }
+
+    int key = 0;
+    quint64 time = 0;
+};
+
+const LastRelease &lastRelease()
+{
+    static const auto *release = new LastRelease;
+    return *release;
+}
+} // namespace
+
 void setUpControl(QWidget &control, const ControlSetup &setup)
 {
+    lastRelease(); // Watched from the first control on.
     control.setObjectName(setup.name);
     control.setAccessibleDescription(setup.description);
     control.setAccessibleName(setup.description); // Unless its own text is its name.
     control.setGeometry(setup.place);
 }
 
+bool isRepeat(const QKeyEvent &event)
+{
+    const LastRelease &last = lastRelease();
+    const bool isOfClock = last.time != 0 && last.time == event.timestamp();
+    return event.isAutoRepeat() || (event.key() == last.key && isOfClock);
+}
+
 bool isEnter(const QKeyEvent &event)
 {
-    return !event.isAutoRepeat() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
+    return !isRepeat(event) && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
 }
 
 void Pressable::press()
@@ -69,7 +104,7 @@ void Pressable::mouseReleaseEvent(QMouseEvent *event)
 
 void Pressable::keyPressEvent(QKeyEvent *event)
 {
-    const bool runs = isEnter(*event) || (event->key() == Qt::Key_Space && !event->isAutoRepeat());
+    const bool runs = isEnter(*event) || (event->key() == Qt::Key_Space && !isRepeat(*event));
     if (m_isButton && runs)
         press();
     else

@@ -18,6 +18,10 @@ struct ControlSetup {
 /// Gives a control its name, its description and its place.
 void setUpControl(QWidget &control, const ControlSetup &setup);
 
+/// Has the key gone down by being held? X11 tells a repeat by the time alone, that of the release before, and under
+/// load Qt takes the two for a hand's.
+bool isRepeat(const QKeyEvent &event);
+
 /// Is it one of the two keys that mean "do it", pressed and not repeating by itself?
 bool isEnter(const QKeyEvent &event);
 

@@ -2,6 +2,7 @@
 #include "controls/msg_box.h"
 
 #include "base/last_error.h"
+#include "controls/control.h"
 #include "controls/skin_window.h"
 
 #include <QApplication>
@@ -58,7 +59,7 @@ bool HeldKeys::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return false;
-    m_pressedAnew = m_pressedAnew || !static_cast<QKeyEvent *>(event)->isAutoRepeat();
+    m_pressedAnew = m_pressedAnew || !isRepeat(*static_cast<QKeyEvent *>(event));
     return !m_pressedAnew;
 }
 

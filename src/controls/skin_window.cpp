@@ -97,7 +97,7 @@ void SkinWindow::paintSkin(QPainter &painter, const QRect &part, const QPoint &o
 
 void SkinWindow::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat())
+    if (event->key() == Qt::Key_Escape && !isRepeat(*event))
         Q_EMIT closeRequested();
     else if (event->key() == Qt::Key_F6)
         goToNextWindow();

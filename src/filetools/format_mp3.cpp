@@ -151,7 +151,7 @@ void FormatMp3::File1_KeyDown(QKeyEvent *event)
         putProposalBack();
     else if (key == Qt::Key_Space)
         swapSides();
-    else if (key == Qt::Key_Delete && !event->isAutoRepeat())
+    else if (key == Qt::Key_Delete && !isRepeat(*event))
         deleteChosen();
     else if (onPad && (key == Qt::Key_Plus || key == Qt::Key_Minus))
         m_player.changeVolume(key == Qt::Key_Plus ? 1 : -1);

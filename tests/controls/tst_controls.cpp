@@ -398,6 +398,11 @@ private Q_SLOTS:
             isOver = box->parentWidget() == &window;
             QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, {}, true);
             QCoreApplication::sendEvent(box->focusWidget(), &held);
+            for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) { // As X11 has it, at one time.
+                QKeyEvent repeat(type, Qt::Key_Return, {});
+                repeat.setTimestamp(1000);
+                QCoreApplication::sendEvent(box->focusWidget(), &repeat);
+            }
             staysOpen = box->isVisible();
             QTest::keyClick(box->focusWidget(), Qt::Key_Return);
         });
