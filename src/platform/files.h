@@ -61,8 +61,8 @@ struct FileContents {
     QByteArray bytes;
 };
 
-/// A play list of a million songs takes a fifth of it.
-constexpr qint64 longestFile = qint64(1) << 28;
+/// A play list of a million songs is shorter.
+constexpr qint64 longestFile = qint64(1) << 26;
 
 /// A small file as a whole. One that is longer than what can be meant counts as unreadable.
 FileContents loadFile(const QString &path, qint64 longest = longestFile);
