@@ -104,15 +104,15 @@ private Q_SLOTS:
         QCOMPARE(filesIn(folder.path(u"Music"_s)).size(), 3);
     }
 
-    void addressesLeadToFilesAndBack()
+    void urisLeadToFilesAndBack()
     {
-        for (const auto &[address, path, back] : {
+        for (const auto &[uri, path, back] : {
                  std::tuple(u"file:///a/b%20c.mp3"_s, u"z:\\a\\b c.mp3"_s, u"file:///a/b%20c.mp3"_s),
                  {u"FILE://localhost/5%25%23.mp3"_s, u"z:\\5%#.mp3"_s, u"file:///5%25%23.mp3"_s},
                  {u"file:///%FF%5C.mp3"_s, u"z:\\\xDCFF\xF05C.mp3"_s, u"file:///%FF%5C.mp3"_s},
                  {u"/5% ü?.mp3"_s, u"z:\\5% ü?.mp3"_s, u"file:///5%25%20%C3%BC%3F.mp3"_s},
              }) {
-            QCOMPARE(pathOfUri(address), path);
+            QCOMPARE(pathOfUri(uri), path);
             QCOMPARE(fileUri(path), back);
         }
         for (const auto &refused : {u""_s, u"a.mp3"_s, u"http://a/b.mp3"_s, u"file://other/a.mp3"_s, u"/a\0.mp3"_s,

@@ -34,7 +34,7 @@ private Q_SLOTS:
     void pauseAndPlayTakeTurns()
     {
         CoreStand stand({u"1.mp3"_s});
-        stand.player.pauseOrResume(); // Without a song there is nothing to hold, and the turn is taken.
+        stand.player.pauseOrResume(); // Without a song there is nothing to pause, but the next call goes on.
         QVERIFY(!stand.player.isPaused() && stand.player.playingPath().isEmpty());
         QCOMPARE(stand.player.PlayStatus, u"Paused"_s);
         stand.player.next();

@@ -283,7 +283,7 @@ private Q_SLOTS:
                  {u"Play"_s, u"Play: Playing"_s},
                  {u"PlayPause"_s, u"Pause: Paused"_s},
                  {u"Previous"_s, u"FileName 1.mp3, Play: Playing"_s},
-                 {u"PlayPause"_s, u"Play, Pause: Paused"_s}, // The transport took the new song for held.
+                 {u"PlayPause"_s, u"Play, Pause: Paused"_s}, // The transport took the new song for paused.
                  {u"Stop"_s, u"Stop: Stopped"_s},
                  {u"Pause"_s, u": Stopped"_s},
                  {u"PlayPause"_s, u"FileName 1.mp3, Play: Playing"_s},

@@ -121,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(!button(u"cmdRemove"_s).toolTip().isEmpty());
         QTest::keyClick(&box(u"Title"_s), Qt::Key_Return);
         QCOMPARE(takeBoxes().size(), 1);
-        player.pauseOrResume(); // A song that is held still plays.
+        player.pauseOrResume(); // A paused song may not be touched either.
         QTest::qWait(20);
         QVERIFY(!button(u"cmdRemove"_s).isEnabled());
         player.stop();
