@@ -131,6 +131,7 @@ private Q_SLOTS:
     void onlyTheThumbSeeks()
     {
         m_window->Label4.press();
+        m_window->Label10.press(); // Nothing is put right by the passing of time.
         m_stand->engine.setSong(50, 100);
         HScrollBar &slider = m_window->HScroll1;
         QTRY_COMPARE(slider.Value(), 50);
@@ -146,6 +147,7 @@ private Q_SLOTS:
         QCOMPARE(slider.Value(), 100); // Still held.
         slider.setSliderDown(false);
         QTRY_COMPARE(slider.Value(), 20);
+        QTRY_COMPARE(slider.Max(), 60);
         QTest::keyClick(&slider, Qt::Key_Right);
         QCOMPARE(m_stand->takeCalls(), u"Position 25"_s);
     }
