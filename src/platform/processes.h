@@ -32,7 +32,8 @@ private:
 void onEndingSignals(QObject *listener, const std::function<void()> &end);
 
 /// Writing to a terminal, a pipe or a server that has gone away is an error from now on, and no longer ends the
-/// program.
+/// program. Nothing that is opened later takes the place of a standard file that is closed: what is meant for the
+/// terminal would be sent to the screen or written into a song.
 void outliveReaders();
 
 /// Name and version of the system and of its kernel, as people write them.

@@ -66,6 +66,12 @@ SingleInstance::~SingleInstance()
 void outliveReaders()
 {
     std::signal(SIGPIPE, SIG_IGN);
+    int handle = noHandle;
+    do
+        handle = ::open("/dev/null", O_RDWR); // Takes the lowest place that is free.
+    while (handle >= 0 && handle < STDERR_FILENO);
+    if (handle > STDERR_FILENO)
+        ::close(handle);
 }
 
 void onEndingSignals(QObject *listener, const std::function<void()> &end)
