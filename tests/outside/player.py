@@ -16,7 +16,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 FOLDER = Path(os.environ["HOME"]) / "Songs of 50% & \"more\" ночь"
-PATIENCE = 20
+PATIENCE = 60  # A busy machine takes its time.
 shutil.copytree(sys.argv[2], FOLDER)
 NAMES = sorted((song.name for song in FOLDER.iterdir()), key=str.casefold)
 Atspi.init()
