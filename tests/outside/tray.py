@@ -78,7 +78,7 @@ window.press("Hide")
 wait("a window in the new tray", lambda: window_is(None))
 ask_icon(ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
 wait("the window from the tray", lambda: window_is("Normal"))
-window.press("Next song button")
+window.press("Next song")
 wait("the song in the icon's tip", lambda: NAMES[0].removesuffix(".mp3") in str(
     ask_icon("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (ITEM, "ToolTip")))))
 window.press("Exit")
