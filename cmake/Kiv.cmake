@@ -59,7 +59,7 @@ set(KIV_FOLDERS_WITH_WINDOWS controls settings playlist tagedit filetools app)
 function(kiv_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "UNDER;LIBRARIES")
   add_executable(tst_${name} tst_${name}.cpp)
-  set_target_properties(tst_${name} PROPERTIES AUTOMOC ON UNITY_BUILD OFF) # One file has nothing to be joined with.
+  set_target_properties(tst_${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(tst_${name} PRIVATE kiv_options test_support ${arg_LIBRARIES} Qt6::Test)
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-own-home ${arg_UNDER} $<TARGET_FILE:tst_${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 120)
