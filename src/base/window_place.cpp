@@ -25,3 +25,12 @@ QPoint besidePlace(const QRect &screen, const QRect &neighbour, const QSize &win
     return {std::max(std::min(right ? onRight : onLeft, rightmost), screen.x()),
             std::max(std::min(neighbour.y(), lowest), screen.y())};
 }
+
+bool staysBehind(const QPoint &start, const QPoint &now, const QPoint &wanted, qint64 askingMs)
+{
+    constexpr int rounding = 2; // Of places between the screen's pixels.
+    constexpr int farAway = 8;
+    constexpr qint64 patienceMs = 120;
+    return (now - start).manhattanLength() <= rounding && (wanted - start).manhattanLength() > farAway &&
+           askingMs > patienceMs;
+}

@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -26,6 +27,12 @@ void paintPlainPanel(QPainter &painter, const QRect &part, const QRect &window)
     painter.fillRect(part, QColor::fromRgb(palette::graphite));
     painter.setPen(QColor::fromRgb(palette::graphiteLight));
     painter.drawRect(window.adjusted(0, 0, -1, -1));
+}
+
+// Where the window system has the window's corner, whatever Qt believes.
+QPoint cornerSeen(const QMouseEvent &event)
+{
+    return (event.globalPosition() - event.position()).toPoint();
 }
 
 QPointer<SkinWindow> &lastActiveWindow()
@@ -55,7 +62,7 @@ void SkinWindow::DragBySkin(const QMouseEvent &event)
     if (QGuiApplication::platformName().startsWith(u"wayland"_s) && windowHandle())
         windowHandle()->startSystemMove(); // A client cannot place its windows there.
     else
-        m_grip = event.position().toPoint(); // Where Qt believes the window to be may be wrong.
+        m_grip = {event.position().toPoint(), cornerSeen(event), {}};
 }
 
 void SkinWindow::bringBack()
@@ -81,8 +88,22 @@ void SkinWindow::paintEvent(QPaintEvent *event)
     keepPicture(m_background, m_skin, devicePixelRatioF());
     QPainter painter(this);
     paintSkin(painter, event->rect(), {});
+    if (std::exchange(m_comesUp, false) && windowOpacity() < 1)
+        keepOpacity();
     if (!std::exchange(m_painted, true))
         QMetaObject::invokeMethod(this, &SkinWindow::firstPainted, Qt::QueuedConnection);
+}
+
+// The first picture is on its way: the window is on the screen. A desktop that shows it a moment later than that, as
+// one does that is reached through XWayland, is told again then.
+void SkinWindow::keepOpacity()
+{
+    for (const int laterMs : {0, 300}) {
+        QTimer::singleShot(laterMs, this, [this] {
+            if (windowHandle())
+                renewOpacity(*windowHandle());
+        });
+    }
 }
 
 void SkinWindow::paintSkin(QPainter &painter, const QRect &part, const QPoint &offset) const
@@ -145,8 +166,18 @@ void SkinWindow::mousePressEvent(QMouseEvent *event)
 
 void SkinWindow::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_grip && event->buttons() & Qt::LeftButton)
-        move(event->globalPosition().toPoint() - *m_grip);
+    if (!m_grip || !(event->buttons() & Qt::LeftButton))
+        return;
+    const QPoint wanted = event->globalPosition().toPoint() - m_grip->held;
+    const qint64 askingMs = m_grip->asking.isValid() ? m_grip->asking.elapsed() : 0;
+    const bool isIgnored = staysBehind(m_grip->start, cornerSeen(*event), wanted, askingMs);
+    if (isIgnored && windowHandle()->startSystemMove()) { // As XWayland may do, where the desktop places windows.
+        m_grip.reset();
+        return;
+    }
+    if (!m_grip->asking.isValid())
+        m_grip->asking.start();
+    move(wanted);
 }
 
 void SkinWindow::mouseReleaseEvent(QMouseEvent *)
@@ -159,6 +190,7 @@ void SkinWindow::showEvent(QShowEvent *)
 {
     if (m_lastFocus)
         m_lastFocus->setFocus();
+    m_comesUp = true;
     noteSeen();
 }
 

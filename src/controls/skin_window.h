@@ -6,6 +6,7 @@
 
 #include "controls/pictures.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QWidget>
 
@@ -69,15 +70,23 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    struct Grip {
+        QPoint held;          // Where the window is dragged by, from its top left corner.
+        QPoint start;         // Where that corner was then.
+        QElapsedTimer asking; // Since the window was first asked to move.
+    };
+
     void noteSeen();
+    void keepOpacity();
     void goToNextWindow() const;
 
     Picture m_skin;
     std::optional<QPixmap> m_background; // Loaded at the first paint, for the screen it is painted on.
     QPointer<QWidget> m_lastFocus;       // Where the focus was when the window was hidden.
-    std::optional<QPoint> m_grip;        // Where the window is dragged by, from its top left corner.
+    std::optional<Grip> m_grip;
     bool m_seen = false;
     bool m_painted = false;
+    bool m_comesUp = false; // Shown and not painted since.
 };
 
 /// Moves a window to the middle of its screen, slightly above.

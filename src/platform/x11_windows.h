@@ -17,6 +17,10 @@ void forgetMinimised(QWindow &window);
 /// own windows only while the user works with it.
 void activateForUser(QWindow &window);
 
+/// Says once more how opaque a window is. Some desktops miss what was said before the window was on the screen; to be
+/// called when it is.
+void renewOpacity(QWindow &window);
+
 /// The tray of the kind that takes windows in. (The newer kind is found on the session bus.)
 class X11Tray : public QAbstractNativeEventFilter
 {

@@ -90,6 +90,18 @@ void activateForUser(QWindow &window)
     xcb_flush(x11);
 }
 
+void renewOpacity(QWindow &window)
+{
+    xcb_connection_t *x11 = x11Connection();
+    if (!x11 || !window.handle())
+        return;
+    const auto opacity = static_cast<std::uint32_t>(qRound64(window.opacity() * 0xffffffff));
+    const xcb_atom_t name = atomOf(x11, "_NET_WM_WINDOW_OPACITY");
+    xcb_change_property(x11, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window.winId()), name, XCB_ATOM_CARDINAL,
+                        32, 1, &opacity);
+    xcb_flush(x11);
+}
+
 X11Tray::X11Tray(std::function<void()> changed) : m_changed(std::move(changed))
 {
     xcb_connection_t *x11 = x11Connection();

@@ -4,6 +4,7 @@
 #include "controls/picture_box.h"
 #include "settings/window_shape.h"
 
+#include <QGuiApplication>
 #include <QVariant>
 #include <QWidget>
 
@@ -12,6 +13,8 @@ void MakeTranslucent(QWidget &window, qint16 on)
     constexpr int halfAlpha = 128;
     constexpr int fullAlpha = 255;
     window.setProperty("layered", true);
+    if (QGuiApplication::platformName().startsWith(u"wayland"))
+        return; // Knows no such thing, and says so each time.
     window.setWindowOpacity((on == asFlag(true) ? halfAlpha : fullAlpha) / qreal(fullAlpha));
     window.update(); // Under X11 the request waits in a buffer until something is painted.
 }

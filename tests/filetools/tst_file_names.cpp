@@ -76,6 +76,12 @@ private Q_SLOTS:
         QCOMPARE(besidePlace(screen, {420, 300, 600, 400}, {300, 500}, 4), QPoint(116, 100));
         QCOMPARE(besidePlace(screen, {350, 0, 600, 400}, {300, 500}, 4), QPoint(100, 0));
         QCOMPARE(besidePlace(screen, {250, 0, 600, 400}, {300, 500}, 4), QPoint(800, 0));
+
+        const QPoint start(10, 10), there(40, 10);
+        QVERIFY(staysBehind(start, start + QPoint(1, 1), there, 500));
+        QVERIFY(!staysBehind(start, start, there, 100));    // It may be slow.
+        QVERIFY(!staysBehind(start, {14, 10}, there, 500)); // It is on its way.
+        QVERIFY(!staysBehind(start, start, {12, 10}, 500)); // The mouse has come back.
     }
 };
 
