@@ -95,13 +95,6 @@ void Playlist::Load()
     readListFiles();
 }
 
-void Playlist::addSong(const QString &name, const QString &time)
-{
-    List1.AddItem(name);
-    List2.AddItem(time);
-    renewTotal();
-}
-
 void Playlist::addSongs(int row, const QStringList &fileNames)
 {
     QStringList names;
@@ -111,6 +104,11 @@ void Playlist::addSongs(int row, const QStringList &fileNames)
         const QuickHeader header = songHeader(tidyPathIn(m_songs.folder(), name));
         times += FormatPlayTime(roundHalfEven(numericValue(header.length)));
     }
+    insertEntries(row, names, times);
+}
+
+void Playlist::insertEntries(int row, const QStringList &names, const QStringList &times)
+{
     List1.insertItems(row, names);
     List2.insertItems(std::min(row, List2.ListCount()), times); // A list file may hold fewer times than songs.
     renewTotal();

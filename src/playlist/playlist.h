@@ -34,8 +34,8 @@ public:
     QStringList songs() const { return List1.items().toStringList(); }
     QStringList times() const { return List2.items().toStringList(); }
 
-    /// Adds a song (its bare name, without folder and ending) and its play time at the end.
-    void addSong(const QString &name, const QString &time);
+    /// Adds entries before a row: bare names, without folder and ending, and their play times.
+    void insertEntries(int row, const QStringList &names, const QStringList &times);
 
     /// Adds songs of the music folder, by their file names, before a row: their bare names and how long they play.
     void addSongs(int row, const QStringList &fileNames);

@@ -41,8 +41,8 @@ private Q_SLOTS:
         for (const QString &path : {paths::playListFile, paths::playTimesFile})
             QVERIFY(loadFile(path).reading == Reading::Done);
         QVERIFY(!status.Caption().contains(u'['));
-        m_playlist->addSong(u"a"_s, u"3:05"_s);
-        m_playlist->addSong(u"\u6B4C"_s, u"12:40"_s);
+        addEntry(u"a"_s, u"3:05"_s);
+        addEntry(u"\u6B4C"_s, u"12:40"_s);
         m_playlist->saveLists();
         m_songs->setListIndex(1);
         m_playlist->clearLists();
@@ -70,8 +70,8 @@ private Q_SLOTS:
     void badTimesAreToldOnce()
     {
         fill({u"a"_s, u"b"_s});
-        m_playlist->addSong(u"c"_s, u"1:x0"_s);
-        m_playlist->addSong(u"d"_s, u"1:00"_s);
+        addEntry(u"c"_s, u"1:x0"_s);
+        addEntry(u"d"_s, u"1:00"_s);
         QCOMPARE(m_playlist->TotalListLength, 120);
         const QStringList shown = takeBoxes();
         QCOMPARE(shown.size(), 1);
@@ -81,8 +81,8 @@ private Q_SLOTS:
     void deleteKeepsListsTotalAndSelectionRight()
     {
         fill({u"a"_s});
-        m_playlist->addSong(u"b"_s, u"2:00"_s);
-        m_playlist->addSong(u"c"_s, u"3:00"_s);
+        addEntry(u"b"_s, u"2:00"_s);
+        addEntry(u"c"_s, u"3:00"_s);
         m_songs->setListIndex(1);
         for (const auto &[songs, selected, seconds] : {std::tuple(u"a c"_s, 1, 240), {u"a"_s, 0, 60}, {u""_s, -1, 0}}) {
             QTest::keyClick(m_songs, Qt::Key_Delete);
@@ -293,10 +293,15 @@ private:
 
     QString title() const { return m_windows->core.playedTitle; }
 
+    void addEntry(const QString &name, const QString &time)
+    {
+        m_playlist->insertEntries(m_songs->ListCount(), {name}, {time});
+    }
+
     void fill(const QStringList &names)
     {
         for (const QString &name : names)
-            m_playlist->addSong(name, u"1:00"_s);
+            addEntry(name, u"1:00"_s);
     }
 
     void nextSong()
