@@ -108,7 +108,8 @@ void RemoteControl::notifySoon()
 void RemoteControl::notify()
 {
     const bool isSongTold = mayReadSong();
-    QVariantMap properties = playerProperties(isSongTold ? factsWithSong() : facts());
+    const PlayerFacts now = isSongTold ? factsWithSong() : facts();
+    QVariantMap properties = playerProperties(now);
     if (!isSongTold)
         properties[metadataProperty] = m_notified.value(metadataProperty);
     const QVariantMap changed = changedProperties(std::exchange(m_notified, properties), properties);
@@ -117,7 +118,7 @@ void RemoteControl::notify()
         m_bus.send(message << playerInterface << changed << QStringList());
     }
     if (isSongTold)
-        notifyPosition(facts());
+        notifyPosition(now);
 }
 
 void RemoteControl::notifyPosition(const PlayerFacts &now)
