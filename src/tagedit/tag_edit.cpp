@@ -194,7 +194,7 @@ void TagEdit::cmdSave_Click()
 {
     if (m_player.isPlayingFile(m_file))
         MsgBox::show(cannotSave, u"ReName Error"_s, MsgBox::Icon::Information);
-    else if (mayChangeTag() && saveTag(m_file, typedTag()))
+    else if (isTagKnown() && saveTag(m_file, typedTag()))
         GetTagInf();
 }
 
@@ -289,14 +289,19 @@ void TagEdit::setFormCaption(const QString &caption)
     Caption.setCaption(caption);
 }
 
-// Is it another song that plays? Shows a message when it is not. A tag that could not be read is shown before it may be
-// written over.
+// Is it another song that plays? Shows a message when it is not.
 bool TagEdit::mayChangeTag()
 {
     if (m_player.isPlayingFile(m_file)) {
         MsgBox::show(cannotChange, u"Tag Error"_s); // The song may end while the box is up.
         return false;
     }
+    return isTagKnown();
+}
+
+// A tag that could not be read is shown before it may be written over.
+bool TagEdit::isTagKnown()
+{
     const bool wasRead = m_isRead;
     if (!wasRead)
         GetTagInf();

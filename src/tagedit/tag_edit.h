@@ -56,6 +56,7 @@ private:
     void setFormCaption(const QString &caption);
     void watchSoon() { Timer1.setEnabled(true); }
     bool mayChangeTag();
+    bool isTagKnown();
 
     const Player &m_player;
     const SongFolder &m_songs;
