@@ -44,8 +44,9 @@ void settleBusAddress()
     QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (address.isEmpty())
         address = QFile::exists(socket) ? u"unix:path="_s + socket : u"disabled:"_s;
-    static const QRegularExpression number(u",guid=[0-9a-f]+"_s);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", QFile::encodeName(address.remove(number)));
+    if (address.contains(u",guid="_s)) // Few have one: no start pays for the expression.
+        address.remove(QRegularExpression(u",guid=[0-9a-f]+"_s));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", QFile::encodeName(address));
 }
 
 } // namespace
