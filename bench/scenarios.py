@@ -23,8 +23,8 @@ def figures(player, songs, home_template=None):
         trial = Trial(player, songs, desktop)
         trial.warm_up()
         measured = {}
-        for scenario in (trial.start_with_song, trial.start_to_sound, trial.start_without, trial.idle, trial.playing, trial.folder,
-                         trial.search):
+        for scenario in (trial.start_with_song, trial.start_to_sound, trial.start_without, trial.idle, trial.playing,
+                         trial.folder, trial.search):
             say(f"{player.name}: {scenario.__name__.replace('_', ' ')}")
             measured.update(scenario())
         say("")
