@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/name_list.h"
 
+#include "base/texts.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -12,11 +14,6 @@ namespace
 {
 constexpr char16_t twoByteStart = 0x80;
 constexpr char16_t threeByteStart = 0x800;
-
-bool isAscii(QByteArrayView bytes)
-{
-    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < twoByteStart; });
-}
 
 char lowerAscii(char letter)
 {

@@ -2,13 +2,21 @@
 // Texts: cutting them at blanks, NULs and whole characters, and play times as people read them.
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
 #include <cstdint>
 
 /// The text before its first NUL: some programs pad with them, and what follows is none of the text.
 QStringView untilNul(QStringView text);
+
+/// Is every byte a character of ASCII?
+inline bool isAscii(QByteArrayView bytes)
+{
+    return std::none_of(bytes.begin(), bytes.end(), [](char byte) { return byte & 0x80; });
+}
 
 using CharacterTest = bool (*)(QChar);
 

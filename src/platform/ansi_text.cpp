@@ -32,8 +32,7 @@ int ansiCode(QChar character)
 // Is it UTF-8? Windows-1252 hardly ever looks like it by chance.
 bool isUtf8(QByteArrayView bytes)
 {
-    const bool isAscii = std::none_of(bytes.begin(), bytes.end(), [](char byte) { return byte & firstSpecial; });
-    return bytes.startsWith(byteOrderMark) || (!isAscii && bytes.isValidUtf8());
+    return bytes.startsWith(byteOrderMark) || (!isAscii(bytes) && bytes.isValidUtf8());
 }
 } // namespace
 

@@ -2,6 +2,7 @@
 // The desktop by the conventions of freedesktop.org.
 #include "platform/desktop.h"
 #include "platform/drives.h"
+#include "platform/entries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
 
@@ -12,7 +13,6 @@
 #include <QStringDecoder>
 
 #include <string_view>
-#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -75,11 +75,7 @@ QString runtimeFolder()
     if (!runtime.isEmpty() && QDir(runtime).exists())
         return runtime;
     const QString own = QDir::tempPath() + u"/kiv-mp3-"_s + QString::number(::geteuid());
-    const QByteArray path = QFile::encodeName(own);
-    ::mkdir(path.constData(), 0700);
-    struct stat status = {};
-    const bool isOwn = ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
-                       status.st_uid == ::geteuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+    const bool isOwn = haveOwnFolder(QFile::encodeName(own), Others::MayNotChange);
     return isOwn ? own : QString(); // Else anybody could have put something there.
 }
 

@@ -41,6 +41,12 @@ bool isSameFile(const QByteArray &first, const QByteArray &second);
 /// Are both paths the very same entry or hard links of one file? Symbolic links are not followed.
 bool isSameEntry(const QByteArray &first, const QByteArray &second);
 
+enum class Others { MayChange, MayNotChange };
+
+/// Makes a folder for the user alone where it is missing. False, and errno tells why, when what is there is no folder
+/// of the user's own, or is one that others may change and may not.
+bool haveOwnFolder(const QByteArray &path, Others others);
+
 /// Does the path lead to a folder?
 bool isHostFolder(const QByteArray &path);
 

@@ -129,6 +129,19 @@ bool isSameEntry(const QByteArray &first, const QByteArray &second)
     return haveSameIdentity(first, second, ::lstat);
 }
 
+bool haveOwnFolder(const QByteArray &path, Others others)
+{
+    if (::mkdir(path.constData(), 0700) != 0 && errno != EEXIST)
+        return false;
+    constexpr mode_t changeable = S_IWGRP | S_IWOTH;
+    struct stat status = {};
+    const bool isOwn = ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                       status.st_uid == ::geteuid() &&
+                       (others == Others::MayChange || (status.st_mode & changeable) == 0);
+    errno = isOwn ? 0 : EACCES;
+    return isOwn;
+}
+
 bool isHostFolder(const QByteArray &path)
 {
     struct stat status = {};

@@ -94,7 +94,7 @@ std::optional<PendingCopy> PendingCopy::make(const QByteArray &source, const QBy
         return std::nullopt;
     }
     const qint64 total = length.value_or(status.st_size);
-    auto to = ScratchFile::make(destination.first(destination.lastIndexOf('/') + 1), 0600);
+    auto to = ScratchFile::make(hostFolderOf(destination), 0600);
     if (!to || total < 0 || total > status.st_size || !copyBytes(from.get(), to->handle(), total, watcher))
         return std::nullopt;
     copyOwnerAndPermissions(from.get(), to->handle(), status);

@@ -18,11 +18,6 @@ bool isOddByte(QChar c)
     return c >= QChar(oddByteBase + 0x80) && c <= QChar(oddByteBase + 0xFF);
 }
 
-bool isAscii(QByteArrayView bytes)
-{
-    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 // Keeps U+FEFF at the start: it is a part of the name.
 constexpr auto asGiven = QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom;
 

@@ -171,7 +171,7 @@ bool saveFile(const QString &path, QByteArrayView bytes, Existing existing)
     const bool replaces = ::stat(target.constData(), &old) == 0;
     if (replaces && (!S_ISREG(old.st_mode) || ::access(target.constData(), W_OK) != 0))
         return false;
-    auto file = ScratchFile::make(target.first(target.lastIndexOf('/') + 1), 0666);
+    auto file = ScratchFile::make(hostFolderOf(target), 0666);
     return file && writeAll(file->handle(), bytes) &&
            (!replaces || ::fchmod(file->handle(), old.st_mode & 0777) == 0) && file->finish() &&
            file->commit(target, existing) == RenameResult::Done;

@@ -16,6 +16,9 @@ bool FileExists(const QString &path);
 /// Is there a folder of that name?
 bool folderExists(const QString &path);
 
+/// Do both paths lead to one folder, through links too? Not when it is missing.
+bool isSameFolder(const QString &first, const QString &second);
+
 /// The length in bytes of a normal file; nothing when there is none.
 std::optional<qint64> fileLength(const QString &path);
 

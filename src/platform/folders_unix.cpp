@@ -99,6 +99,11 @@ bool folderExists(const QString &path)
     return status && S_ISDIR(status->st_mode);
 }
 
+bool isSameFolder(const QString &first, const QString &second)
+{
+    return isSameFile(hostPathOnDisk(first), hostPathOnDisk(second));
+}
+
 std::optional<qint64> fileLength(const QString &path)
 {
     const auto status = statusOf(hostPathOnDisk(path));

@@ -87,9 +87,9 @@ QString whyNoRename(const QByteArray &from, const QByteArray &to)
 // Does the folder of a path list its name with this very spelling?
 bool isListed(const QByteArray &path)
 {
-    const qsizetype slash = path.lastIndexOf('/');
-    const auto entries = hostEntries(path.first(slash + 1));
-    return entries && entries->contains(path.sliced(slash + 1));
+    const QByteArray folder = hostFolderOf(path);
+    const auto entries = hostEntries(folder);
+    return entries && entries->contains(path.sliced(folder.size()));
 }
 
 // The new path leads to the old file already: spelled otherwise on a file system that ignores case, or a second name

@@ -39,15 +39,10 @@ std::optional<struct stat> entryStatus(const QByteArray &path)
     return ::lstat(path.constData(), &status) == 0 ? std::optional(status) : std::nullopt;
 }
 
-// Makes the folder where it is missing. It must be the user's own: others could read there what is thrown away.
-bool haveOwnFolder(const QByteArray &path)
+// It must be the user's own: others could read there what is thrown away.
+bool haveTrashFolder(const QByteArray &path)
 {
-    if (::mkdir(path.constData(), 0700) != 0 && errno != EEXIST)
-        return false;
-    const auto status = entryStatus(path);
-    const bool isOwn = status && S_ISDIR(status->st_mode) && status->st_uid == ::geteuid();
-    errno = isOwn ? 0 : EACCES;
-    return isOwn;
+    return haveOwnFolder(path, Others::MayChange);
 }
 
 // The highest folder of the file system that folder lies on.
@@ -86,15 +81,15 @@ std::optional<Trash> trashFor(const QByteArray &folder)
     const QByteArray user = QByteArray::number(::geteuid());
     const auto shared = entryStatus(start + ".Trash");
     const bool isSafe = shared && S_ISDIR(shared->st_mode) && (shared->st_mode & S_ISVTX) != 0;
-    if (isSafe && haveOwnFolder(start + ".Trash/" + user))
+    if (isSafe && haveTrashFolder(start + ".Trash/" + user))
         return Trash{start + ".Trash/" + user, top};
     return Trash{start + ".Trash-" + user, top};
 }
 
 bool isReady(const Trash &trash)
 {
-    return haveOwnFolder(trash.folder) && haveOwnFolder(trash.folder + "/files") &&
-           haveOwnFolder(trash.folder + "/info");
+    return haveTrashFolder(trash.folder) && haveTrashFolder(trash.folder + "/files") &&
+           haveTrashFolder(trash.folder + "/info");
 }
 
 // "Song.mp3", "Song.2.mp3" ...; cut where the note's name would be too long, never within a character.

@@ -3,6 +3,7 @@
 
 #include "base/names.h"
 #include "platform/drives.h"
+#include "platform/folders.h"
 
 #include <algorithm>
 
@@ -54,7 +55,7 @@ bool Player::isPlayingFile(const QString &path) const
 
 QString Player::playingNameIn(const QString &folder) const
 {
-    const bool isThere = m_hasSong && isSameFile(hostPathOnDisk(FolderFromPath(m_path)), hostPathOnDisk(folder));
+    const bool isThere = m_hasSong && isSameFolder(FolderFromPath(m_path), folder);
     return isThere ? FileNameFromPath(spelledAsOnDisk(m_path)) : QString();
 }
 

@@ -3,7 +3,6 @@
 
 #include "base/names.h"
 #include "platform/drives.h"
-#include "platform/entries.h"
 #include "platform/folders.h"
 
 #include <algorithm>
@@ -18,11 +17,6 @@ bool isSong(const QString &path, const QStringList &endings)
 {
     const auto isItsEnding = [&](const QString &ending) { return path.endsWith(u'.' + ending, Qt::CaseInsensitive); };
     return std::any_of(endings.begin(), endings.end(), isItsEnding) && fileLength(path);
-}
-
-bool isSameFolder(const QString &one, const QString &other)
-{
-    return one == other || isSameFile(hostPathOnDisk(one), hostPathOnDisk(other));
 }
 
 bool isListed(const QString &path, const QString &musicFolder)

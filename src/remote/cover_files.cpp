@@ -42,7 +42,7 @@ bool isFile(const QByteArray &path)
 
 bool writeFile(const QByteArray &path, QByteArrayView bytes)
 {
-    std::optional<ScratchFile> file = ScratchFile::make(path.first(path.lastIndexOf('/') + 1), ownersOnly);
+    std::optional<ScratchFile> file = ScratchFile::make(hostFolderOf(path), ownersOnly);
     return file && writeAll(file->handle(), bytes) && file->commit(path, Existing::Replace) == RenameResult::Done;
 }
 
@@ -61,9 +61,8 @@ CoverFiles::~CoverFiles()
 void CoverFiles::tidy()
 {
     const QByteArray folder = QFile::encodeName(cacheFolder()) + '/';
-    for (const QByteArray &name : hostEntries(folder).value_or(QList<QByteArray>()))
-        if (name.startsWith(nameStart))
-            removeEntry(folder + name);
+    for (const QByteArray &name : hostEntries(folder, nameStart).value_or(QList<QByteArray>()))
+        removeEntry(folder + name);
 }
 
 QString CoverFiles::uriOf(QByteArray picture)
