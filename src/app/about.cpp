@@ -3,8 +3,8 @@
 
 #include "app/version.h"
 #include "controls/fonts.h"
+#include "controls/skin.h"
 #include "platform/processes.h"
-#include "skins/palette.h"
 #include "skins/places.h"
 
 using namespace Qt::StringLiterals;
@@ -23,7 +23,7 @@ About::About()
 {
     for (Label *label : {&labVersion, &labMessage, &labSystem, &cmdProcesses, &cmdOk})
         label->setFont(fonts::font(fonts::Face::ComicSansMs, 13));
-    labSystem.setColour(QColor::fromRgb(palette::captionDim));
+    labSystem.setColour(Colour::captionDim);
     labSystem.setElided(true);
     cmdProcesses.setButton(true);
     cmdOk.setButton(true);

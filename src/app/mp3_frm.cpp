@@ -8,6 +8,7 @@
 #include "base/numbers.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
+#include "controls/skin.h"
 #include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
@@ -16,7 +17,6 @@
 #include "settings/settings_store.h"
 #include "settings/window_effects.h"
 #include "settings/window_rules.h"
-#include "skins/palette.h"
 #include "skins/places.h"
 
 #include <QKeyEvent>
@@ -72,7 +72,7 @@ void Mp3Frm::setUpLooks()
     }
     Label7.setFont(fonts::font(fonts::Face::Arial, 15));
     Label7.setMarquee();
-    Label7.setColour(QColor::fromRgb(palette::displayText));
+    Label7.setColour(Colour::displayText);
     Text1.setFont(fonts::font(fonts::Face::MatisseItc, 22));
     Text1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Text1.setDisplayOnly();

@@ -2,8 +2,8 @@
 #include "controls/fields.h"
 
 #include "controls/fonts.h"
+#include "controls/skin.h"
 #include "controls/skin_style.h"
-#include "skins/palette.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -54,12 +54,12 @@ void ComboBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor::fromRgb(palette::listText));
+    painter.setPen(skinColour(Colour::listText));
     const QRect text = rect().adjusted(textIndent, 0, -arrowRoom, 0);
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));
     const QPointF tip(width() - arrowRoom / 2.0, height() / 2.0 + 2);
-    painter.setPen(QPen(QColor::fromRgb(underMouse() ? palette::warmWhite : palette::captionDim), 1.5));
+    painter.setPen(QPen(skinColour(underMouse() ? Colour::warmWhite : Colour::captionDim), 1.5));
     painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
     if (hasFocus())
         paintFocusRing(painter, rect());
@@ -77,9 +77,7 @@ TextBox::TextBox(QWidget *parent, const ControlSetup &setup) : QLineEdit(parent)
 {
     setUpControl(*this, setup);
     setFrame(false);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, Qt::transparent); // The well of the skin shows through.
-    setPalette(colours);
+    takeColours();
     setTextMargins(besideRing, 0, besideRing, 0);
     connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
     connect(this, &QLineEdit::textChanged, this, &TextBox::Change);
@@ -96,11 +94,29 @@ void TextBox::setDisplayOnly()
     m_isDisplay = true;
     setReadOnly(true);
     setTextMargins(-roomForCaret, 0, -roomForCaret, 0); // There is none.
+    takeColours();
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::ArrowCursor);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAcceptDrops(false);
+}
+
+// What is only shown stands on the display; the well of the skin shows through every field.
+void TextBox::takeColours()
+{
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, Qt::transparent);
+    if (m_isDisplay)
+        colours.setColor(QPalette::Text, skinColour(textColour()));
+    setPalette(colours);
+}
+
+void TextBox::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::StyleChange && m_isDisplay)
+        takeColours();
+    QLineEdit::changeEvent(event);
 }
 
 void TextBox::fitText()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/readable.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -30,7 +31,7 @@ Q_SIGNALS:
 
 /// A drop-down list in a well of the skin: one of its items is chosen, or none. The wheel changes it only while it has
 /// the focus, and does not give it the focus.
-class ComboBox : public QComboBox
+class ComboBox : public QComboBox, public OnPicture
 {
     Q_OBJECT
 
@@ -44,13 +45,15 @@ public:
     QString List(int index) const { return itemText(index); }
     int ListCount() const { return count(); }
 
+    Colour textColour() const override { return Colour::listText; }
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 };
 
 /// One line of text, edited or just shown. A change made by the program fires Change() as typing does.
-class TextBox : public QLineEdit
+class TextBox : public QLineEdit, public OnPicture
 {
     Q_OBJECT
 
@@ -63,6 +66,8 @@ public:
     /// Shows only, in the font that it has: no frame, no caret, no keyboard. A text too wide for its place is set in
     /// narrower letters.
     void setDisplayOnly();
+
+    Colour textColour() const override { return m_isDisplay ? Colour::displayText : Colour::listText; }
 
 Q_SIGNALS:
     void Change();
@@ -79,8 +84,10 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    void takeColours();
     void fitText();
 
     bool m_isDisplay = false;

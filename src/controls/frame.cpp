@@ -2,7 +2,7 @@
 #include "controls/frame.h"
 
 #include "controls/fonts.h"
-#include "skins/palette.h"
+#include "controls/skin.h"
 
 #include <QPainter>
 
@@ -24,7 +24,7 @@ Frame::Frame(QWidget *parent, const ControlSetup &setup, const QString &caption)
 
 void Frame::setPicture(Picture picture)
 {
-    m_picture = picture;
+    m_background = KeptPicture(picture);
     m_isCovering = true;
 }
 
@@ -42,13 +42,12 @@ ControlSetup Frame::inside(ControlSetup setup) const
 void Frame::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    if (m_isCovering && m_picture != Picture::Count)
-        keepPicture(m_background, m_picture, devicePixelRatioF());
-    if (m_background && !m_background->isNull())
-        painter.drawPixmap(0, 0, *m_background);
+    keepReadable(m_background, *this);
+    if (!m_background.pixmap().isNull())
+        painter.drawPixmap(0, 0, m_background.pixmap());
     else if (m_isCovering)
-        painter.fillRect(rect().adjusted(plateRim, plateRim, -plateRim, -plateRim), QColor::fromRgb(palette::graphite));
-    painter.setPen(QColor::fromRgb(palette::captionDim));
+        painter.fillRect(rect().adjusted(plateRim, plateRim, -plateRim, -plateRim), skinColour(Colour::graphite));
+    painter.setPen(skinColour(Colour::captionDim));
     painter.drawText(rect().adjusted(captionPlace.x(), captionPlace.y(), 0, 0), Qt::AlignLeft | Qt::AlignTop,
                      m_caption);
 }
@@ -67,5 +66,5 @@ void ProgressBar::setFraction(double fraction)
 void ProgressBar::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(QRectF(0, 0, m_fraction * width(), height()), QColor::fromRgb(palette::accent));
+    painter.fillRect(QRectF(0, 0, m_fraction * width(), height()), skinColour(Colour::accent));
 }

@@ -4,14 +4,13 @@
 
 #include "controls/control.h"
 #include "controls/pictures.h"
+#include "controls/readable.h"
 
 #include <QWidget>
 
-#include <optional>
-
 /// A part of a window with a caption of its own; the controls that belong together are its children. It comes and goes
 /// with them. Pressing the mouse on it drags the window as pressing the skin does.
-class Frame : public QWidget
+class Frame : public QWidget, public Covering
 {
     Q_OBJECT
 
@@ -24,6 +23,8 @@ public:
     /// Empties the plate that the skin shows there, but for its rim; also what stands in for a missing picture.
     void setPlate();
 
+    bool isCovering() const override { return m_isCovering; }
+
     /// Where a control with a place on the window lies in here.
     ControlSetup inside(ControlSetup setup) const;
 
@@ -32,8 +33,7 @@ protected:
 
 private:
     QString m_caption;
-    Picture m_picture = Picture::Count;
-    std::optional<QPixmap> m_background; // Loaded at the first paint.
+    KeptPicture m_background; // Loaded at the first paint.
     bool m_isCovering = false;
 };
 

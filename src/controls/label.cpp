@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/label.h"
 
+#include "controls/skin.h"
 #include "controls/skin_style.h"
 #include "controls/skin_window.h"
-#include "skins/palette.h"
 
 #include <QAccessible>
 #include <QPaintEvent>
@@ -14,7 +14,7 @@
 #include <cmath>
 
 Label::Label(QWidget *parent, const ControlSetup &setup, const QString &caption)
-    : Pressable(parent), m_caption(caption), m_colour(QColor::fromRgb(palette::caption)), m_unturned(caption)
+    : Pressable(parent), m_caption(caption), m_colour(Colour::caption), m_unturned(caption)
 {
     setUpControl(*this, setup);
 }
@@ -56,7 +56,7 @@ void Label::setAlignment(Qt::Alignment alignment)
     update();
 }
 
-void Label::setColour(const QColor &colour)
+void Label::setColour(Colour colour)
 {
     m_colour = colour;
     m_strip.reset();
@@ -121,7 +121,7 @@ void Label::layOut()
     strip.picture.setDevicePixelRatio(density);
     strip.picture.fill(Qt::transparent);
     QPainter painter(&strip.picture);
-    painter.setPen(m_colour);
+    painter.setPen(skinColour(m_colour));
     const qreal top = (size.height() - line.height()) / 2;
     for (const qreal start : {0.0, strip.width})
         layout.draw(&painter, QPointF(start, top));
@@ -156,7 +156,7 @@ void Label::paintEvent(QPaintEvent *event)
     }
     if (isButton())
         paintLight(painter);
-    QColor colour = m_colour;
+    QColor colour = skinColour(m_colour);
     if (!isEnabled())
         colour.setAlphaF(0.4F);
     painter.setPen(colour);
@@ -172,17 +172,18 @@ void Label::paintLight(QPainter &painter) const
 {
     if (isEnabled() && !isPressed() && !isHovered())
         return;
-    QColor shade = QColor::fromRgb(palette::graphite);
+    QColor shade = skinColour(Colour::graphite);
     shade.setAlphaF(0.7F);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(!isEnabled() ? shade : QColor::fromRgba(isPressed() ? palette::keyPressed : palette::keyHover));
+    painter.setBrush(!isEnabled() ? shade : skinColour(isPressed() ? Colour::keyPressed : Colour::keyHover));
     painter.drawRoundedRect(rect(), 3, 3);
 }
 
 void Label::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::FontChange) {
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::StyleChange) {
         m_strip.reset();
         update();
     }

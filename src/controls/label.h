@@ -4,13 +4,13 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/readable.h"
 
-#include <QColor>
 #include <QPixmap>
 
 #include <optional>
 
-class Label : public Pressable
+class Label : public Pressable, public OnPicture
 {
     Q_OBJECT
 
@@ -29,7 +29,8 @@ public:
     void setButton(bool isButton);
 
     void setAlignment(Qt::Alignment alignment);
-    void setColour(const QColor &colour);
+    void setColour(Colour colour);
+    Colour textColour() const override { return m_colour; }
 
     /// A text too long for its place is cut at its end with "…" (otherwise it just runs out of sight).
     void setElided(bool elided);
@@ -60,7 +61,7 @@ private:
     void paintMarquee(QPainter &painter, const QRect &part);
 
     QString m_caption;
-    QColor m_colour;
+    Colour m_colour;
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
     QString m_unturned;           // The caption of a marquee as it was before its first turn ...
     qsizetype m_turns = 0;        // ... and how often it has turned since.

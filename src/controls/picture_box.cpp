@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/picture_box.h"
 
+#include "controls/skin.h"
 #include "controls/skin_style.h"
-#include "skins/palette.h"
 
 #include <QPainter>
 
@@ -23,8 +23,7 @@ PictureBox::PictureBox(QWidget *parent, const ControlSetup &setup) : Pressable(p
 
 void PictureBox::setPicture(Picture normal)
 {
-    m_pictures.fill(normal);
-    m_pixmaps = {};
+    m_pictures.fill(KeptPicture(normal));
     update();
 }
 
@@ -32,27 +31,24 @@ void PictureBox::showPictureOf(PictureBox &other)
 {
     other.pixmap(Look::Normal);
     m_pictures = other.m_pictures;
-    m_pixmaps = other.m_pixmaps;
     update();
 }
 
 void PictureBox::setButton(Picture normal, Picture hovered, Picture pressed, const QString &glyph)
 {
-    m_pictures = {normal, hovered, pressed, pressed};
-    m_pixmaps = {};
+    m_pictures = {KeptPicture(normal), KeptPicture(hovered), KeptPicture(pressed), KeptPicture(pressed)};
     m_glyph = glyph;
     makeButton(true);
 }
 
 void PictureBox::setOnPicture(Picture on)
 {
-    m_pictures.back() = on;
-    m_pixmaps.back().reset();
+    m_pictures.back() = KeptPicture(on);
 }
 
 QImage PictureBox::image() const
 {
-    return m_pictures[0] == Picture::Count ? QImage() : pictureImage(m_pictures[0]);
+    return m_pictures.front().which() == Picture::Count ? QImage() : pictureImage(m_pictures.front().which());
 }
 
 void PictureBox::setShape(const QRegion &region)
@@ -78,13 +74,9 @@ PictureBox::Look PictureBox::look() const
 
 const QPixmap &PictureBox::pixmap(Look look)
 {
-    const auto which = static_cast<std::size_t>(look);
-    std::optional<QPixmap> &kept = m_pixmaps.at(which);
-    if (m_pictures.at(which) == Picture::Count)
-        kept = QPixmap();
-    else
-        keepPicture(kept, m_pictures.at(which), devicePixelRatioF());
-    return *kept;
+    KeptPicture &kept = m_pictures.at(static_cast<std::size_t>(look));
+    kept.keep(devicePixelRatioF());
+    return kept.pixmap();
 }
 
 void PictureBox::paintEvent(QPaintEvent *)
@@ -94,7 +86,7 @@ void PictureBox::paintEvent(QPaintEvent *)
         painter.drawPixmap(nearestPixel(painter), shown);
     else if (isButton()) {
         paintButtonFace(painter, rect(), isPressed() || isOn() ? ButtonLook::Pressed : ButtonLook::Normal);
-        painter.setPen(QColor::fromRgb(palette::warmWhite));
+        painter.setPen(skinColour(Colour::warmWhite));
         painter.drawText(rect(), Qt::AlignCenter, m_glyph);
     }
     if (hasFocus())

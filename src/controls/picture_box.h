@@ -6,7 +6,7 @@
 #include "controls/control.h"
 #include "controls/pictures.h"
 
-#include <optional>
+#include <array>
 
 class PictureBox : public Pressable
 {
@@ -41,7 +41,6 @@ private:
     const QPixmap &pixmap(Look look);
     Look look() const;
 
-    std::array<Picture, 4> m_pictures = {Picture::Count, Picture::Count, Picture::Count, Picture::Count};
-    std::array<std::optional<QPixmap>, 4> m_pixmaps;
+    std::array<KeptPicture, 4> m_pictures; // Normal, hovered, pressed, on.
     QString m_glyph;
 };

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/pictures.h"
 
-#include "platform/desktop.h"
+#include "controls/skin.h"
+#include "skins/places.h"
 
+#include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
 
 #include <array>
 
@@ -13,63 +17,183 @@ namespace
 {
 struct PictureFile {
     const char *name;
-    const char *ending;
+    const char *format; // And ending.
+    QSize size;         // In logical pixels.
 };
 
+constexpr QSize roundKey = places::Mp3Frm::bStop.size();
+constexpr QSize playKey = places::Mp3Frm::bPlay.size();
+constexpr QSize reel = places::ToolBar::Picture2.size();
+
 constexpr std::array<PictureFile, static_cast<std::size_t>(Picture::Count)> files = {{
-    {"Splash", ".jpg"},        {"Mp3Frm", ".jpg"},        {"Playlist", ".jpg"},      {"SongSearch", ".jpg"},
-    {"TagEdit", ".jpg"},       {"FormatMp3", ".jpg"},     {"ToolBar", ".jpg"},       {"frmOptions", ".jpg"},
-    {"About", ".jpg"},         {"frmNoTag", ".jpg"},      {"bPlay", ".png"},         {"bPlay-hover", ".png"},
-    {"bPlay-pressed", ".png"}, {"bPause", ".png"},        {"bPause-hover", ".png"},  {"bPause-pressed", ".png"},
-    {"bPause-on", ".png"},     {"bStop", ".png"},         {"bStop-hover", ".png"},   {"bStop-pressed", ".png"},
-    {"bPrev", ".png"},         {"bPrev-hover", ".png"},   {"bPrev-pressed", ".png"}, {"bNext", ".png"},
-    {"bNext-hover", ".png"},   {"bNext-pressed", ".png"}, {"Picture3-0", ".png"},    {"Picture3-1", ".png"},
-    {"Picture3-2", ".png"},    {"icon-16", ".png"},       {"icon-22", ".png"},       {"icon-32", ".png"},
-    {"icon-48", ".png"},
+    {"Splash", "jpg", places::Splash::window},
+    {"Mp3Frm", "jpg", places::Mp3Frm::window},
+    {"Playlist", "jpg", places::Playlist::window},
+    {"SongSearch", "jpg", places::SongSearch::window},
+    {"TagEdit", "jpg", places::TagEdit::window},
+    {"FormatMp3", "jpg", places::FormatMp3::window},
+    {"ToolBar", "jpg", places::ToolBar::window},
+    {"frmOptions", "jpg", places::frmOptions::window},
+    {"About", "jpg", places::About::window},
+    {"frmNoTag", "jpg", places::TagEdit::frmNoTag.size()},
+    {"bPlay", "png", playKey},
+    {"bPlay-hover", "png", playKey},
+    {"bPlay-pressed", "png", playKey},
+    {"bPause", "png", roundKey},
+    {"bPause-hover", "png", roundKey},
+    {"bPause-pressed", "png", roundKey},
+    {"bPause-on", "png", roundKey},
+    {"bStop", "png", roundKey},
+    {"bStop-hover", "png", roundKey},
+    {"bStop-pressed", "png", roundKey},
+    {"bPrev", "png", roundKey},
+    {"bPrev-hover", "png", roundKey},
+    {"bPrev-pressed", "png", roundKey},
+    {"bNext", "png", roundKey},
+    {"bNext-hover", "png", roundKey},
+    {"bNext-pressed", "png", roundKey},
+    {"Picture3-0", "png", reel},
+    {"Picture3-1", "png", reel},
+    {"Picture3-2", "png", reel},
+    {"icon-16", "png", {16, 16}},
+    {"icon-22", "png", {22, 22}},
+    {"icon-32", "png", {32, 32}},
+    {"icon-48", "png", {48, 48}},
 }};
 static_assert(files.back().name != nullptr, "every picture needs a file");
 
-// The decoder fills what a cut JPEG lacks with grey and calls it a picture. A whole one has an end mark.
-bool isWhole(const QByteArray &bytes, const PictureFile &file)
-{
-    return QByteArrayView(file.ending) != QByteArrayView(".jpg") || bytes.endsWith("\xFF\xD9");
-}
-
-QImage load(const PictureFile &file, const QString &scale)
-{
-    QFile source(skinsFolder() + u'/' + QLatin1StringView(file.name) + scale + QLatin1StringView(file.ending));
-    if (!source.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray bytes = source.readAll();
-    return isWhole(bytes, file) ? QImage::fromData(bytes) : QImage();
-}
+constexpr qint64 longestPicture = qint64(1) << 23;
 
 const PictureFile &fileOf(Picture which)
 {
     return files.at(static_cast<std::size_t>(which));
+}
+
+// A picture and how many of its pixels are a logical one; null where there is none.
+struct Drawing {
+    QImage image;
+    int density = 1;
+};
+
+// The folder of the skin that each picture was found in, or is to be looked for from.
+struct Finds {
+    std::array<qsizetype, files.size()> folders = {};
+    int skin = 0;
+};
+
+qsizetype &folderOf(Picture which)
+{
+    static Finds finds;
+    if (finds.skin != skinNumber())
+        finds = {{}, skinNumber()};
+    return finds.folders.at(static_cast<std::size_t>(which));
+}
+
+QString nameOf(const PictureFile &file, int density)
+{
+    const QString sharper = density == 2 ? u"@2x"_s : QString();
+    return QLatin1StringView(file.name) + sharper + u'.' + QLatin1StringView(file.format);
+}
+
+QString inPixels(QSize size)
+{
+    return u"%1 x %2"_s.arg(size.width()).arg(size.height());
+}
+
+// The decoder fills what a cut JPEG lacks with grey and calls it a picture. A whole one has an end mark.
+bool isWhole(const QByteArray &bytes, const PictureFile &file)
+{
+    return QByteArrayView(file.format) != QByteArrayView("jpg") || bytes.endsWith("\xFF\xD9");
+}
+
+// What the bytes show. Its size is known before anything is decoded: no picture is too large for the memory.
+QImage decode(QByteArray bytes, const PictureFile &file, QSize wanted, QString &fault)
+{
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, file.format);
+    reader.setAutoDetectImageFormat(false);
+    const QSize size = reader.size();
+    if (size.isValid() && size != wanted) {
+        fault = u"is %1 pixels instead of %2"_s.arg(inPixels(size), inPixels(wanted));
+        return {};
+    }
+    QImage image;
+    if (!size.isValid() || !isWhole(bytes, file) || !reader.read(&image))
+        fault = u"is damaged"_s;
+    return fault.isEmpty() ? image : QImage();
+}
+
+Drawing load(const QString &folder, const PictureFile &file, int density)
+{
+    const QString name = nameOf(file, density);
+    const QFileInfo entry(folder + u'/' + name);
+    QFile source(entry.filePath());
+    QString fault;
+    if (!entry.exists())
+        return {};
+    Drawing drawing{{}, density};
+    if (!entry.isFile() || entry.size() > longestPicture || !source.open(QIODevice::ReadOnly))
+        fault = u"is no picture file that can be read"_s;
+    else
+        drawing.image = decode(source.read(longestPicture), file, file.size * density, fault);
+    if (!fault.isEmpty())
+        complain(currentSkin().title, u"%1 %2; it is not shown"_s.arg(name, fault));
+    return drawing;
+}
+
+// The wanted density before the other one, but before everything the first folder that has either.
+Drawing find(Picture which, int density)
+{
+    const QStringList &folders = currentSkin().folders;
+    for (qsizetype &at = folderOf(which); at < folders.size(); ++at) {
+        for (const int tried : {density, 3 - density}) {
+            if (Drawing drawing = load(folders[at], fileOf(which), tried); !drawing.image.isNull())
+                return drawing;
+        }
+    }
+    return {};
+}
+
+QImage scaled(const Drawing &drawing, qreal density)
+{
+    if (drawing.image.isNull() || density == drawing.density)
+        return drawing.image;
+    const QSizeF size = QSizeF(drawing.image.size()) * density / drawing.density;
+    return drawing.image.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 } // namespace
 
 // Scaled once here, and well, rather than at each painting.
 QPixmap picture(Picture which, qreal devicePixelRatio)
 {
-    QImage image = devicePixelRatio > 1 ? load(fileOf(which), u"@2x"_s) : QImage();
-    const qreal scale = image.isNull() ? devicePixelRatio : devicePixelRatio / 2;
-    if (image.isNull())
-        image = pictureImage(which);
-    if (scale != 1 && !image.isNull())
-        image = image.scaled((QSizeF(image.size()) * scale).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage image = scaled(find(which, devicePixelRatio > 1 ? 2 : 1), devicePixelRatio);
     image.setDevicePixelRatio(devicePixelRatio);
     return QPixmap::fromImage(image);
 }
 
-void keepPicture(std::optional<QPixmap> &kept, Picture which, qreal devicePixelRatio)
-{
-    if (!kept || (!kept->isNull() && kept->devicePixelRatio() != devicePixelRatio))
-        kept = picture(which, devicePixelRatio);
-}
-
 QImage pictureImage(Picture which)
 {
-    return load(fileOf(which), {});
+    return scaled(find(which, 1), 1);
+}
+
+void refusePicture(Picture which, const QString &why)
+{
+    complain(currentSkin().title, u"%1 %2; it is not shown"_s.arg(nameOf(fileOf(which), 1), why));
+    ++folderOf(which);
+}
+
+bool KeptPicture::keep(qreal devicePixelRatio)
+{
+    const bool isDue =
+        m_skin != skinNumber() || m_density == 0 || (m_density != devicePixelRatio && !m_pixmap.isNull());
+    if (isDue)
+        make(devicePixelRatio);
+    return isDue;
+}
+
+void KeptPicture::make(qreal devicePixelRatio)
+{
+    m_pixmap = m_which == Picture::Count ? QPixmap() : picture(m_which, devicePixelRatio);
+    m_density = devicePixelRatio;
+    m_skin = skinNumber();
 }

@@ -5,8 +5,6 @@
 #include <QImage>
 #include <QPixmap>
 
-#include <optional>
-
 enum class Picture {
     SplashSkin,
     Mp3FrmSkin,
@@ -44,12 +42,41 @@ enum class Picture {
     Count
 };
 
-/// A picture of just so many pixels a logical one, made from the sharper form where the screen is dense. Null when the
-/// file is missing or damaged: the caller shows plain controls then.
+/// A picture of just so many pixels a logical one, of the first folder of the skin that has it, made from the sharper
+/// form where the screen is dense. What is damaged or has another size than it should is complained of and passed over.
+/// Null when no folder has it: the caller shows plain controls then.
 QPixmap picture(Picture which, qreal devicePixelRatio = 1);
-
-/// Keeps a picture in what it is painted from: made when first asked for, and anew for a screen of another density.
-void keepPicture(std::optional<QPixmap> &kept, Picture which, qreal devicePixelRatio);
 
 /// The picture at one pixel a logical one, to compute with. Null as above.
 QImage pictureImage(Picture which);
+
+/// Passes over the picture that is shown now, for as long as this skin is worn: the next folder's takes its place.
+void refusePicture(Picture which, const QString &why);
+
+/// A picture kept in what it is painted from: made when first asked for, and anew for a screen of another density or
+/// another skin.
+class KeptPicture
+{
+public:
+    explicit KeptPicture(Picture which = Picture::Count) : m_which(which) {}
+
+    Picture which() const { return m_which; }
+
+    /// Makes it where that is due. True when it is another one than before.
+    bool keep(qreal devicePixelRatio);
+
+    /// Makes it anew, whatever it was.
+    void make(qreal devicePixelRatio);
+
+    /// Has it been made, be it that there is none?
+    bool isMade() const { return m_density != 0; }
+
+    /// As it was made last; null where there is none.
+    const QPixmap &pixmap() const { return m_pixmap; }
+
+private:
+    Picture m_which;
+    QPixmap m_pixmap;
+    qreal m_density = 0; // 0: never made.
+    int m_skin = 0;
+};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/row_mark.h"
 
-#include "skins/palette.h"
+#include "controls/skin.h"
 
 #include <QPainter>
 
@@ -10,7 +10,7 @@ void paintRowMark(QPainter &painter, const QRect &row, RowMark mark, bool isChos
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgb(isChosen ? palette::selectionText : palette::accentLight));
+    painter.setBrush(skinColour(isChosen ? Colour::selectionText : Colour::accentLight));
     painter.translate(row.left() + 3, QRectF(row).center().y());
     if (mark == RowMark::Playing)
         painter.drawPolygon(QPolygonF{{0, -4}, {6.5, 0}, {0, 4}});

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/row_view.h"
 
-#include "skins/palette.h"
+#include "controls/skin.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -135,7 +135,7 @@ void RowView::paintGapMark(QPainter &painter) const
     constexpr int endHeight = 6;
     const int middle = std::max((m_markedGap - firstRow()) * rowHeight(), thickness / 2);
     const QRect line(0, middle - thickness / 2, viewport()->width(), thickness);
-    const QColor colour = QColor::fromRgb(palette::focusRing);
+    const QColor colour = skinColour(Colour::focusRing);
     painter.fillRect(line, colour);
     for (const int x : {line.left(), line.right() - thickness + 1})
         painter.fillRect(x, middle - endHeight / 2, thickness, endHeight, colour);

@@ -3,7 +3,7 @@
 
 #include "controls/list_box.h"
 #include "controls/scroll_bars.h"
-#include "skins/palette.h"
+#include "controls/skin.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -18,14 +18,9 @@ constexpr int rowAir = 4;    // Between the rows of a list.
 constexpr int ringRoom = 2;  // Around a list.
 constexpr int markRoom = 11; // Before the texts of a list with marks.
 
-QColor colour(QRgb value)
+QColor lit(Colour which, int percent)
 {
-    return QColor::fromRgb(value);
-}
-
-QColor lit(QRgb value, int percent)
-{
-    return colour(value).lighter(percent);
+    return skinColour(which).lighter(percent);
 }
 
 // A knob of brushed metal: lit from the top left, the accent across its middle.
@@ -36,16 +31,16 @@ void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider 
     const bool across = option.orientation == Qt::Horizontal;
     const QRectF knob =
         QRectF(across ? place.adjusted(0, 1, 0, -1) : place.adjusted(1, 0, -1, 0)).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(colour(palette::ink));
-    painter.setBrush(isDragged ? lit(palette::thumbFace, 115) : colour(palette::thumbFace));
+    painter.setPen(skinColour(Colour::ink));
+    painter.setBrush(isDragged ? lit(Colour::thumbFace, 115) : skinColour(Colour::thumbFace));
     painter.drawRoundedRect(knob, 2, 2);
-    painter.setPen(colour(palette::thumbLight));
+    painter.setPen(skinColour(Colour::thumbLight));
     painter.drawPolyline(QPolygonF{knob.bottomLeft() + QPointF(1, -2), knob.topLeft() + QPointF(1, 1),
                                    knob.topRight() + QPointF(-2, 1)});
-    painter.setPen(colour(palette::thumbShade));
+    painter.setPen(skinColour(Colour::thumbShade));
     painter.drawPolyline(QPolygonF{knob.bottomLeft() + QPointF(2, -1), knob.bottomRight() + QPointF(-1, -1),
                                    knob.topRight() + QPointF(-1, 2)});
-    painter.setPen(QPen(colour(palette::accent), 2));
+    painter.setPen(QPen(skinColour(Colour::accent), 2));
     const QPointF middle = knob.center();
     if (across)
         painter.drawLine(QPointF(middle.x(), knob.top() + 2), QPointF(middle.x(), knob.bottom() - 2));
@@ -57,7 +52,7 @@ void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider 
 void paintListThumb(QPainter &painter, const QRect &place)
 {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(colour(palette::faceLight));
+    painter.setBrush(skinColour(Colour::faceLight));
     painter.drawRoundedRect(place.adjusted(3, 2, -3, -2), 3, 3);
 }
 
@@ -86,7 +81,7 @@ void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSl
     painter.setRenderHint(QPainter::Antialiasing);
     if (!isSlider(widget)) { // A slider's groove is on the skin.
         painter.setPen(Qt::NoPen);
-        painter.setBrush(colour(palette::wellBackground));
+        painter.setBrush(skinColour(Colour::wellBackground));
         painter.drawRoundedRect(option.rect, 3, 3);
     }
     if (option.state & QStyle::State_HasFocus)
@@ -132,7 +127,7 @@ QRect grooveAfter(const QStyleOptionSlider &option, const QRect &thumb)
 
 void paintTick(QPainter &painter, const QRectF &r)
 {
-    painter.setPen(QPen(colour(palette::warmWhite), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(skinColour(Colour::warmWhite), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{
         {r.left() + 3.5, r.center().y()}, {r.center().x() - 1, r.bottom() - 3.5}, {r.right() - 2.5, r.top() + 3.5}});
 }
@@ -142,9 +137,9 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option)
     const bool checked = option.state & QStyle::State_On;
     const bool hovered = option.state & QStyle::State_MouseOver;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(option.state & QStyle::State_HasFocus ? colour(palette::focusRing)
-                                                         : lit(palette::graphiteLight, hovered ? 180 : 140));
-    painter.setBrush(checked ? colour(palette::accent) : colour(palette::wellBackground));
+    painter.setPen(option.state & QStyle::State_HasFocus ? skinColour(Colour::focusRing)
+                                                         : lit(Colour::graphiteLight, hovered ? 180 : 140));
+    painter.setBrush(checked ? skinColour(Colour::accent) : skinColour(Colour::wellBackground));
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(box, 2, 2);
     if (checked)
@@ -159,10 +154,10 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
     const bool pressed = look == ButtonLook::Pressed;
     QLinearGradient light(place.topLeft(), place.bottomLeft());
     const int strength = look == ButtonLook::Hovered ? 130 : 110;
-    light.setColorAt(pressed ? 1 : 0, lit(palette::face, strength));
-    light.setColorAt(pressed ? 0 : 1, colour(palette::face).darker(pressed ? 150 : 115));
+    light.setColorAt(pressed ? 1 : 0, lit(Colour::face, strength));
+    light.setColorAt(pressed ? 0 : 1, skinColour(Colour::face).darker(pressed ? 150 : 115));
     painter.setBrush(light);
-    painter.setPen(colour(palette::ink));
+    painter.setPen(skinColour(Colour::ink));
     const QRectF face = QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(face, 3, 3);
     if (!pressed) { // The lit edge.
@@ -177,7 +172,7 @@ void paintFocusRing(QPainter &painter, const QRect &place, Ring ring)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const double width = ring == Ring::Thin ? 1 : 2;
-    painter.setPen(QPen(colour(palette::focusRing), width));
+    painter.setPen(QPen(skinColour(Colour::focusRing), width));
     painter.setBrush(Qt::NoBrush);
     const QRectF middle = QRectF(place).adjusted(width / 2, width / 2, -width / 2, -width / 2);
     if (ring == Ring::Round)
@@ -191,21 +186,21 @@ SkinStyle::SkinStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
 void SkinStyle::polish(QPalette &colours)
 {
-    colours.setColor(QPalette::Window, colour(palette::graphite));
-    colours.setColor(QPalette::WindowText, colour(palette::caption));
-    colours.setColor(QPalette::Base, colour(palette::listBackground));
-    colours.setColor(QPalette::AlternateBase, colour(palette::listBackground));
-    colours.setColor(QPalette::Text, colour(palette::listText));
-    colours.setColor(QPalette::PlaceholderText, colour(palette::captionDim));
-    colours.setColor(QPalette::Button, colour(palette::face));
-    colours.setColor(QPalette::ButtonText, colour(palette::caption));
-    colours.setColor(QPalette::BrightText, colour(palette::warmWhite));
-    colours.setColor(QPalette::Highlight, colour(palette::selection));
-    colours.setColor(QPalette::HighlightedText, colour(palette::selectionText));
-    colours.setColor(QPalette::ToolTipBase, colour(palette::graphiteDark));
-    colours.setColor(QPalette::ToolTipText, colour(palette::warmWhite));
-    colours.setColor(QPalette::Link, lit(palette::accent, 160));
-    QColor dim = colour(palette::captionDim);
+    colours.setColor(QPalette::Window, skinColour(Colour::graphite));
+    colours.setColor(QPalette::WindowText, skinColour(Colour::caption));
+    colours.setColor(QPalette::Base, skinColour(Colour::listBackground));
+    colours.setColor(QPalette::AlternateBase, skinColour(Colour::listBackground));
+    colours.setColor(QPalette::Text, skinColour(Colour::listText));
+    colours.setColor(QPalette::PlaceholderText, skinColour(Colour::captionDim));
+    colours.setColor(QPalette::Button, skinColour(Colour::face));
+    colours.setColor(QPalette::ButtonText, skinColour(Colour::caption));
+    colours.setColor(QPalette::BrightText, skinColour(Colour::warmWhite));
+    colours.setColor(QPalette::Highlight, skinColour(Colour::selection));
+    colours.setColor(QPalette::HighlightedText, skinColour(Colour::selectionText));
+    colours.setColor(QPalette::ToolTipBase, skinColour(Colour::graphiteDark));
+    colours.setColor(QPalette::ToolTipText, skinColour(Colour::warmWhite));
+    colours.setColor(QPalette::Link, lit(Colour::accent, 160));
+    QColor dim = skinColour(Colour::captionDim);
     dim.setAlphaF(0.5F);
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         colours.setColor(QPalette::Disabled, role, dim);
@@ -231,8 +226,8 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     case PE_PanelMenu:
     case PE_FrameMenu:
         painter->save();
-        painter->setPen(lit(palette::graphiteLight, 140));
-        painter->setBrush(element == PE_PanelMenu ? QBrush(colour(palette::graphite)) : QBrush(Qt::NoBrush));
+        painter->setPen(lit(Colour::graphiteLight, 140));
+        painter->setBrush(element == PE_PanelMenu ? QBrush(skinColour(Colour::graphite)) : QBrush(Qt::NoBrush));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         painter->restore(); // The items are painted with it too.
         return;

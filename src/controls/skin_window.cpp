@@ -3,8 +3,9 @@
 
 #include "base/window_place.h"
 #include "controls/list_box.h"
+#include "controls/readable.h"
+#include "controls/skin.h"
 #include "platform/x11_windows.h"
-#include "skins/palette.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -22,11 +23,15 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-void paintPlainPanel(QPainter &painter, const QRect &part, const QRect &window)
+void paintPlainPanel(QPainter &painter, const QRect &part, const QWidget &window, const QPoint &offset)
 {
-    painter.fillRect(part, QColor::fromRgb(palette::graphite));
-    painter.setPen(QColor::fromRgb(palette::graphiteLight));
-    painter.drawRect(window.adjusted(0, 0, -1, -1));
+    painter.fillRect(part, skinColour(Colour::graphite));
+    painter.save();
+    painter.translate(-offset);
+    paintGrounds(painter, window);
+    painter.setPen(skinColour(Colour::graphiteLight));
+    painter.drawRect(window.rect().adjusted(0, 0, -1, -1));
+    painter.restore();
 }
 
 // Where the window system has the window's corner, whatever Qt believes.
@@ -43,7 +48,7 @@ QPointer<SkinWindow> &lastActiveWindow()
 } // namespace
 
 SkinWindow::SkinWindow(const QString &name, const QString &caption, Picture skin, QSize size)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), m_skin(skin)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), m_skin(skin), m_background(skin)
 {
     setObjectName(name);
     setWindowTitle(caption);
@@ -54,7 +59,7 @@ SkinWindow::SkinWindow(const QString &name, const QString &caption, Picture skin
 QColor SkinWindow::skinColourAt(const QPoint &place) const
 {
     const QImage skin = pictureImage(m_skin);
-    return skin.valid(place) ? skin.pixelColor(place) : QColor::fromRgb(palette::graphite);
+    return skin.valid(place) ? skin.pixelColor(place) : skinColour(Colour::graphite);
 }
 
 void SkinWindow::DragBySkin(const QMouseEvent &event)
@@ -85,7 +90,7 @@ void SkinWindow::setVisible(bool visible)
 
 void SkinWindow::paintEvent(QPaintEvent *event)
 {
-    keepPicture(m_background, m_skin, devicePixelRatioF());
+    keepReadable(m_background, *this);
     QPainter painter(this);
     paintSkin(painter, event->rect(), {});
     if (std::exchange(m_comesUp, false) && windowOpacity() < 1)
@@ -108,12 +113,13 @@ void SkinWindow::keepOpacity()
 
 void SkinWindow::paintSkin(QPainter &painter, const QRect &part, const QPoint &offset) const
 {
-    if (!m_background)
+    const QPixmap &background = m_background.pixmap();
+    if (!m_background.isMade())
         return;
-    if (m_background->deviceIndependentSize().toSize() == size()) // Pixel on pixel, whatever the scale.
-        painter.drawPixmap(-offset, *m_background);
+    if (background.deviceIndependentSize().toSize() == size()) // Pixel on pixel, whatever the scale.
+        painter.drawPixmap(-offset, background);
     else
-        paintPlainPanel(painter, part, rect().translated(-offset));
+        paintPlainPanel(painter, part, *this, offset);
 }
 
 void SkinWindow::keyPressEvent(QKeyEvent *event)
@@ -203,7 +209,9 @@ void SkinWindow::hideEvent(QHideEvent *)
 void SkinWindow::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange)
+    if (event->type() == QEvent::StyleChange)
+        skinChanged();
+    else if (event->type() == QEvent::WindowStateChange)
         noteSeen();
     else if (event->type() == QEvent::ActivationChange && isActiveWindow())
         lastActiveWindow() = this;

@@ -38,6 +38,9 @@ public:
     /// The skin's pixel at a place in logical pixels; the plain panel's colour without a skin.
     QColor skinColourAt(const QPoint &place) const;
 
+    /// Another skin is worn: for what is not simply painted anew.
+    virtual void skinChanged() {}
+
     /// Paints a part of the skin, given in the coordinates of a control at offset in the window. Nothing before the
     /// window itself has been painted.
     void paintSkin(QPainter &painter, const QRect &part, const QPoint &offset) const;
@@ -81,8 +84,8 @@ private:
     void goToNextWindow() const;
 
     Picture m_skin;
-    std::optional<QPixmap> m_background; // Loaded at the first paint, for the screen it is painted on.
-    QPointer<QWidget> m_lastFocus;       // Where the focus was when the window was hidden.
+    KeptPicture m_background;      // Loaded at the first paint, for the screen it is painted on.
+    QPointer<QWidget> m_lastFocus; // Where the focus was when the window was hidden.
     std::optional<Grip> m_grip;
     bool m_seen = false;
     bool m_painted = false;

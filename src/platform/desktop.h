@@ -14,8 +14,12 @@ QString runtimeFolder();
 QString cacheFolder();
 void makeCacheFolder();
 
-/// The folder that holds the skins: $KIV_MP3_SKINS, beside the program's data when installed, else the source tree's.
+/// The folder of the skins that come with the player, one folder each: beside the program's data when installed, else
+/// the source tree's.
 QString skinsFolder();
+
+/// The folder of the pictures of the skin that all others are based on: $KIV_MP3_SKINS, else the one among those.
+QString firstSkinFolder();
 
 /// The folder of the songs that come with the player, found like the skins; "" when they are not there.
 QString demoSongsFolder();

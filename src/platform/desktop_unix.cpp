@@ -52,7 +52,7 @@ QByteArray quoted(const QByteArray &command)
 
 QByteArray iconFile()
 {
-    const QString file = skinsFolder() + u"/icon-128.png"_s;
+    const QString file = firstSkinFolder() + u"/icon-128.png"_s;
     return QFile::exists(file) ? QFile::encodeName(file) : QByteArray();
 }
 
@@ -91,8 +91,13 @@ void makeCacheFolder()
 
 QString skinsFolder()
 {
+    return ownFolder(u"skins"_s);
+}
+
+QString firstSkinFolder()
+{
     const QString chosen = qEnvironmentVariable("KIV_MP3_SKINS");
-    return chosen.isEmpty() ? ownFolder(u"skins"_s) : chosen;
+    return chosen.isEmpty() ? skinsFolder() + u"/graphite"_s : chosen;
 }
 
 QString demoSongsFolder()

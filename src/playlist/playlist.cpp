@@ -7,6 +7,7 @@
 #include "base/texts.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
+#include "controls/skin.h"
 #include "mp3info/quick_header.h"
 #include "platform/files.h"
 #include "playback/player.h"
@@ -14,7 +15,6 @@
 #include "playlist/list_file.h"
 #include "playlist/play_times.h"
 #include "settings/settings_store.h"
-#include "skins/palette.h"
 #include "skins/places.h"
 
 #include <QKeyEvent>
@@ -50,7 +50,7 @@ Playlist::Playlist(const SongFolder &songs, Player &player)
     List2.setFocusPolicy(Qt::NoFocus);
     List2.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Label1.setAlignment(Qt::AlignCenter);
-    Label1.setColour(QColor::fromRgb(palette::displayText));
+    Label1.setColour(Colour::displayText);
     showStatus();
     connectHandlers();
     connectDrops();

@@ -2,11 +2,11 @@
 // The settings file through the INI rules; the whole file is read and replaced at each call, it is a few lines long.
 #include "settings/settings_store.h"
 
+#include "base/ini_file.h"
 #include "platform/ansi_text.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/folders.h"
-#include "settings/ini_file.h"
 
 #include <array>
 

@@ -5,13 +5,13 @@
 
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
+#include "controls/skin.h"
 #include "platform/desktop.h"
 #include "platform/drives.h"
 #include "settings/frm_options.h"
 #include "settings/settings_store.h"
 #include "settings/window_effects.h"
 #include "settings/window_rules.h"
-#include "skins/palette.h"
 #include "skins/places.h"
 
 #include <QDir>
@@ -97,7 +97,7 @@ void ToolBar::prepareForFirstLook()
     for (Label *label : {&Label2, &Label1, &Label3})
         label->setFont(fonts::font(fonts::Face::Arial, barCaptionPixels));
     Label1.setAlignment(Qt::AlignCenter);
-    Label1.setColour(QColor::fromRgb(palette::displayText));
+    Label1.setColour(Colour::displayText);
     File1.setFocusPolicy(Qt::TabFocus);
     Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
 }

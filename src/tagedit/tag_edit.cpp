@@ -7,10 +7,10 @@
 #include "base/window_place.h"
 #include "controls/fonts.h"
 #include "controls/msg_box.h"
+#include "controls/skin.h"
 #include "mp3info/mp3_info.h"
 #include "platform/folders.h"
 #include "playback/player.h"
-#include "skins/palette.h"
 #include "skins/places.h"
 #include "tagedit/editor_genres.h"
 #include "tagedit/tag_block.h"
@@ -99,7 +99,7 @@ void TagEdit::setUpAppearance()
     for (TextBox *box : {&Title, &Artist, &Album, &Year, &Comment})
         box->setFont(fonts::font(fonts::Face::Arial, 12));
     for (Label *caption : {&labTitle, &labArtist, &labAlbum, &labYear, &labGenre, &labComent})
-        caption->setColour(QColor::fromRgb(palette::captionDim));
+        caption->setColour(Colour::captionDim);
     for (Label *message : {&labNoTag, &labNoMPEG})
         message->setAlignment(Qt::AlignCenter);
     Caption.setFont(fonts::font(fonts::Face::SmallFonts, 12, QFont::Bold));

@@ -12,8 +12,8 @@
 #include "controls/scroll_bars.h"
 #include "controls/skin_style.h"
 #include "controls/skin_window.h"
+#include "controls/wear_skin.h"
 #include "platform/desktop.h"
-#include "skins/palette.h"
 #include "skins/places.h"
 #include "support/test_files.h"
 
@@ -315,7 +315,9 @@ private Q_SLOTS:
         SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {400, 40});
         Label label(&window, at({0, 0, 400, 40}), title);
         label.setMarquee();
-        label.setColour(Qt::green);
+        Skin green = firstSkin();
+        green.colours.at(static_cast<std::size_t>(Colour::caption)) = qRgb(0, 255, 0);
+        wearSkin(green);
         const auto ink = [&window](const QRect &part) {
             const QImage shown = window.grab(part).toImage();
             int lit = 0;
@@ -335,6 +337,7 @@ private Q_SLOTS:
             QVERIFY(turn == title.size() || window.grab().toImage() != start);
         }
         QCOMPARE(ink(label.rect()), whole);
+        wearSkin(firstSkin());
     }
 
     void aMenuShowsMarksAndClosesAfterItsCommand()
@@ -432,15 +435,16 @@ private Q_SLOTS:
 
     void aWindowWithoutItsPictureIsPlain()
     {
-        const QColor plain = QColor::fromRgb(palette::graphite);
+        const QColor plain = skinColour(Colour::graphite);
         const TestFolder skins;
-        QFile whole(skinsFolder() + u"/Splash.jpg"_s);
+        QFile whole(firstSkinFolder() + u"/Splash.jpg"_s);
         QVERIFY(whole.open(QIODevice::ReadOnly));
         const QByteArray picture = whole.readAll();
         qputenv("KIV_MP3_SKINS", QFile::encodeName(skins.hostPath()));
         for (const auto &[bytes, isPlain] :
              {std::pair(QByteArray(), true), {picture.first(9000), true}, {picture, false}}) {
             skins.makeFile(u"Splash.jpg"_s, bytes);
+            wearSkin(firstSkin());
             SkinWindow window(u"Splash"_s, u"Window"_s, Picture::SplashSkin, {420, 200});
             QCOMPARE(window.grab().toImage().pixelColor(300, 20) == plain, isPlain);
             QCOMPARE(window.skinColourAt({300, 20}) == plain, isPlain);
@@ -450,6 +454,7 @@ private Q_SLOTS:
         SkinWindow missing(u"Other"_s, u"Window"_s, Picture::PlaylistSkin, {100, 100});
         QCOMPARE(missing.grab().toImage().pixelColor(50, 50), plain);
         qunsetenv("KIV_MP3_SKINS");
+        wearSkin(firstSkin());
     }
 
     void aWindowIsDraggedByItsSkin()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Texts that people, other programs and crashes leave behind: what is read is kept by the next save, and every name and
 // path leads back to the bytes it came from.
+#include "base/ini_file.h"
 #include "filetools/tidy_names.h"
 #include "fuzz/targets.h"
 #include "platform/ansi_text.h"
@@ -8,7 +9,6 @@
 #include "platform/file_names.h"
 #include "playlist/list_file.h"
 #include "playlist/play_times.h"
-#include "settings/ini_file.h"
 
 #include <QDir>
 

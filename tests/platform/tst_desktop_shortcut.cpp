@@ -36,7 +36,8 @@ private Q_SLOTS:
         QVERIFY(createDesktopShortcut(desktop.path(), u"KiV Mp3"_s, AppFilePath()));
         const QString file = desktop.hostPath() + u"/KiV Mp3.desktop"_s;
         QVERIFY(QFileInfo(file).isExecutable());
-        QVERIFY(desktop.bytesOf(u"KiV Mp3.desktop"_s).contains("\nIcon=" + skinsFolder().toUtf8() + "/icon-128.png\n"));
+        QVERIFY(
+            desktop.bytesOf(u"KiV Mp3.desktop"_s).contains("\nIcon=" + firstSkinFolder().toUtf8() + "/icon-128.png\n"));
         const QString validator = QStandardPaths::findExecutable(u"desktop-file-validate"_s);
         if (validator.isEmpty())
             QSKIP("desktop-file-validate is not installed");

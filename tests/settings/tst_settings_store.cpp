@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file: odd texts that people and crashes leave behind, and what a write may never touch.
+#include "base/ini_file.h"
 #include "platform/files.h"
 #include "platform/folders.h"
-#include "settings/ini_file.h"
 #include "settings/settings_store.h"
 #include "support/crash_points.h"
 #include "support/test_files.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // INI texts, read line by line without copying: a line ends with CR LF, LF or CR alone.
-#include "settings/ini_file.h"
+#include "base/ini_file.h"
 
 #include "base/texts.h"
 
@@ -129,6 +129,25 @@ QString iniValue(QStringView text, QStringView section, QStringView key)
     const QStringView content = text.sliced(line->start, line->end - line->start);
     const QStringView value = trimmed(content.sliced(content.indexOf(u'=') + 1));
     return withoutQuotes(untilNul(value)).left(longestIniValue).toString();
+}
+
+QStringList iniKeys(QStringView text, QStringView section)
+{
+    QStringList keys;
+    bool isInside = false;
+    bool isOver = false;
+    for (Line line; line.start < text.size() && !isOver; line.start = line.next) {
+        line = lineAt(text, line.start);
+        const QStringView content = trimmed(text.sliced(line.start, line.end - line.start));
+        const qsizetype equals = content.indexOf(u'=');
+        if (const auto name = nameInBrackets(content)) {
+            isOver = isInside;
+            isInside = name->compare(section, Qt::CaseInsensitive) == 0;
+        } else if (isInside && equals > 0 && !content.startsWith(u';')) {
+            keys += trimmed(content.first(equals)).toString();
+        }
+    }
+    return keys;
 }
 
 QString withIniValue(const QString &text, QStringView section, QStringView key, const QString &value)

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/skin.h"
+
+#include "platform/desktop.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct Wardrobe {
+    Skin worn = firstSkin();
+    int number = 0;
+    QSet<QString> faults; // Those told since the skin was put on.
+};
+
+Wardrobe &wardrobe()
+{
+    static Wardrobe only;
+    return only;
+}
+} // namespace
+
+Skin firstSkin()
+{
+    Skin skin{u"graphite"_s, u"Graphite"_s, {firstSkinFolder()}, {}, {}};
+    for (std::size_t i = 0; i < palette::entries.size(); ++i)
+        skin.colours.at(i) = palette::entries.at(i).value;
+    return skin;
+}
+
+const Skin &currentSkin()
+{
+    return wardrobe().worn;
+}
+
+int skinNumber()
+{
+    return wardrobe().number;
+}
+
+QColor skinColour(Colour which)
+{
+    return QColor::fromRgba(wardrobe().worn.colours.at(static_cast<std::size_t>(which)));
+}
+
+void setCurrentSkin(const Skin &skin)
+{
+    wardrobe().worn = skin;
+    ++wardrobe().number;
+    wardrobe().faults.clear();
+}
+
+void complain(const QString &skin, const QString &fault)
+{
+    const QString text = u"skin \"%1\": %2"_s.arg(skin, fault);
+    if (wardrobe().faults.contains(text))
+        return;
+    wardrobe().faults += text;
+    qWarning("%s", qUtf8Printable(text));
+}
