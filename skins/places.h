@@ -116,6 +116,8 @@ inline constexpr QRect Check1{40, 40, 121, 17};
 inline constexpr QRect Check2{40, 64, 121, 17};
 inline constexpr QRect Check3{40, 88, 193, 17};
 inline constexpr QRect Check4{40, 112, 193, 17};
+inline constexpr QRect lblSkin{264, 44, 56, 18};
+inline constexpr QRect cboSkin{327, 42, 130, 22};
 inline constexpr QRect Label1{32, 144, 425, 25};
 } // namespace places::frmOptions
 
