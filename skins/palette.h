@@ -34,6 +34,7 @@ enum class Colour {
     displayBackground,
     displayText,
     displayDim,
+    accentText,
     Count
 };
 
@@ -72,5 +73,6 @@ inline constexpr std::array<Entry, static_cast<std::size_t>(Colour::Count)> entr
     {"displayBackground", qRgb(18, 11, 9)},
     {"displayText", qRgb(255, 226, 182)},
     {"displayDim", qRgb(168, 146, 122)},
+    {"accentText", qRgb(244, 234, 216)},
 }};
 } // namespace palette

@@ -1,0 +1,82 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""How well a skin's texts stand out from their grounds: pairs of its colours, and its colours on its rendered pictures.
+
+The ratio is that of relative luminances, 1 to 21. A place says in its master what is written on it (data-text="caption").
+The captions of keys that cannot be pressed are left out.
+"""
+import subprocess
+from functools import cache
+
+from skin import HERE, luminance
+
+RING = 3  # For the keyboard's focus, which is no text.
+PAIRS = [
+    ("caption", "graphite"), ("captionDim", "graphite"), ("caption", "face"), ("caption", "faceLight"),
+    ("warmWhite", "graphiteDark"), ("accentText", "accent"), ("listText", "listBackground"),
+    ("listText", "wellBackground"), ("selectionText", "selection"), ("displayText", "displayBackground"),
+    ("displayDim", "displayBackground"), ("focusRing", "listBackground"), ("focusRing", "graphite"),
+]
+# The size of drawn lettering and how wide a letter is about, with the space after it.
+LETTERING = {"title": (11, 10), "brand": (17, 10), "legend": (10, 8), "word": (11, 6)}
+
+cached_luminance = cache(luminance)
+
+
+def ratio(text, ground):
+    """The contrast of two luminances."""
+    return (max(text, ground) + 0.05) / (min(text, ground) + 0.05)
+
+
+def of_colours(skin):
+    """[(ratio, least, what)] for the pairs of a skin's colours."""
+    return [(ratio(luminance(skin.colours[text]), luminance(skin.colours[ground])),
+             RING if text == "focusRing" else skin.contrast, f"{text} on {ground}") for text, ground in PAIRS]
+
+
+class Picture:
+    """The pixels of a picture."""
+
+    def __init__(self, path, convert):
+        size = subprocess.run([convert, str(path), "-format", "%w", "info:"], check=True, capture_output=True)
+        self.width = int(size.stdout)
+        self.pixels = subprocess.run([convert, str(path), "-depth", "8", "rgb:-"], check=True,
+                                     capture_output=True).stdout
+
+    def contrast(self, colour, place):
+        """How a text stands out from a place: the lesser of that from its mean and that which all but a tenth exceed."""
+        x, y, width, height = place
+        grounds = []
+        for row in range(y, y + height):
+            line = self.pixels[(row * self.width + x) * 3:(row * self.width + x + width) * 3]
+            grounds += [cached_luminance(tuple(line[at:at + 3])) for at in range(0, len(line), 3)]
+        text = luminance(colour)
+        ratios = sorted(ratio(text, ground) for ground in grounds)
+        return min(ratio(text, sum(grounds) / len(grounds)), ratios[len(ratios) // 10])
+
+
+def of_places(skin, window, places, picture):
+    """The same for what the program writes on the places of a window: places is [(name, colour's name, place)]."""
+    return [(picture.contrast(skin.colours[text], place), skin.contrast, f"{text} on {window} {name}")
+            for name, text, place in places]
+
+
+def lettering(root):
+    """The lettering that a master draws itself, as places: [(text, colour's name, place)]."""
+    found = []
+    for text in root.iter("{http://www.w3.org/2000/svg}text"):
+        look, colour = text.get("class").split()
+        size, step = LETTERING[look]
+        width = len(text.text) * step
+        end = {"end": width, None: 0}.get(text.get("text-anchor"), 0) if look != "word" else width // 2
+        found.append((f'"{text.text}"', colour, (int(text.get("x")) - end, int(text.get("y")) - size, width, size + 2)))
+    return found
+
+
+def report(skin, measured):
+    """Prints the worst of them, and all that are too low; tells whether there is none."""
+    low = [entry for entry in measured if entry[0] < entry[1]]
+    for found, least, what in low:
+        print(f"{skin.name}: {what} has a contrast of {found:.2f}, less than {least:g}")
+    found, least, what = min(measured, key=lambda entry: entry[0] / entry[1])
+    print(f"{skin.name:12} {what:40} {found:6.2f} of {least:g}")
+    return not low
