@@ -9,6 +9,7 @@ from functools import cache
 
 from skin import HERE, luminance
 
+RIM = 3  # The edge of a key or frame, which no text comes near.
 RING = 3  # For the keyboard's focus, which is no text.
 PAIRS = [
     ("caption", "graphite"), ("captionDim", "graphite"), ("caption", "face"), ("caption", "faceLight"),
@@ -56,8 +57,8 @@ class Picture:
 
 def of_places(skin, window, places, picture):
     """The same for what the program writes on the places of a window: places is [(name, colour's name, place)]."""
-    return [(picture.contrast(skin.colours[text], place), skin.contrast, f"{text} on {window} {name}")
-            for name, text, place in places]
+    return [(picture.contrast(skin.colours[text], (x + RIM, y + RIM, width - 2 * RIM, height - 2 * RIM)), skin.contrast,
+             f"{text} on {window} {name}") for name, text, (x, y, width, height) in places]
 
 
 def lettering(root):
@@ -68,7 +69,8 @@ def lettering(root):
         size, step = LETTERING[look]
         width = len(text.text) * step
         end = {"end": width, None: 0}.get(text.get("text-anchor"), 0) if look != "word" else width // 2
-        found.append((f'"{text.text}"', colour, (int(text.get("x")) - end, int(text.get("y")) - size, width, size + 2)))
+        left, top = int(text.get("x")) - end - RIM, int(text.get("y")) - size - RIM
+        found.append((f'"{text.text}"', colour, (left, top, width + 2 * RIM, size + 2 + 2 * RIM)))
     return found
 
 

@@ -22,6 +22,8 @@ SHADES = {
     "disc-lit": ("thumbFace", "thumbLight", 0.39),  # The reel, from the lamp to the shade.
     "disc-middle": ("thumbShade", "thumbFace", 0.22),
     "disc-dark": ("thumbShade", "ink", 0.4),
+    "steel": ("thumbFace", "thumbLight", 0.42),  # A plate of brushed metal.
+    "steel-lit": ("thumbFace", "thumbLight", 0.72),
     "tape-light": ("displayDim", "accentDark", 0.25),  # On the way to tape-brown.
     "tape-brown": ("tape-light", "ink", 0.33),
 }
