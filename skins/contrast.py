@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """How well a skin's texts stand out from their grounds: pairs of its colours, and its colours on its rendered pictures.
 
-The ratio is that of relative luminances, 1 to 21. A place says in its master what is written on it (data-text="caption").
+The ratio is that of relative luminances, 1 to 21. A place says in its master what is written on it, such as
+data-text="caption".
 The captions of keys that cannot be pressed are left out.
 """
 import subprocess
@@ -10,12 +11,14 @@ from functools import cache
 from skin import HERE, luminance
 
 RIM = 3  # The edge of a key or frame, which no text comes near.
-RING = 3  # For the keyboard's focus, which is no text.
+SIGN = 3  # The least for the ring of the keyboard's focus and the sign of the song that plays, which are no text.
+SIGNS = ["focusRing", "accentLight"]
 PAIRS = [
     ("caption", "graphite"), ("captionDim", "graphite"), ("caption", "face"), ("caption", "faceLight"),
     ("warmWhite", "graphiteDark"), ("accentText", "accent"), ("listText", "listBackground"),
     ("listText", "wellBackground"), ("selectionText", "selection"), ("displayText", "displayBackground"),
     ("displayDim", "displayBackground"), ("focusRing", "listBackground"), ("focusRing", "graphite"),
+    ("accentLight", "listBackground"),
 ]
 # The size of drawn lettering and how wide a letter is about, with the space after it.
 LETTERING = {"title": (11, 10), "brand": (17, 10), "legend": (10, 8), "word": (11, 6)}
@@ -31,7 +34,7 @@ def ratio(text, ground):
 def of_colours(skin):
     """[(ratio, least, what)] for the pairs of a skin's colours."""
     return [(ratio(luminance(skin.colours[text]), luminance(skin.colours[ground])),
-             RING if text == "focusRing" else skin.contrast, f"{text} on {ground}") for text, ground in PAIRS]
+             SIGN if text in SIGNS else skin.contrast, f"{text} on {ground}") for text, ground in PAIRS]
 
 
 class Picture:
@@ -44,7 +47,7 @@ class Picture:
                                      capture_output=True).stdout
 
     def contrast(self, colour, place):
-        """How a text stands out from a place: the lesser of that from its mean and that which all but a tenth exceed."""
+        """How a text stands out from a place: from its mean, or from its worst tenth where that is less."""
         x, y, width, height = place
         grounds = []
         for row in range(y, y + height):
@@ -57,15 +60,20 @@ class Picture:
 
 def of_places(skin, window, places, picture):
     """The same for what the program writes on the places of a window: places is [(name, colour's name, place)]."""
-    return [(picture.contrast(skin.colours[text], (x + RIM, y + RIM, width - 2 * RIM, height - 2 * RIM)), skin.contrast,
-             f"{text} on {window} {name}") for name, text, (x, y, width, height) in places]
+    found = []
+    for name, text, (x, y, width, height) in places:
+        inside = x + RIM, y + RIM, width - 2 * RIM, height - 2 * RIM
+        found.append((picture.contrast(skin.colours[text], inside), skin.contrast, f"{text} on {window} {name}"))
+    return found
 
 
 def lettering(root):
     """The lettering that a master draws itself, as places: [(text, colour's name, place)]."""
     found = []
     for text in root.iter("{http://www.w3.org/2000/svg}text"):
-        look, colour = text.get("class").split()
+        look, _, colour = text.get("class", "").partition(" ")
+        if look not in LETTERING or not text.text:
+            continue  # Drawn by a skin for itself.
         size, step = LETTERING[look]
         width = len(text.text) * step
         end = {"end": width, None: 0}.get(text.get("text-anchor"), 0) if look != "word" else width // 2

@@ -42,11 +42,18 @@ class Skin:
             for colour, value in section.items():
                 if not COLOUR.fullmatch(value):
                     sys.exit(f"{part}/skin.ini: {colour}={value} is no colour such as #af0000")
+                if part != HERE / FIRST and colour not in self.colours:
+                    sys.exit(f"{part}/skin.ini: there is no colour named {colour}")
             self.colours |= dict(section)
-        self.contrast = float(self.setting("Contrast", "4.5"))
+        self.contrast = self.least_contrast()
 
-    def setting(self, key, otherwise):
-        return read_ini(self.folder)["Skin"].get(key, otherwise)
+    def least_contrast(self):
+        """The least that a text must stand out from its ground: what the skin says, or the nearest it is based on."""
+        said = [read_ini(part)["Skin"].get("Contrast") for part in reversed(self.chain)]
+        value = next((entry for entry in said if entry), "4.5")
+        if not re.fullmatch(r"\d+(\.\d+)?", value):
+            sys.exit(f"{self.folder}/skin.ini: Contrast={value} is no number such as 4.5")
+        return float(value)
 
     def shade(self, name):
         """A colour by its name, or the shade of that name, as #rrggbb."""
@@ -80,6 +87,8 @@ def chain(folder):
     found = [folder]
     while found[0] != HERE / FIRST:
         base = read_ini(found[0])["Skin"].get("BasedOn", FIRST)
+        if "/" in base or base.startswith("."):
+            sys.exit(f"{found[0]}/skin.ini: BasedOn={base} is no name of a folder")
         places = [place / base for place in (found[0].parent, HERE) if (place / base / "skin.ini").is_file()]
         if not places:
             sys.exit(f"{found[0]}/skin.ini: there is no skin {base} to be based on")
