@@ -10,6 +10,7 @@
 #include "platform/processes.h"
 #include "platform/terminal.h"
 #include "playback/engine_choice.h"
+#include "settings/skin_store.h"
 
 #include <QApplication>
 #include <QFile>
@@ -75,9 +76,15 @@ int main(int argc, char *argv[])
     QApplication::setFont(fonts::font(fonts::Face::Arial, 13));
     installAccessibility();
 
+    const QString skin = QFile::decodeName(options.skin);
+    if (!skin.isEmpty() && !findSkin(skin)) {
+        printError("there is no skin \"" + options.skin + "\"; kiv-mp3 --skins lists them");
+        return WrongUse;
+    }
+
     EngineChoice engine;
     engine.deferUntilShown();
-    Program program(engine);
+    Program program(engine, skin);
     QObject::connect(&program.mainWindow(), &SkinWindow::firstPainted, &engine, &EngineChoice::release);
     if (!(isService ? program.startByBus() : program.start(options.file ? commandLineText(*options.file) : QString())))
         return Fine;

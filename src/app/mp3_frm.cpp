@@ -168,10 +168,16 @@ void Mp3Frm::connectLists()
         });
 }
 
-void Mp3Frm::Load()
+// The keys are cut to their pictures.
+void Mp3Frm::skinChanged()
 {
     for (PictureBox *button : {&bPrev, &bPlay, &bPause, &bStop, &bNext})
         ShapeFromPicture(*button);
+}
+
+void Mp3Frm::Load()
+{
+    skinChanged();
     Label7.setCaption({});
     if (settingsAreMissing())
         firstStart();

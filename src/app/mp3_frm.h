@@ -90,6 +90,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void skinChanged() override;
 
 private:
     void setUpLooks();

@@ -4,6 +4,7 @@
 #include "app/splash.h"
 #include "base/names.h"
 #include "controls/skin_window.h"
+#include "controls/wear_skin.h"
 #include "platform/drives.h"
 #include "platform/shell_files.h"
 #include "platform/x11_windows.h"
@@ -23,11 +24,19 @@ constexpr int playListOverlapTwips = 30;
 constexpr int searchCornerTwips = 15;
 constexpr int partingPauses = 2;
 constexpr int partingPauseMs = 100;
+
+// The first skin is worn by itself.
+bool dress(const QString &wanted)
+{
+    if (const Skin skin = skinAtStart(wanted); skin.name != currentSkin().name)
+        wearSkin(skin);
+    return true;
+}
 } // namespace
 
-Program::Program(MediaEngine &engine)
-    : m_mp3Frm(engine, m_songMenu, m_options), m_toolBar(m_mp3Frm.File1, m_options),
-      m_tagEdit(m_mp3Frm.player(), m_mp3Frm.songs()),
+Program::Program(MediaEngine &engine, const QString &skin)
+    : m_isDressed(!m_instance.isPreviousRunning() && dress(skin)), m_mp3Frm(engine, m_songMenu, m_options),
+      m_toolBar(m_mp3Frm.File1, m_options), m_tagEdit(m_mp3Frm.player(), m_mp3Frm.songs()),
       m_formatMp3(m_mp3Frm.player(), m_mp3Frm.songs(), m_mp3Frm.Info, m_tagEdit),
       m_playlist(m_mp3Frm.songs(), m_mp3Frm.player()), m_songSearch(m_mp3Frm.File1, m_mp3Frm.player()),
       m_menus(this, {m_songMenu, m_mp3Frm.songs(), m_mp3Frm.player(), m_formatMp3,
@@ -68,6 +77,8 @@ void Program::connectMainWindow()
 void Program::connectOtherWindows()
 {
     connect(&m_options, &frmOptions::translucencyApplied, this, &Program::applyTranslucency);
+    connect(&m_options, &frmOptions::skinPicked, this, &Program::wear,
+            Qt::QueuedConnection); // Its list is closed then.
     connect(&m_toolBar, &ToolBar::folderConfirmed, &m_mp3Frm.songs(), &SongList::rebuildDisplayCopy);
     connect(&m_playlist, &Playlist::menuRequested, &m_menus, &Menus::openPlayListMenu);
     connect(&m_formatMp3, &FormatMp3::done, &m_mp3Frm, &Mp3Frm::bringBack);
@@ -206,6 +217,16 @@ void Program::applyTranslucency(bool on)
 {
     for (QWidget *window : std::initializer_list<QWidget *>{&m_mp3Frm, &m_toolBar, &m_formatMp3, &m_playlist, &m_about})
         MakeTranslucent(*window, asFlag(on));
+}
+
+void Program::wear(const QString &skin)
+{
+    const auto place = findSkin(skin);
+    if (!place)
+        return;
+    wearSkin(readSkin(*place));
+    m_trayPicture = {};
+    m_trayIcon.renewIcon();
 }
 
 // Shows a window in front of the main one, around the same middle, wholly on the screen where it fits.

@@ -23,8 +23,8 @@ class Program : public QObject
     Q_OBJECT
 
 public:
-    /// Builds and loads every window; nothing is shown yet.
-    explicit Program(MediaEngine &engine);
+    /// Builds and loads every window; nothing is shown yet. They wear that skin, or without a name the chosen one.
+    explicit Program(MediaEngine &engine, const QString &skin = {});
 
     /// The start: a song of the command line plays at once, else the splash runs; then the main window is shown. False
     /// when another player runs already and this one is to end, unseen.
@@ -51,6 +51,7 @@ private:
     void addPickedSong(const QString &name);
     void chooseFolder();
     void applyTranslucency(bool on);
+    void wear(const QString &skin);
     void showOverMain(SkinWindow &window);
     void openNameTools();
     void togglePlayList();
@@ -65,6 +66,7 @@ private:
     void leave();
 
     SingleInstance m_instance;
+    bool m_isDressed; // Before any window is built.
     SongMenu m_songMenu;
     frmOptions m_options;
     Mp3Frm m_mp3Frm;

@@ -3,10 +3,15 @@
 
 #include "app/version.h"
 #include "platform/terminal.h"
+#include "settings/skin_store.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
 #include <string_view>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -18,6 +23,8 @@ constexpr char help[] =
     "\n"
     "  -h, --help     show this help\n"
     "  -v, --version  show the version\n"
+    "      --skin S   wear the skin S this time: its name, or its folder\n"
+    "      --skins    list the skins\n"
     "      --service  wait for the session bus to say what to play; for its service file\n"
     "  --             what follows is a file, even if its name begins with \"-\"\n"
     "\n"
@@ -63,11 +70,34 @@ void refuse(StartOptions &options, const QByteArray &why)
         options.refusal = why;
 }
 
+void takeSkin(StartOptions &options, const QByteArray &skin)
+{
+    if (skin.isEmpty())
+        refuse(options, "--skin needs the name of a skin or its folder; kiv-mp3 --skins lists the skins");
+    options.skin = skin;
+}
+
 void takeFile(StartOptions &options, const QByteArray &file)
 {
     if (options.file)
         refuse(options, "there is one FILE at most; a name with blanks needs quotation marks");
     options.file = file;
+}
+
+// A line a skin, the chosen one marked.
+QString listOfSkins()
+{
+    char name[] = "kiv-mp3";
+    std::array<char *, 2> arguments = {name, nullptr};
+    int count = 1;
+    const QCoreApplication application(count, arguments.data()); // Knows where the program's own files are.
+    const QString chosen = chosenSkin().isEmpty() ? firstSkin().name : chosenSkin();
+    QString list;
+    for (const SkinPlace &skin : skinsThere()) {
+        const QChar mark = skin.name == chosen ? u'*' : u' ';
+        list += u"%1 %2 %3  %4\n"_s.arg(mark).arg(skin.name, -20).arg(skin.title, -20).arg(skin.folder);
+    }
+    return list;
 }
 } // namespace
 
@@ -84,9 +114,15 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
         else if (argument == "--")
             onlyFiles = true;
         else if (argument == "--help" || argument == "-h")
-            return {Action::ShowHelp, {}, {}, {}};
+            return {Action::ShowHelp, {}, {}, {}, {}};
         else if (argument == "--version" || argument == "-v")
-            return {Action::ShowVersion, {}, {}, {}};
+            return {Action::ShowVersion, {}, {}, {}, {}};
+        else if (argument == "--skins")
+            return {Action::ListSkins, {}, {}, {}, {}};
+        else if (argument == "--skin")
+            takeSkin(options, ++i < arguments.size() ? arguments[i] : "");
+        else if (argument.starts_with("--skin="))
+            takeSkin(options, arguments[i] + argument.find('=') + 1);
         else if (argument == "--service")
             options.action = options.action == Action::Refuse ? Action::Refuse : Action::Serve;
         else if (const std::size_t words = toolkitWords(argument); words > 0) {
@@ -108,6 +144,8 @@ int answerInTerminal(const StartOptions &options)
         return printAnswer(help);
     case StartOptions::Action::ShowVersion:
         return printAnswer("kiv-mp3 " + versionText().toUtf8() + '\n');
+    case StartOptions::Action::ListSkins:
+        return printAnswer(listOfSkins().toLocal8Bit());
     default:
         printError(options.refusal);
         return WrongUse;

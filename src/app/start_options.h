@@ -10,11 +10,19 @@
 #include <vector>
 
 struct StartOptions {
-    enum class Action { Play, Serve, ShowHelp, ShowVersion, Refuse }; // Serve: the session bus says what to play.
+    enum class Action {
+        Play,
+        Serve,
+        ShowHelp,
+        ShowVersion,
+        ListSkins,
+        Refuse
+    }; // Serve: the session bus says what to play.
 
     Action action = Action::Play;
     QByteArray refusal;             // Why, in one line.
     std::optional<QByteArray> file; // As the shell gave it.
+    QByteArray skin;                // The name or the folder of the skin for this run; "" for none.
     std::vector<char *> toolkit;    // What Qt is to see: the program's name and Qt's own options.
 };
 

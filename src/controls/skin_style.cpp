@@ -23,6 +23,14 @@ QColor lit(Colour which, int percent)
     return skinColour(which).lighter(percent);
 }
 
+// Lines and signs that are seen on every ground of a skin.
+QColor dim(float opacity)
+{
+    QColor colour = skinColour(Colour::captionDim);
+    colour.setAlphaF(opacity);
+    return colour;
+}
+
 // A knob of brushed metal: lit from the top left, the accent across its middle.
 void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider &option)
 {
@@ -52,7 +60,7 @@ void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider 
 void paintListThumb(QPainter &painter, const QRect &place)
 {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(skinColour(Colour::faceLight));
+    painter.setBrush(dim(0.5F));
     painter.drawRoundedRect(place.adjusted(3, 2, -3, -2), 3, 3);
 }
 
@@ -127,7 +135,7 @@ QRect grooveAfter(const QStyleOptionSlider &option, const QRect &thumb)
 
 void paintTick(QPainter &painter, const QRectF &r)
 {
-    painter.setPen(QPen(skinColour(Colour::warmWhite), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(skinColour(Colour::accentText), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{
         {r.left() + 3.5, r.center().y()}, {r.center().x() - 1, r.bottom() - 3.5}, {r.right() - 2.5, r.top() + 3.5}});
 }
@@ -137,8 +145,7 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option)
     const bool checked = option.state & QStyle::State_On;
     const bool hovered = option.state & QStyle::State_MouseOver;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(option.state & QStyle::State_HasFocus ? skinColour(Colour::focusRing)
-                                                         : lit(Colour::graphiteLight, hovered ? 180 : 140));
+    painter.setPen(option.state & QStyle::State_HasFocus ? skinColour(Colour::focusRing) : dim(hovered ? 0.8F : 0.5F));
     painter.setBrush(checked ? skinColour(Colour::accent) : skinColour(Colour::wellBackground));
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(box, 2, 2);
@@ -157,7 +164,7 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
     light.setColorAt(pressed ? 1 : 0, lit(Colour::face, strength));
     light.setColorAt(pressed ? 0 : 1, skinColour(Colour::face).darker(pressed ? 150 : 115));
     painter.setBrush(light);
-    painter.setPen(skinColour(Colour::ink));
+    painter.setPen(skinColour(Colour::thumbShade));
     const QRectF face = QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(face, 3, 3);
     if (!pressed) { // The lit edge.
@@ -200,10 +207,8 @@ void SkinStyle::polish(QPalette &colours)
     colours.setColor(QPalette::ToolTipBase, skinColour(Colour::graphiteDark));
     colours.setColor(QPalette::ToolTipText, skinColour(Colour::warmWhite));
     colours.setColor(QPalette::Link, lit(Colour::accent, 160));
-    QColor dim = skinColour(Colour::captionDim);
-    dim.setAlphaF(0.5F);
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        colours.setColor(QPalette::Disabled, role, dim);
+        colours.setColor(QPalette::Disabled, role, dim(0.5F));
 }
 
 void SkinStyle::polish(QWidget *widget)
@@ -226,7 +231,7 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     case PE_PanelMenu:
     case PE_FrameMenu:
         painter->save();
-        painter->setPen(lit(Colour::graphiteLight, 140));
+        painter->setPen(dim(0.5F));
         painter->setBrush(element == PE_PanelMenu ? QBrush(skinColour(Colour::graphite)) : QBrush(Qt::NoBrush));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         painter->restore(); // The items are painted with it too.

@@ -27,6 +27,7 @@ constexpr std::array pairs = {
     Pair{Colour::selectionText, Colour::selection},
     Pair{Colour::displayText, Colour::displayBackground},
     Pair{Colour::displayDim, Colour::displayBackground},
+    Pair{Colour::accentText, Colour::accent},
 };
 
 constexpr std::array<const char *, static_cast<std::size_t>(SkinFace::Count)> faceNames = {"Text", "Small", "Display",

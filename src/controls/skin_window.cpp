@@ -56,8 +56,9 @@ SkinWindow::SkinWindow(const QString &name, const QString &caption, Picture skin
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-QColor SkinWindow::skinColourAt(const QPoint &place) const
+QColor SkinWindow::skinColourAt(const QPoint &place)
 {
+    keepReadable(m_background, *this); // Pictures may be passed over.
     const QImage skin = pictureImage(m_skin);
     return skin.valid(place) ? skin.pixelColor(place) : skinColour(Colour::graphite);
 }

@@ -36,7 +36,7 @@ public:
     virtual ListBox *listWithMenu() { return nullptr; }
 
     /// The skin's pixel at a place in logical pixels; the plain panel's colour without a skin.
-    QColor skinColourAt(const QPoint &place) const;
+    QColor skinColourAt(const QPoint &place);
 
     /// Another skin is worn: for what is not simply painted anew.
     virtual void skinChanged() {}

@@ -56,6 +56,7 @@ FormatMp3::FormatMp3(Player &player, SongList &songs, Mp3Info &info, TagEdit &ta
         button->setButton(true);
         button->setFont(fonts::font(fonts::Face::SmallFonts, 11));
     }
+    Label1.setColour(Colour::accentText);
     Text1.setFont(fonts::font(fonts::Face::Arial, 13));
     File1.setRowTip([this](int row) { return File1.List(row) + u" is "_s + FileAttributeText(File1.filePath(row)); });
     connectHandlers();

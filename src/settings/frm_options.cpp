@@ -49,11 +49,14 @@ frmOptions::frmOptions()
       Check3(this, {u"Check3"_s, u"Browse for folder dialog"_s, places::frmOptions::Check3},
              u"Browse For Folder Dialog"_s),
       Check4(this, {u"Check4"_s, u"Link on desktop"_s, places::frmOptions::Check4}, u"Link On Desktop"_s),
+      lblSkin(this, {u"lblSkin"_s, u"Skin caption"_s, places::frmOptions::lblSkin}, u"Skin"_s),
+      cboSkin(this, {u"cboSkin"_s, u"Skin"_s, places::frmOptions::cboSkin}, {}),
       Label1(this, {u"Label1"_s, u"Save options"_s, places::frmOptions::Label1}, u"OK"_s)
 {
     Check1.setToolTip(u"The Translucent Effect Observed Only On Win 2000 and Above."_s);
     Check2.setToolTip(u"The Data Shown When Your Mouse Is Over A Song."_s);
     Check3.setToolTip(u"Different ways to locate your folder."_s);
+    lblSkin.setUntold();
     Label1.setButton(true);
     connectHandlers();
 }
@@ -64,6 +67,7 @@ void frmOptions::connectHandlers()
     connect(&Check1, &CheckBox::Click, this, &frmOptions::Check1_Click);
     connect(&Check2, &CheckBox::Click, this, &frmOptions::Check2_Click);
     connect(&Check4, &CheckBox::Click, this, &frmOptions::Check4_Click);
+    connect(&cboSkin, &QComboBox::activated, this, &frmOptions::cboSkin_Click);
     connect(&Label1, &Label::Click, this, &frmOptions::Label1_Click);
 }
 
@@ -101,15 +105,44 @@ void frmOptions::showEvent(QShowEvent *event)
 {
     Load();
     if (!std::exchange(m_coloured, true)) {
-        const QColor ground = skinColourAt({50, 50});
-        for (CheckBox *box : {&Check1, &Check2, &Check3, &Check4}) {
-            box->setBackColour(ground);
-            box->setFont(fonts::font(fonts::Face::ComicSansMs, optionCaptionPixels));
-        }
+        for (QWidget *captioned : std::initializer_list<QWidget *>{&Check1, &Check2, &Check3, &Check4, &lblSkin})
+            captioned->setFont(fonts::font(fonts::Face::ComicSansMs, optionCaptionPixels));
         Label1.setFont(fonts::font(fonts::Face::ComicSansMs, optionCaptionPixels, QFont::Bold));
+        takeColours();
     }
+    listSkins();
     SkinWindow::showEvent(event);
     Check1.setFocus();
+}
+
+void frmOptions::takeColours()
+{
+    const QColor ground = skinColourAt({50, 50});
+    for (CheckBox *box : {&Check1, &Check2, &Check3, &Check4})
+        box->setBackColour(ground);
+}
+
+void frmOptions::skinChanged()
+{
+    if (m_coloured)
+        takeColours();
+    if (isVisible())
+        listSkins();
+}
+
+// Read anew each time: the user may have put a folder there. A skin of this run alone is listed, too.
+void frmOptions::listSkins()
+{
+    const Skin &worn = currentSkin();
+    m_skins = skinsThere();
+    const auto isWorn = [&worn](const SkinPlace &skin) { return skin.folder == worn.folders.value(0); };
+    auto chosen = std::find_if(m_skins.begin(), m_skins.end(), isWorn);
+    if (chosen == m_skins.end())
+        chosen = m_skins.insert(m_skins.end(), {worn.name, worn.title, worn.folders.value(0)});
+    cboSkin.clear();
+    for (const SkinPlace &skin : std::as_const(m_skins))
+        cboSkin.addItem(skin.title);
+    cboSkin.setListIndex(static_cast<int>(chosen - m_skins.begin()));
 }
 
 // Enter is OK.
@@ -149,12 +182,21 @@ void frmOptions::Check4_Click()
     MsgBox::show(CreateDesktopLink(desktop + u'\\', u"KiV Mp3"_s, AppFilePath()), title);
 }
 
+// A skin: it is worn at once.
+void frmOptions::cboSkin_Click(int index)
+{
+    m_pickedSkin = m_skins.value(index).name;
+    Q_EMIT skinPicked(m_pickedSkin);
+}
+
 // OK: the flags are stored, the window closes, the other windows follow.
 void frmOptions::Label1_Click()
 {
     writeState(Check1, Setting::AlphaBlending);
     writeState(Check2, Setting::ToolTipData);
     writeState(Check3, Setting::Browse4Dialog);
+    if (!m_pickedSkin.isEmpty())
+        keepChosenSkin(m_pickedSkin);
     hide();
     ApplyTranslucencyToAll(Check1.State() == 1);
 }

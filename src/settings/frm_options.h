@@ -6,6 +6,7 @@
 #include "controls/fields.h"
 #include "controls/label.h"
 #include "controls/skin_window.h"
+#include "settings/skin_store.h"
 
 class frmOptions : public SkinWindow
 {
@@ -24,6 +25,9 @@ public:
     bool browseDialogChosen();
 
 Q_SIGNALS:
+    /// Another skin was picked by its name: it is to be worn at once.
+    void skinPicked(const QString &name);
+
     /// Check2 changed: the song list takes the hint, or loses its tool tip.
     void toolTipDataChanged(bool on);
 
@@ -33,23 +37,31 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void skinChanged() override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void connectHandlers();
+    void takeColours();
+    void listSkins();
     void ApplyTranslucencyToAll(bool on);
 
     void Check1_Click();
     void Check2_Click();
     void Check4_Click();
+    void cboSkin_Click(int index);
     void Label1_Click();
 
     CheckBox Check1; // The windows are translucent; this one shows it at once.
     CheckBox Check2; // Pointing at a song shows its data.
     CheckBox Check3; // The music folder is chosen in the desktop's picker.
     CheckBox Check4; // Puts a shortcut on the desktop; not stored, and unchecking takes nothing away.
-    Label Label1;    // OK: stores the flags, closes, applies translucency.
+    Label lblSkin;
+    ComboBox cboSkin; // The skins by their titles; the picked one is worn at once, and kept by OK.
+    Label Label1;     // OK: stores the flags, closes, applies translucency.
 
+    QList<SkinPlace> m_skins; // What cboSkin shows.
+    QString m_pickedSkin;     // By the user, since the player runs; "" as long as none is.
     bool m_loaded = false;
     bool m_coloured = false;
 };

@@ -98,6 +98,7 @@ void ToolBar::prepareForFirstLook()
         label->setFont(fonts::font(fonts::Face::Arial, barCaptionPixels));
     Label1.setAlignment(Qt::AlignCenter);
     Label1.setColour(Colour::displayText);
+    Label3.setColour(Colour::accentText);
     File1.setFocusPolicy(Qt::TabFocus);
     Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
 }

@@ -114,6 +114,12 @@ void TrayIcon::UpdateTrayIcon(QIcon &icon, const QString &tip)
         m_icon->setToolTip(m_tip);
 }
 
+void TrayIcon::renewIcon()
+{
+    if (m_icon)
+        m_icon->setIcon(playerIcon());
+}
+
 void TrayIcon::RemoveTrayIcon()
 {
     m_icon.reset();

@@ -36,6 +36,9 @@ public:
     /// nothing while the icon is away or the tip is the same.
     void UpdateTrayIcon(QIcon &icon, const QString &tip);
 
+    /// Shows the player's icon as the skin of now has it.
+    void renewIcon();
+
     /// Takes the icon away.
     void RemoveTrayIcon();
 

@@ -98,6 +98,8 @@ void TagEdit::setUpAppearance()
     }
     for (TextBox *box : {&Title, &Artist, &Album, &Year, &Comment})
         box->setFont(fonts::font(fonts::Face::Arial, 12));
+    for (Label *button : {&cmdAdd, &cmdSave})
+        button->setColour(Colour::accentText);
     for (Label *caption : {&labTitle, &labArtist, &labAlbum, &labYear, &labGenre, &labComent})
         caption->setColour(Colour::captionDim);
     for (Label *message : {&labNoTag, &labNoMPEG})

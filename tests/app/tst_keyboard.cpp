@@ -32,7 +32,7 @@ private Q_SLOTS:
         QTest::newRow("TagEdit") << u"Title Artist Album Year Genre Comment cmdRemove cmdCancel cmdSave"_s;
         QTest::newRow("Playlist") << u"List1 Picture1"_s;
         QTest::newRow("SongSearch") << u"Text1 List1 Label1"_s;
-        QTest::newRow("frmOptions") << u"Check1 Check2 Check3 Check4 Label1"_s;
+        QTest::newRow("frmOptions") << u"Check1 Check2 Check3 Check4 cboSkin Label1"_s;
         QTest::newRow("About") << u"cmdOk cmdProcesses"_s;
     }
 

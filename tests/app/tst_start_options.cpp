@@ -36,6 +36,10 @@ private Q_SLOTS:
         row("no service", "-x|--service", "refuse  ");
         row("toolkit", "-platform|--help|a|--style=x|-reverse|-icon",
             "play a -platform|--help|--style=x|-reverse|-icon");
+        row("skin", "--skin|dark red|a|--skin=b", "play a ");
+        row("no skin", "a|--skin", "refuse a ");
+        row("an empty skin", "--skin=|a", "refuse a ");
+        row("skins", "-x|--skins", "skins  ");
         row("nearly toolkit", "-styles=x", "refuse  ");
     }
 
@@ -50,11 +54,9 @@ private Q_SLOTS:
         const StartOptions options =
             readStartOptions(pointers, [](const QByteArray &name) { return name.contains("there"); });
         const QByteArrayList toolkit(options.toolkit.begin(), options.toolkit.end());
-        const std::map<Action, QByteArray> actions = {{Action::Play, "play"},
-                                                      {Action::Serve, "serve"},
-                                                      {Action::Refuse, "refuse"},
-                                                      {Action::ShowHelp, "help"},
-                                                      {Action::ShowVersion, "version"}};
+        const std::map<Action, QByteArray> actions = {{Action::Play, "play"},           {Action::Serve, "serve"},
+                                                      {Action::Refuse, "refuse"},       {Action::ShowHelp, "help"},
+                                                      {Action::ShowVersion, "version"}, {Action::ListSkins, "skins"}};
         QTEST(actions.at(options.action) + ' ' + options.file.value_or("") + ' ' + toolkit.mid(1).join('|'), "outcome");
     }
 };

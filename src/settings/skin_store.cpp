@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/skin_store.h"
+
+#include "controls/skin_text.h"
+#include "platform/ansi_text.h"
+#include "platform/desktop.h"
+#include "platform/drives.h"
+#include "platform/files.h"
+#include "platform/folders.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qint64 longestText = 1 << 16;
+constexpr qsizetype mostBases = 8;
+
+// The text of a skin's file; "" where it has none or it cannot be read, of which the skin's title is told.
+QString skinText(const QString &folder, const QString &title)
+{
+    const FileContents file = loadFile(programPath(folder + u'/' + skinFileName), longestText);
+    if (file.reading == Reading::Failed)
+        complain(title, u"%1 cannot be read"_s.arg(skinFileName));
+    return decodeTextFile(file.bytes);
+}
+
+SkinPlace placeOf(const QString &name, const QString &folder)
+{
+    const QString nameOfFolder = QFileInfo(folder).fileName();
+    const QString title = titleInText(skinText(folder, nameOfFolder));
+    return {name, title.isEmpty() ? nameOfFolder : title, folder};
+}
+
+QList<SkinPlace> skinsIn(const QString &folder)
+{
+    QList<SkinPlace> skins;
+    for (const QString &name : foldersIn(programPath(folder)).toStringList()) {
+        const QString skin = folder + u'/' + name;
+        if (QFileInfo(skin + u'/' + skinFileName).isFile())
+            skins += placeOf(name, skin);
+    }
+    const auto byTitle = [](const SkinPlace &a, const SkinPlace &b) {
+        return a.title.compare(b.title, Qt::CaseInsensitive) < 0;
+    };
+    std::sort(skins.begin(), skins.end(), byTitle);
+    return skins;
+}
+
+bool isFirst(const SkinPlace &place)
+{
+    return place.name == firstSkin().name;
+}
+
+std::optional<SkinPlace> skinNamed(const QList<SkinPlace> &skins, const QString &name)
+{
+    for (const auto part : {&SkinPlace::name, &SkinPlace::title}) {
+        for (const SkinPlace &skin : skins) {
+            if ((skin.*part).compare(name, Qt::CaseInsensitive) == 0)
+                return skin;
+        }
+    }
+    return std::nullopt;
+}
+
+// A skin and those it is based on, but for the first one. A circle ends where it closes.
+QList<SkinPlace> withBases(const SkinPlace &place)
+{
+    QList<SkinPlace> chain;
+    const QList<SkinPlace> skins = skinsThere();
+    for (std::optional<SkinPlace> at = place; at && !isFirst(*at);) {
+        chain += *at;
+        const QString base = baseInText(skinText(at->folder, at->title));
+        const QString title = at->title;
+        at = base.isEmpty() ? std::optional(SkinPlace(skins.value(0))) : skinNamed(skins, base);
+        if (!at || chain.size() > mostBases) {
+            complain(title, u"there is no skin \"%1\" to base it on"_s.arg(base));
+            break;
+        }
+    }
+    return chain;
+}
+} // namespace
+
+QList<SkinPlace> skinsThere()
+{
+    const Skin first = firstSkin();
+    QList<SkinPlace> skins = {{first.name, first.title, first.folders.value(0)}};
+    const QString users = QFile::decodeName(hostPath(paths::userSkins));
+    for (const SkinPlace &skin : skinsIn(skinsFolder()) + skinsIn(users)) {
+        const auto isIt = [&skin](const SkinPlace &known) {
+            return skin.name.compare(known.name, Qt::CaseInsensitive) == 0;
+        };
+        if (std::none_of(skins.begin(), skins.end(), isIt))
+            skins += skin;
+    }
+    return skins;
+}
+
+std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
+{
+    if (auto skin = skinNamed(skinsThere(), nameOrFolder))
+        return skin;
+    const QFileInfo folder(nameOrFolder);
+    if (nameOrFolder.isEmpty() || !folder.isDir())
+        return std::nullopt;
+    return placeOf(folder.absoluteFilePath(), folder.absoluteFilePath());
+}
+
+Skin readSkin(const SkinPlace &place)
+{
+    Skin skin = firstSkin();
+    const QList<SkinPlace> chain = withBases(place);
+    for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
+        const QString title = at->title;
+        readSkinText(skin, skinText(at->folder, title), [&](const QString &fault) { complain(title, fault); });
+        skin.folders.prepend(at->folder);
+    }
+    skin.name = place.name;
+    skin.title = place.title;
+    return skin;
+}
+
+Skin skinAtStart(const QString &wanted)
+{
+    const bool hasPictures = qEnvironmentVariableIsSet("KIV_MP3_SKINS");
+    const QString name = !wanted.isEmpty() ? wanted : hasPictures ? QString() : chosenSkin();
+    if (name.isEmpty())
+        return firstSkin();
+    const auto place = findSkin(name);
+    if (!place)
+        complain(name, u"it is not there any more"_s);
+    return place ? readSkin(*place) : firstSkin();
+}
+
+QString chosenSkin()
+{
+    return decodeTextFile(loadFile(paths::chosenSkinFile, longestText).bytes).trimmed();
+}
+
+void keepChosenSkin(const QString &name)
+{
+    makeDataFolder();
+    MakeFolder(paths::userSkins);
+    saveFile(paths::chosenSkinFile, encodeTextFile(name + u"\n"_s));
+}
