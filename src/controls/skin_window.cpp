@@ -210,9 +210,11 @@ void SkinWindow::hideEvent(QHideEvent *)
 void SkinWindow::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::StyleChange) {
+        if (isVisible())
+            keepReadable(m_background, *this); // A control that paints the skin itself may do so before the window.
         skinChanged();
-    else if (event->type() == QEvent::WindowStateChange)
+    } else if (event->type() == QEvent::WindowStateChange)
         noteSeen();
     else if (event->type() == QEvent::ActivationChange && isActiveWindow())
         lastActiveWindow() = this;

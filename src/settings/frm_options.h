@@ -52,11 +52,11 @@ private:
     void cboSkin_Click(int index);
     void Label1_Click();
 
-    CheckBox Check1; // The windows are translucent; this one shows it at once.
-    CheckBox Check2; // Pointing at a song shows its data.
-    CheckBox Check3; // The music folder is chosen in the desktop's picker.
-    CheckBox Check4; // Puts a shortcut on the desktop; not stored, and unchecking takes nothing away.
-    Label lblSkin;
+    CheckBox Check1;  // The windows are translucent; this one shows it at once.
+    CheckBox Check2;  // Pointing at a song shows its data.
+    CheckBox Check3;  // The music folder is chosen in the desktop's picker.
+    CheckBox Check4;  // Puts a shortcut on the desktop; not stored, and unchecking takes nothing away.
+    Label lblSkin;    // Names the drop-down beside it.
     ComboBox cboSkin; // The skins by their titles; the picked one is worn at once, and kept by OK.
     Label Label1;     // OK: stores the flags, closes, applies translucency.
 
