@@ -62,8 +62,6 @@ constexpr std::array<PictureFile, static_cast<std::size_t>(Picture::Count)> file
 }};
 static_assert(files.back().name != nullptr, "every picture needs a file");
 
-constexpr qint64 longestPicture = qint64(1) << 23;
-
 const PictureFile &fileOf(Picture which)
 {
     return files.at(static_cast<std::size_t>(which));
@@ -162,6 +160,14 @@ QImage scaled(const Drawing &drawing, qreal density)
     return drawing.image.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 } // namespace
+
+QStringList pictureFileNames()
+{
+    QStringList names;
+    for (const PictureFile &file : files)
+        names += {nameOf(file, 1), nameOf(file, 2)};
+    return names;
+}
 
 // Scaled once here, and well, rather than at each painting.
 QPixmap picture(Picture which, qreal devicePixelRatio)

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPixmap>
+#include <QStringList>
 
 enum class Picture {
     SplashSkin,
@@ -41,6 +42,12 @@ enum class Picture {
     Icon48,
     Count
 };
+
+/// A longer file is no picture of a skin.
+constexpr qint64 longestPicture = qint64(1) << 23;
+
+/// The names that the files of the pictures have in a skin's folder, in both densities.
+QStringList pictureFileNames();
 
 /// A picture of just so many pixels a logical one, of the first folder of the skin that has it, made from the sharper
 /// form where the screen is dense. What is damaged or has another size than it should is complained of and passed over.

@@ -20,6 +20,9 @@ QByteArray hostFolderOf(const QByteArray &path);
 Presence hostEntry(const QByteArray &path);
 bool hostEntryExists(const QByteArray &path);
 
+/// Is it a normal file? A link is none.
+bool isNormalEntry(const QByteArray &path);
+
 /// The names of all entries of a folder that begin so, "." and ".." too, unsorted; none of a missing folder, nothing
 /// when it cannot be read.
 std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder, QByteArrayView beginning = {});

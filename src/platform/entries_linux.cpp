@@ -100,6 +100,12 @@ bool hostEntryExists(const QByteArray &path)
     return hostEntry(path) == Presence::There;
 }
 
+bool isNormalEntry(const QByteArray &path)
+{
+    struct stat status = {};
+    return ::lstat(path.constData(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
 std::optional<QList<QByteArray>> hostEntries(const QByteArray &folder, QByteArrayView beginning)
 {
     QList<QByteArray> entries;

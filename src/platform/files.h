@@ -20,6 +20,9 @@ public:
     /// Nothing for a folder, a pipe, a missing file or a missing permission.
     static std::optional<ByteFile> open(const QString &path, Access access);
 
+    /// The same to read an entry of a folder: just this one, and not where it leads if it is a link.
+    static std::optional<ByteFile> openEntry(const QByteArray &hostPath);
+
     ByteFile(ByteFile &&other) noexcept;
     ByteFile &operator=(ByteFile &&other) noexcept;
     ByteFile(const ByteFile &) = delete;
@@ -47,6 +50,7 @@ public:
 
 private:
     explicit ByteFile(int handle, qint64 length);
+    static std::optional<ByteFile> ofNormalFile(int handle);
     qint64 writeSome(qint64 offset, QByteArrayView bytes);
 
     int m_handle;

@@ -22,6 +22,8 @@ bool isMissing(const QString &path)
     return place && hostEntry(*place) == Presence::Missing;
 }
 
+constexpr int always = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+
 // Opens as spelled first; only a miss pays for the search that ignores case, and only to read: what is changed is the
 // file that was named or none. Never blocks on a pipe or a device.
 int openHandle(const QString &path, int flags)
@@ -29,16 +31,25 @@ int openHandle(const QString &path, int flags)
     const QByteArray exact = hostPath(path);
     if (exact.isEmpty())
         return noHandle;
-    const int handle = ::open(exact.constData(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    const int handle = ::open(exact.constData(), flags | always);
     if (handle != noHandle || errno != ENOENT || flags != O_RDONLY)
         return handle;
-    return ::open(hostPathOnDisk(path).constData(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    return ::open(hostPathOnDisk(path).constData(), flags | always);
 }
 } // namespace
 
 std::optional<ByteFile> ByteFile::open(const QString &path, Access access)
 {
-    const int handle = openHandle(path, access == Access::Read ? O_RDONLY : O_RDWR);
+    return ofNormalFile(openHandle(path, access == Access::Read ? O_RDONLY : O_RDWR));
+}
+
+std::optional<ByteFile> ByteFile::openEntry(const QByteArray &hostPath)
+{
+    return ofNormalFile(::open(hostPath.constData(), O_RDONLY | O_NOFOLLOW | always));
+}
+
+std::optional<ByteFile> ByteFile::ofNormalFile(int handle)
+{
     if (handle == noHandle)
         return std::nullopt;
     struct stat status = {};

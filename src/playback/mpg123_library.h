@@ -2,7 +2,7 @@
 // The functions of libmpg123 that the player uses, without their prefix.
 #pragma once
 
-#include "playback/loaded_library.h"
+#include "platform/loaded_library.h"
 
 #include <memory>
 #include <mpg123.h>

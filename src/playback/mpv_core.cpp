@@ -4,7 +4,7 @@
 // libmpv's own threads call wake(), which only queues drain() on the user-interface thread.
 #include "playback/mpv_core.h"
 
-#include "playback/loaded_library.h"
+#include "platform/loaded_library.h"
 
 #include <QElapsedTimer>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // WAV songs, decoded by libsndfile; the only file that knows its header.
-#include "playback/loaded_library.h"
+#include "platform/loaded_library.h"
 #include "playback/song_decoder.h"
 
 #include <sndfile.h>
