@@ -40,6 +40,9 @@ public:
     /// way, those read from the right are mirrored. Not for a button.
     void setMarquee();
 
+    /// May its text be longer than its place?
+    bool mayBeTooLong() const { return m_elided || m_isMarquee; }
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
