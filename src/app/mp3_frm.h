@@ -61,7 +61,7 @@ public:
     Mp3Info Info;        // Tag and header data of a song, for whoever asks.
     Timer Timer1;        // Time text, position slider, volume slider; on while a song plays.
     Timer Timer4;        // Title and tray tip; on while a song plays.
-    DropTarget Drops;    // A song is to play, a folder becomes the music folder.
+    DropTarget Drops;    // A song is to play, a folder becomes the music folder, a skin is worn.
 
 Q_SIGNALS:
     /// Space on a song: whoever keeps the play list may add it.
@@ -69,6 +69,9 @@ Q_SIGNALS:
 
     /// A song was dropped on the window: it is to play, and its folder to be the music folder.
     void songDropped(const QString &path);
+
+    /// A skin was dropped on the window, as a folder or an archive: it is to be kept and worn.
+    void skinDropped(const QString &path);
 
     /// A right click or the menu key on a song: the song menu is wanted here.
     void songMenuRequested(const QPoint &place);

@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Skins by anybody: whatever a skin.ini says and whatever its pictures are, the player stays usable and tells in a line
+// what it does not show.
+#include "controls/fonts.h"
+#include "controls/label.h"
+#include "controls/skin_style.h"
+#include "controls/skin_text.h"
+#include "controls/skin_window.h"
+#include "controls/wear_skin.h"
+#include "platform/desktop.h"
+#include "settings/skin_store.h"
+#include "skins/places.h"
+#include "support/test_files.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QTest>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QRgb colourOf(const Skin &skin, Colour which)
+{
+    return skin.colours.at(static_cast<std::size_t>(which));
+}
+
+QByteArray shippedPicture(const QString &name)
+{
+    QFile file(firstSkinFolder() + u'/' + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The JPEG with another size in its header, which is all of it that is believed before it is decoded.
+QByteArray withSize(QByteArray jpeg, quint16 width, quint16 height)
+{
+    const qsizetype frame = jpeg.indexOf("\xFF\xC0");
+    const auto put = [&](qsizetype at, quint16 length) {
+        jpeg[frame + at] = static_cast<char>(length >> 8);
+        jpeg[frame + at + 1] = static_cast<char>(length & 0xFF);
+    };
+    put(5, height);
+    put(7, width);
+    return jpeg;
+}
+
+// The player's own place for skins, empty for each test.
+struct Home {
+    Home() : folder(QDir::tempPath())
+    {
+        qputenv("KIV_MP3_HOME", QFile::encodeName(folder.hostPath()));
+        wearSkin(firstSkin());
+    }
+    ~Home()
+    {
+        wearSkin(firstSkin());
+        qunsetenv("KIV_MP3_HOME");
+    }
+
+    // A file of a skin of the user's; the skin's folder is made with its first.
+    void add(const QString &skin, const QString &file, const QByteArray &bytes) const
+    {
+        folder.makeFolder(u"skins/"_s + skin);
+        folder.makeFile(u"skins/"_s + skin + u'/' + file, bytes);
+    }
+
+    static void wear(const QString &skin) { wearSkin(readSkin(*findSkin(skin))); }
+
+    TestFolder folder;
+};
+
+// A window with a text on its picture, and what stands in a corner of it.
+struct Window {
+    QRgb corner() { return window.grab().toImage().pixel(3, 40); }
+
+    SkinWindow window{u"SongSearch"_s, u"Window"_s, Picture::SongSearchSkin, places::SongSearch::window};
+    Label text{&window, {u"Label1"_s, u"A text"_s, places::SongSearch::Label1}, u"Close"_s};
+};
+} // namespace
+
+class SkinStoreTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setStyle(new SkinStyle); }
+
+    void coloursAreReadOrToldAndLeft_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("caption"); // As shown.
+        QTest::addColumn<QString>("fault");   // What it begins with, "" for none.
+        const auto row = [](const char *name, const char *text, const char *caption, const char *fault = "") {
+            QTest::newRow(name) << QByteArray(text) << QString::fromLatin1(caption) << QString::fromLatin1(fault);
+        };
+        row("a colour", "caption=#ffee00", "#ffee00");
+        row("in any case, with blanks", " CAPTION = #FFEE00 ", "#ffee00");
+        row("a comment", ";caption=#ffee00", "#f4ead8");
+        row("no colour", "caption=yellow", "#f4ead8", "caption=yellow is no colour");
+        row("too short", "caption=#fff", "#f4ead8", "caption=#fff is no colour");
+        row("a sign", "caption=#+fffee", "#f4ead8", "caption=#+fffee is no colour");
+        row("clear", "caption=#ffee0000", "#f4ead8", "caption=#ffee0000 is no colour");
+        row("a misspelt name", "captoin=#ffee00", "#f4ead8", "there is no colour named captoin");
+        row("on its own colour", "caption=#2c2e31", "#f4ead8", "caption=#2c2e31 can hardly be read on graphite");
+        row("just too near", "caption=#6e6e6e", "#f4ead8", "caption=#6e6e6e can hardly be read on face");
+        row("another ground", "graphite=#f4ead8\nface=#ffffff", "#000000", "caption=#f4ead8 can hardly be read");
+        row("grounds apart", "graphite=#ffffff\nface=#000000\ncaption=#ffffff", "#767676", "caption=#ffffff can");
+        row("a text of bytes", "caption=\xFF\xFE\x01", "#f4ead8", "caption=");
+    }
+
+    void coloursAreReadOrToldAndLeft()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, fault);
+        QStringList faults;
+        Skin skin = firstSkin();
+        readSkinText(skin, u"[Colours]\n"_s + QString::fromLatin1(text), [&](const QString &told) { faults += told; });
+        QTEST(QColor::fromRgb(colourOf(skin, Colour::caption)).name(), "caption");
+        QCOMPARE(faults.value(0).left(fault.size()), fault);
+        QCOMPARE(faults.isEmpty(), fault.isEmpty());
+        for (const Colour shown : {Colour::caption, Colour::captionDim})
+            QVERIFY(contrast(colourOf(skin, shown), colourOf(skin, Colour::graphite)) >= leastContrast);
+    }
+
+    void picturesAreShownOrToldAndLeft_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("fault"); // "" where the picture is shown.
+        const QByteArray dark = shippedPicture(u"SongSearch.jpg"_s);
+        const QByteArray light = shippedPicture(u"../enamel/SongSearch.jpg"_s);
+        const QByteArray sharp = shippedPicture(u"../contrast/SongSearch@2x.jpg"_s);
+        QTest::newRow("whole") << u"SongSearch.jpg"_s << shippedPicture(u"../contrast/SongSearch.jpg"_s) << QString();
+        QTest::newRow("the sharper one alone") << u"SongSearch@2x.jpg"_s << sharp << QString();
+        QTest::newRow("absurd") << u"SongSearch.jpg"_s << withSize(dark, 60000, 60000)
+                                << u"is 60000 x 60000 pixels instead of 320 x 300"_s;
+        QTest::newRow("a pixel too wide")
+            << u"SongSearch.jpg"_s << withSize(dark, 321, 300) << u"is 321 x 300 pixels instead of 320 x 300"_s;
+        QTest::newRow("cut") << u"SongSearch.jpg"_s << dark.first(4000) << u"is damaged"_s;
+        QTest::newRow("empty") << u"SongSearch.jpg"_s << QByteArray() << u"is damaged"_s;
+        QTest::newRow("another format") << u"SongSearch.jpg"_s << shippedPicture(u"bPlay.png"_s) << u"is damaged"_s;
+        QTest::newRow("huge") << u"SongSearch.jpg"_s << QByteArray((1 << 23) + 1, 'x')
+                              << u"is no picture file that can be read"_s;
+        QTest::newRow("light under light texts")
+            << u"SongSearch.jpg"_s << light << u"leaves Label1, in the colour caption, hardly readable"_s;
+    }
+
+    void picturesAreShownOrToldAndLeft()
+    {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, fault);
+        const Home home;
+        const QRgb usual = Window().corner();
+        home.add(u"mine"_s, u"skin.ini"_s, "[Skin]\nName=Mine");
+        home.add(u"mine"_s, file, bytes);
+        Home::wear(u"mine"_s);
+        if (fault.isEmpty())
+            QTest::failOnWarning(QRegularExpression(u"skin"_s));
+        else
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(u"skin \"Mine\": %1 %2.*; it is not shown"_s.arg(file, fault)));
+        Window shown;
+        QCOMPARE(shown.corner() == usual, !fault.isEmpty());
+        QCOMPARE(shown.window.skinColourAt({3, 40}).rgb() == usual, !fault.isEmpty());
+    }
+
+    // No pipe, device or folder is waited for or taken for a picture.
+    void whatIsNoFileIsNoPicture()
+    {
+        const Home home;
+        const QRgb usual = Window().corner();
+        home.add(u"mine"_s, u"skin.ini"_s, {});
+        const QByteArray pipe = QFile::encodeName(home.folder.hostPath() + u"/skins/mine/SongSearch.jpg"_s);
+        QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
+        QVERIFY(QFile::link(u"/dev/zero"_s, home.folder.hostPath() + u"/skins/mine/SongSearch@2x.jpg"_s));
+        Home::wear(u"mine"_s);
+        for (const QString &file : {u"SongSearch.jpg"_s, u"SongSearch@2x.jpg"_s})
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"skin \"mine\": %1 is no picture"_s.arg(file)));
+        QCOMPARE(Window().corner(), usual);
+    }
+
+    // Dark texts on the dark pictures of the base: the windows are plain, each text on a ground of its own.
+    void aSkinOfColoursAloneCanBeRead()
+    {
+        const Home home;
+        home.add(u"paper"_s, u"skin.ini"_s,
+                 "[Colours]\ngraphite=#ffffff\nface=#eeeeee\ncaption=#101010\ncaptionDim=#303030\n");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"skin \"paper\": SongSearch.jpg leaves Label1"_s));
+        Home::wear(u"paper"_s);
+        Window shown;
+        QCOMPARE(shown.corner(), qRgb(255, 255, 255));
+        shown.text.setColour(Colour::displayText);
+        QCOMPARE(shown.window.grab().toImage().pixel(places::SongSearch::Label1.topLeft()),
+                 colourOf(currentSkin(), Colour::displayBackground));
+    }
+
+    void aSkinTakesWhatItLacksFromItsBase()
+    {
+        const Home home;
+        home.add(u"below"_s, u"skin.ini"_s, "[Skin]\nName=Below\n[Colours]\nlistText=#ffeedd\n[Fonts]\nHand=Hack");
+        home.add(u"above"_s, u"skin.ini"_s, "[Skin]\nName=Above\nBasedOn=below\n[Colours]\ncaption=#ffffff");
+        const Skin skin = readSkin(*findSkin(u"ABOVE"_s));
+        QCOMPARE(skin.title, u"Above"_s);
+        QCOMPARE(colourOf(skin, Colour::caption), qRgb(255, 255, 255));
+        QCOMPARE(colourOf(skin, Colour::listText), qRgb(255, 238, 221));
+        QCOMPARE(colourOf(skin, Colour::accent), colourOf(firstSkin(), Colour::accent));
+        QCOMPARE(skin.folders.size(), 3);
+        QVERIFY(skin.folders[0].endsWith(u"/skins/above"_s) && skin.folders[1].endsWith(u"/skins/below"_s));
+        wearSkin(skin);
+        QCOMPARE(fonts::font(fonts::Face::ComicSansMs, 13).families().value(0), u"Hack"_s);
+    }
+
+    void aBaseThatIsNotThereIsTold_data()
+    {
+        QTest::addColumn<QByteArray>("base");
+        QTest::newRow("missing") << QByteArray("nobody");
+        QTest::newRow("itself") << QByteArray("mine");
+        QTest::newRow("a path") << QByteArray("../skins/mine");
+    }
+
+    void aBaseThatIsNotThereIsTold()
+    {
+        QFETCH(QByteArray, base);
+        const Home home;
+        home.add(u"mine"_s, u"skin.ini"_s, "[Skin]\nBasedOn=" + base + "\n[Colours]\ncaption=#ffffff");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"skin \"mine\": there is no skin .* to base it on"_s));
+        const Skin skin = readSkin(*findSkin(u"mine"_s));
+        QCOMPARE(colourOf(skin, Colour::caption), qRgb(255, 255, 255));
+        QCOMPARE(skin.folders.last(), firstSkinFolder());
+    }
+
+    void theChosenSkinIsWornAtTheStart()
+    {
+        const Home home;
+        QCOMPARE(skinAtStart({}).name, u"graphite"_s);
+        keepChosenSkin(u"enamel"_s);
+        QCOMPARE(skinAtStart({}).title, u"Enamel"_s);
+        QCOMPARE(skinAtStart(u"High contrast"_s).name, u"contrast"_s);
+        home.add(u"enamel"_s, u"skin.ini"_s, "[Skin]\nName=Not this one");
+        QCOMPARE(skinAtStart({}).title, u"Enamel"_s);
+        home.add(u"mine"_s, u"skin.ini"_s, {});
+        const QString folder = home.folder.hostPath() + u"/skins/mine"_s;
+        QCOMPARE(skinAtStart(folder).folders.value(0), folder);
+        keepChosenSkin(u"gone"_s);
+        QTest::ignoreMessage(QtWarningMsg, "skin \"gone\": it is not there any more");
+        QCOMPARE(skinAtStart({}).name, u"graphite"_s);
+        QVERIFY(!findSkin({}) && !findSkin(u"masters"_s) && !findSkin(folder + u"/skin.ini"_s));
+    }
+
+    // What is open shows it too: its colours and its fonts.
+    void whatIsOpenWearsTheNewSkin()
+    {
+        const Home home;
+        home.add(u"mine"_s, u"skin.ini"_s, "[Colours]\ngraphite=#000080\n[Fonts]\nSmall=Hack");
+        Window shown;
+        shown.text.setFont(fonts::font(fonts::Face::SmallFonts, 11));
+        QMenu menu;
+        menu.addAction(u"a command"_s);
+        menu.popup({0, 0});
+        Home::wear(u"mine"_s);
+        QCOMPARE(shown.text.font().families().value(0), u"Hack"_s);
+        QCOMPARE(shown.text.font().pixelSize(), 11);
+        QCOMPARE(menu.grab().toImage().pixel(menu.width() - 4, menu.height() / 2), qRgb(0, 0, 128));
+        Home::wear(u"graphite"_s);
+        QCOMPARE(shown.text.font().families().value(0), u"Small Fonts"_s);
+    }
+};
+
+QTEST_MAIN(SkinStoreTest)
+#include "tst_skin_store.moc"
