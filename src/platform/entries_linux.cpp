@@ -27,16 +27,24 @@ void flushFolder(const QByteArray &folder)
         ::fsync(handle.get());
 }
 
+// A folder can only take the place of an empty one.
+bool claimName(const QByteArray &name, bool isFolder)
+{
+    if (isFolder)
+        return ::mkdir(name.constData(), 0700) == 0;
+    return Handle(::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)).isOpen();
+}
+
 int renameOntoClaim(const QByteArray &from, const QByteArray &to)
 {
-    Handle claim(::open(to.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    if (!claim.isOpen())
+    struct stat status = {};
+    const bool isFolder = ::lstat(from.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+    if (!claimName(to, isFolder))
         return -1;
-    claim.close();
     const int result = ::rename(from.constData(), to.constData());
     if (result != 0) {
         const int reason = errno;
-        ::unlink(to.constData());
+        ::unlinkat(AT_FDCWD, to.constData(), isFolder ? AT_REMOVEDIR : 0);
         errno = reason;
     }
     return result;

@@ -5,9 +5,10 @@
 
 #include <QByteArray>
 
-/// Moves a file, or a link itself, to the trash of its file system, from where the desktop can restore it. False, and
-/// nothing has changed, when there is none that takes it; errno tells why. Never copies, never tries without end.
-bool moveToTrash(const QByteArray &path);
+/// Moves a file, a folder, or a link itself, to the trash of its file system, from where the desktop can restore it.
+/// False, and nothing has changed, when there is none that takes it; errno tells why. Never copies, never tries without
+/// end. An entry that had another name in its folder is brought back under that.
+bool moveToTrash(const QByteArray &path, const QByteArray &nameBefore = {});
 
 /// Removes the notes of files that never came, from the trash for files of the folder: what a program left that was
 /// killed in the middle of moveToTrash().

@@ -116,13 +116,13 @@ QByteArray noteText(const QByteArray &path, const QByteArray &top)
            ownMark;
 }
 
-// The note goes again when the file does not come.
-bool moveInto(const Trash &trash, const QByteArray &path)
+// The note, of a place it is brought back to, goes again when the file does not come.
+bool moveInto(const Trash &trash, const QByteArray &path, const QByteArray &placeBefore)
 {
     auto note = ScratchFile::make(trash.folder + "/info/", 0600);
-    if (!note || !writeAll(note->handle(), noteText(path, trash.top)) || !note->finish())
+    if (!note || !writeAll(note->handle(), noteText(placeBefore, trash.top)) || !note->finish())
         return false;
-    const QByteArray name = path.sliced(path.lastIndexOf('/') + 1);
+    const QByteArray name = placeBefore.sliced(placeBefore.lastIndexOf('/') + 1);
     for (int number = 1; number <= mostNames; ++number) {
         const QByteArray newName = nameInTrash(name, number);
         const QByteArray place = trash.folder + "/files/" + newName;
@@ -166,7 +166,7 @@ void removeLeftovers(const Trash &trash)
 }
 } // namespace
 
-bool moveToTrash(const QByteArray &path)
+bool moveToTrash(const QByteArray &path, const QByteArray &nameBefore)
 {
     const qsizetype slash = path.lastIndexOf('/');
     const QByteArray folder = realPath(slash > 0 ? path.first(slash) : QByteArray("/"));
@@ -174,7 +174,9 @@ bool moveToTrash(const QByteArray &path)
     if (!trash || !isReady(*trash))
         return false;
     removeLeftovers(*trash);
-    return moveInto(*trash, (folder == "/" ? folder : folder + '/') + path.sliced(slash + 1));
+    const QByteArray start = folder == "/" ? folder : folder + '/';
+    const QByteArray name = path.sliced(slash + 1);
+    return moveInto(*trash, start + name, start + (nameBefore.isEmpty() ? name : nameBefore));
 }
 
 void removeTrashLeftovers(const QByteArray &folder)

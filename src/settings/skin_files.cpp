@@ -8,6 +8,7 @@
 #include "platform/file_names.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "settings/skin_store.h"
 #include "settings/zip_archive.h"
 
 #include <algorithm>
@@ -17,11 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-const QString textFile = u"skin.ini"_s;
 const QString archiveEnding = u".zip"_s;
 const QString macFolder = u"__MACOSX"_s; // What macOS puts beside the files of an archive.
 
-constexpr qint64 longestText = qint64(1) << 16;
+constexpr qint64 longestSkinText = qint64(1) << 16;
 constexpr qint64 longestSkin = qint64(1) << 26; // An archive, and what comes out of it.
 
 // The bytes of a file, else what is wrong with it: "is damaged".
@@ -43,7 +43,7 @@ bool isNamed(const QString &name, const QString &wanted)
 }
 
 // The very spelling goes before another one, and then the first.
-qsizetype placeOf(const QString &wanted, const QStringList &names)
+qsizetype indexOf(const QString &wanted, const QStringList &names)
 {
     const qsizetype exact = names.indexOf(wanted);
     const auto found = std::find_if(names.begin(), names.end(), [&](const QString &n) { return isNamed(n, wanted); });
@@ -55,10 +55,10 @@ void take(SkinFiles &skin, const QString &source, const QStringList &names, cons
 {
     qint64 length = 0;
     for (const QString &name : skinFileNames()) {
-        const qsizetype at = placeOf(name, names);
-        if (at < 0 && name == textFile)
+        const qsizetype at = indexOf(name, names);
+        if (at < 0 && name == skinFileName)
             skin.fault = u"%1 holds no skin: there is no skin.ini in it."_s.arg(source);
-        const Part part = at < 0 ? Part() : read(at, name == textFile ? longestText : longestPicture);
+        const Part part = at < 0 ? Part() : read(at, name == skinFileName ? longestSkinText : longestPicture);
         if (!part.fault.isEmpty())
             skin.fault = u"%1 in %2 %3."_s.arg(name, source, part.fault);
         length += part.bytes.size();
@@ -107,7 +107,7 @@ QList<ZipEntry> entriesOfSkin(const QList<ZipEntry> &all, bool &isOne)
     QList<ZipEntry> texts;
     for (const ZipEntry &entry : all) {
         const bool isNearer = texts.isEmpty() || entry.depth() <= texts.first().depth();
-        if (!isNamed(entry.name, textFile) || !isNearer || entry.folder.startsWith(macFolder))
+        if (!isNamed(entry.name, skinFileName) || !isNearer || entry.folder.startsWith(macFolder))
             continue;
         if (!texts.isEmpty() && entry.depth() < texts.first().depth())
             texts.clear();
@@ -189,14 +189,14 @@ SkinFiles skinInArchive(const QString &path)
 
 QStringList skinFileNames()
 {
-    return QStringList(textFile) + pictureFileNames();
+    return QStringList(skinFileName) + pictureFileNames();
 }
 
 bool isMeantAsSkin(const QString &path)
 {
     if (path.endsWith(archiveEnding, Qt::CaseInsensitive))
         return fileLength(path).has_value();
-    return hostEntryExists(hostPath(path) + '/' + textFile.toUtf8());
+    return hostEntryExists(hostPath(path) + '/' + skinFileName.toUtf8());
 }
 
 SkinFiles skinIn(const QString &path)
