@@ -2,7 +2,10 @@
 #include "app/program.h"
 
 #include "app/splash.h"
+#include "app/version.h"
 #include "base/names.h"
+#include "controls/msg_box.h"
+#include "controls/pictures.h"
 #include "controls/skin_window.h"
 #include "controls/wear_skin.h"
 #include "platform/drives.h"
@@ -10,6 +13,7 @@
 #include "platform/x11_windows.h"
 #include "remote/adaptors.h"
 #include "settings/settings_store.h"
+#include "settings/skin_install.h"
 #include "settings/window_effects.h"
 
 #include <QApplication>
@@ -24,6 +28,7 @@ constexpr int playListOverlapTwips = 30;
 constexpr int searchCornerTwips = 15;
 constexpr int partingPauses = 2;
 constexpr int partingPauseMs = 100;
+constexpr qsizetype mostFaults = 8; // Of a skin, that a box tells.
 
 // The first skin is worn by itself.
 bool dress(const QString &wanted)
@@ -63,6 +68,7 @@ void Program::connectMainWindow()
     connect(&m_mp3Frm, &Mp3Frm::songMenuRequested, &m_menus, &Menus::openSongMenu);
     connect(&m_mp3Frm, &Mp3Frm::songPicked, this, &Program::addPickedSong);
     connect(&m_mp3Frm, &Mp3Frm::songDropped, this, &Program::playAndChoose);
+    connect(&m_mp3Frm, &Mp3Frm::skinDropped, this, &Program::keepAndWear);
     connect(&m_mp3Frm, &Mp3Frm::folderWanted, this, &Program::chooseFolder);
     connect(&m_mp3Frm, &Mp3Frm::hideWanted, this, &Program::hideMainWindow);
     connect(&m_mp3Frm, &Mp3Frm::songNameChanged, this, &Program::updateTray);
@@ -105,9 +111,13 @@ void Program::connectMenus()
 
 void Program::connectMediaKeys()
 {
-    for (SkinWindow *window : std::initializer_list<SkinWindow *>{&m_options, &m_mp3Frm, &m_toolBar, &m_tagEdit,
-                                                                  &m_formatMp3, &m_playlist, &m_about, &m_songSearch})
+    for (SkinWindow *window : allWindows())
         connect(window, &SkinWindow::mediaKeyPressed, this, &Program::runMediaKey);
+}
+
+std::array<SkinWindow *, 8> Program::allWindows()
+{
+    return {&m_options, &m_mp3Frm, &m_toolBar, &m_tagEdit, &m_formatMp3, &m_playlist, &m_about, &m_songSearch};
 }
 
 // The loads in their order. The options load themselves when the main window's load asks for the first flag.
@@ -227,6 +237,35 @@ void Program::wear(const QString &skin)
     wearSkin(readSkin(*place));
     m_trayPicture = {};
     m_trayIcon.renewIcon();
+}
+
+// A skin from elsewhere: it is copied to the user's own, worn, and chosen for the next start. What of it cannot be
+// shown is told at once, since somebody may be making it.
+void Program::keepAndWear(const QString &path)
+{
+    const SkinFiles files = skinIn(path);
+    KeptSkin kept = keepSkin(files, Existing::Keep);
+    if (kept.result == RenameResult::OtherExists) {
+        const QString question = u"There is a skin \"%1\" already. Replace it?"_s.arg(kept.name);
+        const auto answer = MsgBox::show(question, programName(), MsgBox::Icon::Question, MsgBox::Buttons::YesNoAtRisk);
+        if (answer != MsgBox::Answer::Yes)
+            return;
+        kept = keepSkin(files, Existing::Replace);
+    }
+    if (kept.result != RenameResult::Done) {
+        MsgBox::show(kept.fault, programName(), MsgBox::Icon::Critical);
+        return;
+    }
+    wear(kept.name);
+    keepChosenSkin(kept.name);
+    checkPictures();
+    for (SkinWindow *window : allWindows())
+        window->renewPicture();
+    const QStringList faults = complaints();
+    if (faults.isEmpty())
+        return;
+    const QStringList more = faults.size() > mostFaults ? QStringList(u"..."_s) : QStringList();
+    MsgBox::show((faults.mid(0, mostFaults) + more).join(u'\n'), programName(), MsgBox::Icon::Information);
 }
 
 // Shows a window in front of the main one, around the same middle, wholly on the screen where it fits.

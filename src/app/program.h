@@ -16,6 +16,7 @@
 #include "settings/tray_icon.h"
 #include "tagedit/tag_edit.h"
 
+#include <array>
 #include <memory>
 
 class Program : public QObject
@@ -40,6 +41,7 @@ private:
     void connectOtherWindows();
     void connectMenus();
     void connectMediaKeys();
+    std::array<SkinWindow *, 8> allWindows();
     void load();
     void tidyUp();
     void showSplash();
@@ -52,6 +54,7 @@ private:
     void chooseFolder();
     void applyTranslucency(bool on);
     void wear(const QString &skin);
+    void keepAndWear(const QString &path);
     void showOverMain(SkinWindow &window);
     void openNameTools();
     void togglePlayList();

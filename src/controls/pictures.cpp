@@ -182,6 +182,14 @@ QImage pictureImage(Picture which)
     return scaled(find(which, 1), 1);
 }
 
+void checkPictures()
+{
+    for (std::size_t which = 0; which < files.size(); ++which) {
+        for (const int density : {1, 2})
+            find(static_cast<Picture>(which), density);
+    }
+}
+
 void refusePicture(Picture which, const QString &why)
 {
     complain(currentSkin().title, u"%1 %2; it is not shown"_s.arg(nameOf(fileOf(which), 1), why));

@@ -57,6 +57,9 @@ QPixmap picture(Picture which, qreal devicePixelRatio = 1);
 /// The picture at one pixel a logical one, to compute with. Null as above.
 QImage pictureImage(Picture which);
 
+/// Looks at every picture of the skin, at both densities, so that what is wrong with any is complained of.
+void checkPictures();
+
 /// Passes over the picture that is shown now, for as long as this skin is worn: the next folder's takes its place.
 void refusePicture(Picture which, const QString &why);
 

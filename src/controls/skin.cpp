@@ -3,8 +3,6 @@
 
 #include "platform/desktop.h"
 
-#include <QSet>
-
 using namespace Qt::StringLiterals;
 
 namespace
@@ -12,7 +10,7 @@ namespace
 struct Wardrobe {
     Skin worn = firstSkin();
     int number = 0;
-    QSet<QString> faults; // Those told since the skin was put on.
+    QStringList complaints;
 };
 
 Wardrobe &wardrobe()
@@ -49,14 +47,23 @@ void setCurrentSkin(const Skin &skin)
 {
     wardrobe().worn = skin;
     ++wardrobe().number;
-    wardrobe().faults.clear();
 }
 
 void complain(const QString &skin, const QString &fault)
 {
     const QString text = u"skin \"%1\": %2"_s.arg(skin, fault);
-    if (wardrobe().faults.contains(text))
+    if (wardrobe().complaints.contains(text))
         return;
-    wardrobe().faults += text;
+    wardrobe().complaints += text;
     qWarning("%s", qUtf8Printable(text));
+}
+
+QStringList complaints()
+{
+    return wardrobe().complaints;
+}
+
+void forgetComplaints()
+{
+    wardrobe().complaints.clear();
 }

@@ -56,9 +56,14 @@ SkinWindow::SkinWindow(const QString &name, const QString &caption, Picture skin
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+void SkinWindow::renewPicture()
+{
+    keepReadable(m_background, *this);
+}
+
 QColor SkinWindow::skinColourAt(const QPoint &place)
 {
-    keepReadable(m_background, *this); // Pictures may be passed over.
+    renewPicture(); // Some may be passed over.
     const QImage skin = pictureImage(m_skin);
     return skin.valid(place) ? skin.pixelColor(place) : skinColour(Colour::graphite);
 }
@@ -91,7 +96,7 @@ void SkinWindow::setVisible(bool visible)
 
 void SkinWindow::paintEvent(QPaintEvent *event)
 {
-    keepReadable(m_background, *this);
+    renewPicture();
     QPainter painter(this);
     paintSkin(painter, event->rect(), {});
     if (std::exchange(m_comesUp, false) && windowOpacity() < 1)
@@ -212,7 +217,7 @@ void SkinWindow::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::StyleChange) {
         if (isVisible())
-            keepReadable(m_background, *this); // A control that paints the skin itself may do so before the window.
+            renewPicture(); // A control that paints the skin itself may do so before the window.
         skinChanged();
     } else if (event->type() == QEvent::WindowStateChange)
         noteSeen();

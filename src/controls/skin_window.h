@@ -35,6 +35,9 @@ public:
     /// The list whose menu is the window's own; none where there is no such menu.
     virtual ListBox *listWithMenu() { return nullptr; }
 
+    /// Makes the picture of the skin ready before it is painted.
+    void renewPicture();
+
     /// The skin's pixel at a place in logical pixels; the plain panel's colour without a skin.
     QColor skinColourAt(const QPoint &place);
 

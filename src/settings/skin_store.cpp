@@ -112,6 +112,7 @@ std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
 
 Skin readSkin(const SkinPlace &place)
 {
+    forgetComplaints();
     Skin skin = firstSkin();
     const QList<SkinPlace> chain = withBases(place);
     for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
