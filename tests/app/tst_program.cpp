@@ -8,6 +8,7 @@
 #include "platform/terminal.h"
 #include "playlist/list_file.h"
 #include "settings/settings_store.h"
+#include "settings/skin_store.h"
 #include "support/fake_engine.h"
 #include "support/test_files.h"
 #include "support/windows.h"
@@ -380,6 +381,35 @@ private Q_SLOTS:
                  QStringList({u"New.mp3"_s, u"New.mp3"_s}));
         QCOMPARE(control<TextBox>(search, u"Text1"_s).Text(), QString());
         QCOMPARE(control<ListBox>(search, u"List1"_s).ListCount(), 0);
+    }
+
+    void aDroppedSkinIsKeptWornAndChosen()
+    {
+        const TestFolder other;
+        other.makeFolder(u"mine"_s);
+        other.makeFile(u"mine/skin.ini"_s, "[Skin]\nName=Mine\n[Colours]\naccent=#0000c0");
+        const QUrl skin(fileUri(other.path(u"mine"_s)));
+        Stand stand;
+        stand.window.show();
+        MsgBox::answerFromNowOn({MsgBox::Answer::No, MsgBox::Answer::Yes});
+        QCOMPARE(stand.drop(stand.window, {skin, QUrl(fileUri(m_folder->path()))}, {9, 9}), Qt::CopyAction);
+        QCOMPARE(currentSkin().title, u"Mine"_s);
+        QCOMPARE(chosenSkin(), u"mine"_s);
+        QCOMPARE(stand.window.File1.Path(), m_folder->path());
+        other.makeFile(u"mine/skin.ini"_s, "[Skin]\nName=Newer\n[Colours]\naccent=blue\ncaption=#303030");
+        QCOMPARE(stand.drop(stand.window, {skin}, {9, 9}), Qt::CopyAction);
+        QCOMPARE(readSkin(*findSkin(u"mine"_s)).title, u"Mine"_s);
+        const QString question = u"KiV Mp3|There is a skin \"mine\" already. Replace it?"_s;
+        QCOMPARE(takeBoxes(), QStringList(question));
+        QCOMPARE(stand.drop(stand.window, {skin}, {9, 9}), Qt::CopyAction);
+        QCOMPARE(currentSkin().title, u"Newer"_s);
+        const QStringList boxes = takeBoxes();
+        QVERIFY(boxes.size() == 2 && boxes[1].contains(u"accent=blue is no colour"_s) &&
+                boxes[1].contains(u"caption=#303030 can hardly be read"_s));
+        other.makeFile(u"a.zip"_s, "no archive");
+        QCOMPARE(stand.drop(stand.window, {QUrl(fileUri(other.path(u"a.zip"_s)))}, {9, 9}), Qt::CopyAction);
+        QVERIFY(takeBoxes().value(0).contains(u"a.zip"_s));
+        QCOMPARE(currentSkin().title, u"Newer"_s);
     }
 
     void whatIsDroppedPlaysOrIsListed()
