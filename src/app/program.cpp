@@ -264,8 +264,11 @@ void Program::keepAndWear(const QString &path)
     const QStringList faults = complaints();
     if (faults.isEmpty())
         return;
-    const QStringList more = faults.size() > mostFaults ? QStringList(u"..."_s) : QStringList();
-    MsgBox::show((faults.mid(0, mostFaults) + more).join(u'\n'), programName(), MsgBox::Icon::Information);
+    QStringList lines = {u"Not all of this skin can be shown.\n"_s};
+    lines += faults.mid(0, mostFaults);
+    if (faults.size() > mostFaults)
+        lines += u"..."_s;
+    MsgBox::show(lines.join(u'\n'), programName(), MsgBox::Icon::Information);
 }
 
 // Shows a window in front of the main one, around the same middle, wholly on the screen where it fits.

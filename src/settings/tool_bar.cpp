@@ -51,6 +51,8 @@ ToolBar::ToolBar(FileListBox &mainFile1, frmOptions &options)
 {
     for (Label *button : {&Label2, &Picture1, &Label3})
         button->setButton(true);
+    Label1.setColour(Colour::displayText);
+    Label3.setColour(Colour::accentText);
     Picture1.setToolTip(u"Desktop"_s);
     constexpr std::array frames = {Picture::Frame0, Picture::Frame1, Picture::Frame2};
     for (std::size_t i = 0; i < frames.size(); ++i) {
@@ -97,8 +99,6 @@ void ToolBar::prepareForFirstLook()
     for (Label *label : {&Label2, &Label1, &Label3})
         label->setFont(fonts::font(fonts::Face::Arial, barCaptionPixels));
     Label1.setAlignment(Qt::AlignCenter);
-    Label1.setColour(Colour::displayText);
-    Label3.setColour(Colour::accentText);
     File1.setFocusPolicy(Qt::TabFocus);
     Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
 }

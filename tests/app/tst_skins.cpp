@@ -86,6 +86,7 @@ private Q_SLOTS:
             if (!skinned)
                 continue;
             ++seen;
+            skinned->renewPicture(); // As when a skin is tried: no window needs to have been open.
             skinned->show();
             const QImage shown = skinned->grab().toImage();
             faults +=
