@@ -35,12 +35,21 @@ SkinPlace placeOf(const QString &name, const QString &folder)
     return {name, title.isEmpty() ? nameOfFolder : title, folder};
 }
 
+bool isSkin(const QString &folder)
+{
+    return QFileInfo(folder + u'/' + skinFileName).isFile();
+}
+
+QString usersFolder()
+{
+    return QFile::decodeName(hostPath(paths::userSkins));
+}
+
 QList<SkinPlace> skinsIn(const QString &folder)
 {
     QList<SkinPlace> skins;
     for (const QString &name : foldersIn(programPath(folder)).toStringList()) {
-        const QString skin = folder + u'/' + name;
-        if (QFileInfo(skin + u'/' + skinFileName).isFile())
+        if (const QString skin = folder + u'/' + name; isSkin(skin))
             skins += placeOf(name, skin);
     }
     const auto byTitle = [](const SkinPlace &a, const SkinPlace &b) {
@@ -55,8 +64,17 @@ bool isFirst(const SkinPlace &place)
     return place.name == firstSkin().name;
 }
 
-std::optional<SkinPlace> skinNamed(const QList<SkinPlace> &skins, const QString &name)
+// As a rule the name is a folder's, as it is spelled: then no other skin is looked at.
+std::optional<SkinPlace> skinNamed(const QString &name)
 {
+    const Skin first = firstSkin();
+    if (name == first.name)
+        return SkinPlace{first.name, first.title, first.folders.value(0)};
+    for (const QString &folder : {skinsFolder(), usersFolder()}) {
+        if (const QString skin = folder + u'/' + name; !name.isEmpty() && !name.contains(u'/') && isSkin(skin))
+            return placeOf(name, skin);
+    }
+    const QList<SkinPlace> skins = skinsThere();
     for (const auto part : {&SkinPlace::name, &SkinPlace::title}) {
         for (const SkinPlace &skin : skins) {
             if ((skin.*part).compare(name, Qt::CaseInsensitive) == 0)
@@ -70,12 +88,11 @@ std::optional<SkinPlace> skinNamed(const QList<SkinPlace> &skins, const QString 
 QList<SkinPlace> withBases(const SkinPlace &place)
 {
     QList<SkinPlace> chain;
-    const QList<SkinPlace> skins = skinsThere();
     for (std::optional<SkinPlace> at = place; at && !isFirst(*at);) {
         chain += *at;
         const QString base = baseInText(skinText(at->folder, at->title));
         const QString title = at->title;
-        at = base.isEmpty() ? std::optional(SkinPlace(skins.value(0))) : skinNamed(skins, base);
+        at = skinNamed(base.isEmpty() ? firstSkin().name : base);
         if (!at || chain.size() > mostBases) {
             complain(title, u"there is no skin \"%1\" to base it on"_s.arg(base));
             break;
@@ -89,8 +106,7 @@ QList<SkinPlace> skinsThere()
 {
     const Skin first = firstSkin();
     QList<SkinPlace> skins = {{first.name, first.title, first.folders.value(0)}};
-    const QString users = QFile::decodeName(hostPath(paths::userSkins));
-    for (const SkinPlace &skin : skinsIn(skinsFolder()) + skinsIn(users)) {
+    for (const SkinPlace &skin : skinsIn(skinsFolder()) + skinsIn(usersFolder())) {
         const auto isIt = [&skin](const SkinPlace &known) {
             return skin.name.compare(known.name, Qt::CaseInsensitive) == 0;
         };
@@ -102,7 +118,7 @@ QList<SkinPlace> skinsThere()
 
 std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
 {
-    if (auto skin = skinNamed(skinsThere(), nameOrFolder))
+    if (auto skin = skinNamed(nameOrFolder))
         return skin;
     const QFileInfo folder(nameOrFolder);
     if (nameOrFolder.isEmpty() || !folder.isDir())
