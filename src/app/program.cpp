@@ -231,6 +231,7 @@ void Program::applyTranslucency(bool on)
 
 void Program::wear(const QString &skin)
 {
+    forgetComplaints();
     const auto place = findSkin(skin);
     if (!place)
         return;

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QLoggingCategory>
 
 #include <array>
 
@@ -62,6 +63,14 @@ constexpr std::array<PictureFile, static_cast<std::size_t>(Picture::Count)> file
 }};
 static_assert(files.back().name != nullptr, "every picture needs a file");
 
+// More bytes than a picture of that size needs, with what editors add to it, would only be unpacked for nothing.
+qint64 longestFileOf(QSize pixels)
+{
+    constexpr qint64 addedByEditors = 1 << 16;
+    constexpr qint64 bytesAPixel = 4;
+    return addedByEditors + bytesAPixel * pixels.width() * pixels.height();
+}
+
 const PictureFile &fileOf(Picture which)
 {
     return files.at(static_cast<std::size_t>(which));
@@ -98,25 +107,29 @@ QString inPixels(QSize size)
     return u"%1 x %2"_s.arg(size.width()).arg(size.height());
 }
 
-// The decoder fills what a cut JPEG lacks with grey and calls it a picture. A whole one has an end mark.
+// The decoder fills what a cut JPEG lacks with grey and calls it a picture. A whole one has an end mark. Of what begins
+// unlike a PNG the decoder itself would speak to the terminal.
 bool isWhole(const QByteArray &bytes, const PictureFile &file)
 {
-    return QByteArrayView(file.format) != QByteArrayView("jpg") || bytes.endsWith("\xFF\xD9");
+    const bool isJpeg = QByteArrayView(file.format) == QByteArrayView("jpg");
+    return isJpeg ? bytes.endsWith("\xFF\xD9") : bytes.startsWith("\x89PNG\r\n");
 }
 
 // What the bytes show. Its size is known before anything is decoded: no picture is too large for the memory.
 QImage decode(QByteArray bytes, const PictureFile &file, QSize wanted, QString &fault)
 {
+    static const bool isQuiet = (QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_s), true);
+    Q_UNUSED(isQuiet); // What is wrong is told here, in one line.
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, file.format);
     reader.setAutoDetectImageFormat(false);
-    const QSize size = reader.size();
+    const QSize size = isWhole(bytes, file) ? reader.size() : QSize();
     if (size.isValid() && size != wanted) {
         fault = u"is %1 pixels instead of %2"_s.arg(inPixels(size), inPixels(wanted));
         return {};
     }
     QImage image;
-    if (!size.isValid() || !isWhole(bytes, file) || !reader.read(&image))
+    if (!size.isValid() || !reader.read(&image))
         fault = u"is damaged"_s;
     return fault.isEmpty() ? image : QImage();
 }
@@ -130,10 +143,14 @@ Drawing load(const QString &folder, const PictureFile &file, int density)
     if (!entry.exists())
         return {};
     Drawing drawing{{}, density};
-    if (!entry.isFile() || entry.size() > longestPicture || !source.open(QIODevice::ReadOnly))
-        fault = u"is no picture file that can be read"_s;
+    const QSize size = file.size * density;
+    const qint64 longest = longestFileOf(size);
+    if (!entry.isFile() || !source.open(QIODevice::ReadOnly))
+        fault = u"is no file that can be read"_s;
+    else if (entry.size() > longest)
+        fault = u"has %1 bytes, which are too many for %2 pixels"_s.arg(entry.size()).arg(inPixels(size));
     else
-        drawing.image = decode(source.read(longestPicture), file, file.size * density, fault);
+        drawing.image = decode(source.read(longest), file, size, fault);
     if (!fault.isEmpty())
         complain(currentSkin().title, u"%1 %2; it is not shown"_s.arg(name, fault));
     return drawing;

@@ -36,9 +36,9 @@ QColor skinColour(Colour which);
 /// Puts another skin in the place of the current one; wearSkin() shows it.
 void setCurrentSkin(const Skin &skin);
 
-/// Says on stderr what is wrong with a skin, each text once until the next skin is read.
+/// Says on stderr what is wrong with a skin, each text once until they are forgotten.
 void complain(const QString &skin, const QString &fault);
 
-/// What has been complained of since the last skin was read, and forgetting it.
+/// What has been complained of, and forgetting it.
 QStringList complaints();
 void forgetComplaints();

@@ -12,22 +12,30 @@ using namespace Qt::StringLiterals;
 namespace
 {
 struct Pair {
-    Colour text;
+    Colour colour;
     Colour ground;
+    double least;
 };
 
-// The first ground of a text is the one that it has without a picture.
+constexpr double leastOfSigns = 1.5; // What is no text and has a shape of its own.
+
+// Signs go before texts, since one of them is a ground. The first ground of a text is the one without a picture.
 constexpr std::array pairs = {
-    Pair{Colour::caption, Colour::graphite},
-    Pair{Colour::caption, Colour::face},
-    Pair{Colour::captionDim, Colour::graphite},
-    Pair{Colour::warmWhite, Colour::graphiteDark},
-    Pair{Colour::listText, Colour::wellBackground},
-    Pair{Colour::listText, Colour::listBackground},
-    Pair{Colour::selectionText, Colour::selection},
-    Pair{Colour::displayText, Colour::displayBackground},
-    Pair{Colour::displayDim, Colour::displayBackground},
-    Pair{Colour::accentText, Colour::accent},
+    Pair{Colour::selection, Colour::listBackground, leastOfSigns},
+    Pair{Colour::thumbFace, Colour::wellBackground, leastOfSigns},
+    Pair{Colour::focusRing, Colour::listBackground, leastOfSigns},
+    Pair{Colour::focusRing, Colour::graphite, leastOfSigns},
+    Pair{Colour::accentLight, Colour::listBackground, leastOfSigns},
+    Pair{Colour::caption, Colour::graphite, leastContrast},
+    Pair{Colour::caption, Colour::face, leastContrast},
+    Pair{Colour::captionDim, Colour::graphite, leastContrast},
+    Pair{Colour::warmWhite, Colour::graphiteDark, leastContrast},
+    Pair{Colour::listText, Colour::wellBackground, leastContrast},
+    Pair{Colour::listText, Colour::listBackground, leastContrast},
+    Pair{Colour::selectionText, Colour::selection, leastContrast},
+    Pair{Colour::displayText, Colour::displayBackground, leastContrast},
+    Pair{Colour::displayDim, Colour::displayBackground, leastContrast},
+    Pair{Colour::accentText, Colour::accent, leastContrast},
 };
 
 constexpr std::array<const char *, static_cast<std::size_t>(SkinFace::Count)> faceNames = {"Text", "Small", "Display",
@@ -69,25 +77,26 @@ double luminance(QRgb colour)
     return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
 }
 
-// The least that a text has on its grounds, and on which.
-std::pair<double, Colour> worstGround(const Skin &skin, Colour text, QRgb colour)
+double contrastOn(const Skin &skin, const Pair &pair, QRgb colour)
 {
-    std::pair worst(21.0, Colour::graphite);
-    for (const Pair &pair : pairs) {
-        if (pair.text == text)
-            worst = std::min(worst, {contrast(colour, skin.colours.at(indexOf(pair.ground))), pair.ground});
-    }
-    return worst;
+    return contrast(colour, skin.colours.at(indexOf(pair.ground)));
 }
 
-// On any two grounds one of these can be read.
-QRgb readableColour(const Skin &skin, Colour text, QRgb before)
+bool isSeen(const Skin &skin, Colour which, QRgb colour)
+{
+    return std::all_of(pairs.begin(), pairs.end(), [&](const Pair &pair) {
+        return pair.colour != which || contrastOn(skin, pair, colour) >= pair.least;
+    });
+}
+
+// On any two grounds one of these is seen.
+QRgb colourThatIsSeen(const Skin &skin, Colour which, QRgb before)
 {
     constexpr QRgb black = qRgb(0, 0, 0);
     constexpr QRgb grey = qRgb(118, 118, 118);
     constexpr QRgb white = qRgb(255, 255, 255);
     for (const QRgb tried : {before, black, white}) {
-        if (worstGround(skin, text, tried).first >= leastContrast)
+        if (isSeen(skin, which, tried))
             return tried;
     }
     return grey;
@@ -114,16 +123,17 @@ void readColours(Skin &skin, const QString &text, const std::function<void(const
     }
 }
 
-void makeReadable(Skin &skin, const Skin &before, const std::function<void(const QString &)> &fault)
+void makeSeen(Skin &skin, const Skin &before, const std::function<void(const QString &)> &fault)
 {
     for (const Pair &pair : pairs) {
-        QRgb &colour = skin.colours.at(indexOf(pair.text));
-        const auto [ratio, ground] = worstGround(skin, pair.text, colour);
-        if (ratio >= leastContrast)
+        QRgb &colour = skin.colours.at(indexOf(pair.colour));
+        const double ratio = contrastOn(skin, pair, colour);
+        if (ratio >= pair.least)
             continue;
-        const QRgb shown = readableColour(skin, pair.text, before.colours.at(indexOf(pair.text)));
-        fault(u"%1=%2 can hardly be read on %3 (%4 to 1); %5 is shown"_s.arg(
-            colourName(pair.text), inHex(colour), colourName(ground), QString::number(ratio, 'f', 1), inHex(shown)));
+        const QRgb shown = colourThatIsSeen(skin, pair.colour, before.colours.at(indexOf(pair.colour)));
+        fault(u"%1=%2 can hardly be seen on %3 (%4 to 1); %5 is shown"_s.arg(
+            colourName(pair.colour), inHex(colour), colourName(pair.ground), QString::number(ratio, 'f', 1),
+            inHex(shown)));
         colour = shown;
     }
 }
@@ -137,7 +147,7 @@ double contrast(QRgb first, QRgb second)
 
 Colour groundOf(Colour text)
 {
-    const auto isOfText = [text](const Pair &pair) { return pair.text == text; };
+    const auto isOfText = [text](const Pair &pair) { return pair.colour == text; };
     const auto pair = std::find_if(pairs.begin(), pairs.end(), isOfText);
     return pair == pairs.end() ? Colour::graphite : pair->ground;
 }
@@ -168,5 +178,5 @@ void readSkinText(Skin &skin, const QString &text, const std::function<void(cons
             skin.families.at(i) = family;
     }
     readColours(skin, text, fault);
-    makeReadable(skin, before, fault);
+    makeSeen(skin, before, fault);
 }

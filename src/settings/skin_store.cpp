@@ -22,10 +22,15 @@ constexpr qsizetype mostBases = 8;
 // The text of a skin's file; "" where it has none or it cannot be read, of which the skin's title is told.
 QString skinText(const QString &folder, const QString &title)
 {
-    const FileContents file = loadFile(programPath(folder + u'/' + skinFileName), longestText);
-    if (file.reading == Reading::Failed)
+    const QString path = folder + u'/' + skinFileName;
+    if (!hostEntryExists(QFile::encodeName(path)))
+        return {};
+    const auto file = ByteFile::open(programPath(path), ByteFile::Access::Read);
+    const bool isText = file && file->length() <= longestText;
+    const auto bytes = isText ? file->readAt(0, file->length()) : std::nullopt;
+    if (!bytes)
         complain(title, u"%1 cannot be read"_s.arg(skinFileName));
-    return decodeTextFile(file.bytes);
+    return decodeTextFile(bytes.value_or(QByteArray()));
 }
 
 SkinPlace placeOf(const QString &name, const QString &folder)
@@ -128,7 +133,6 @@ std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
 
 Skin readSkin(const SkinPlace &place)
 {
-    forgetComplaints();
     Skin skin = firstSkin();
     const QList<SkinPlace> chain = withBases(place);
     for (auto at = chain.rbegin(); at != chain.rend(); ++at) {

@@ -405,7 +405,7 @@ private Q_SLOTS:
         QCOMPARE(currentSkin().title, u"Newer"_s);
         const QStringList boxes = takeBoxes();
         QVERIFY(boxes.size() == 2 && boxes[1].contains(u"accent=blue is no colour"_s) &&
-                boxes[1].contains(u"caption=#303030 can hardly be read"_s));
+                boxes[1].contains(u"caption=#303030 can hardly be seen"_s));
         other.makeFile(u"a.zip"_s, "no archive");
         QCOMPARE(stand.drop(stand.window, {QUrl(fileUri(other.path(u"a.zip"_s)))}, {9, 9}), Qt::CopyAction);
         QVERIFY(takeBoxes().value(0).contains(u"a.zip"_s));
