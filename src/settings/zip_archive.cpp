@@ -50,13 +50,15 @@ struct ZipArchive::Library : LoadedLibrary {
     Function<decltype(::zip_fclose)> fclose{*this, "zip_fclose"};
 };
 
+// Debian has a number of its own for the same functions.
 const ZipArchive::Library &ZipArchive::library()
 {
-    static const Library debians(4); // The same functions under a number of Debian's own.
-    if (debians.isComplete())
-        return debians;
-    static const Library others(5);
-    return others;
+    static std::optional<Library> only;
+    for (const int version : {4, 5}) {
+        if (!only || !only->isComplete())
+            only.emplace(version); // The one before must be gone: it is known by its name alone.
+    }
+    return *only;
 }
 
 ZipArchive::ZipArchive(const QByteArray &bytes) : m_bytes(bytes)
