@@ -13,8 +13,8 @@
 
 namespace
 {
-const QByteArray hiddenStart = ".new-";
-const QByteArray randomPart = "XXXXXX";
+const QByteArray folderStart = ".new-";
+const QByteArray randomLetters = "XXXXXX";
 
 // Other files stay, and then so does the folder.
 void removeFolder(const QByteArray &path, const QList<QByteArray> &names)
@@ -24,7 +24,7 @@ void removeFolder(const QByteArray &path, const QList<QByteArray> &names)
     ::rmdir(path.constData());
 }
 
-Handle openFolder(const QByteArray &path)
+Handle folderItself(const QByteArray &path)
 {
     return Handle(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
@@ -34,13 +34,13 @@ bool isLocked(const Handle &folder)
     return ::flock(folder.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
-void removeLeftovers(const QByteArray &parent, const QList<QByteArray> &names)
+void removeLeftFolders(const QByteArray &parent, const QList<QByteArray> &names)
 {
-    for (const QByteArray &entry : hostEntries(parent, hiddenStart).value_or(QList<QByteArray>())) {
+    for (const QByteArray &entry : hostEntries(parent, folderStart).value_or(QList<QByteArray>())) {
         struct stat status = {};
-        const Handle folder = openFolder(parent + entry);
+        const Handle folder = folderItself(parent + entry);
         const bool isOwn = folder.isOpen() && ::fstat(folder.get(), &status) == 0 && status.st_uid == ::geteuid();
-        if (isOwn && entry.size() == hiddenStart.size() + randomPart.size() && isLocked(folder))
+        if (isOwn && entry.size() == folderStart.size() + randomLetters.size() && isLocked(folder))
             removeFolder(parent + entry, names);
     }
 }
@@ -52,7 +52,7 @@ ScratchFolder::ScratchFolder(Handle folder, const QByteArray &path, const QList<
 }
 
 ScratchFolder::ScratchFolder(ScratchFolder &&other) noexcept
-    : m_folder(std::move(other.m_folder)), m_path(std::exchange(other.m_path, {})), m_names(other.m_names),
+    : m_folder(std::move(other.m_folder)), m_path(std::exchange(other.m_path, {})), m_names(std::move(other.m_names)),
       m_files(std::move(other.m_files))
 {
 }
@@ -69,11 +69,11 @@ std::optional<ScratchFolder> ScratchFolder::make(const QByteArray &parent, const
 {
     if (::mkdir(parent.constData(), 0777) != 0 && errno != EEXIST)
         return std::nullopt;
-    removeLeftovers(parent, names);
-    QByteArray path = parent + hiddenStart + randomPart;
+    removeLeftFolders(parent, names);
+    QByteArray path = parent + folderStart + randomLetters;
     if (!::mkdtemp(path.data()))
         return std::nullopt;
-    ScratchFolder made(openFolder(path), path, names);
+    ScratchFolder made(folderItself(path), path, names);
     if (!made.m_folder.isOpen())
         return std::nullopt;
     isLocked(made.m_folder); // Where there are no locks, others hold none either, and remove nothing.

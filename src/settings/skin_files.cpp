@@ -43,7 +43,7 @@ bool isNamed(const QString &name, const QString &wanted)
 }
 
 // The very spelling goes before another one, and then the first.
-qsizetype indexOf(const QString &wanted, const QStringList &names)
+qsizetype findName(const QString &wanted, const QStringList &names)
 {
     const qsizetype exact = names.indexOf(wanted);
     const auto found = std::find_if(names.begin(), names.end(), [&](const QString &n) { return isNamed(n, wanted); });
@@ -55,7 +55,7 @@ void take(SkinFiles &skin, const QString &source, const QStringList &names, cons
 {
     qint64 length = 0;
     for (const QString &name : skinFileNames()) {
-        const qsizetype at = indexOf(name, names);
+        const qsizetype at = findName(name, names);
         if (at < 0 && name == skinFileName)
             skin.fault = u"%1 holds no skin: there is no skin.ini in it."_s.arg(source);
         const Part part = at < 0 ? Part() : read(at, name == skinFileName ? longestSkinText : longestPicture);
@@ -134,7 +134,7 @@ Part readEntry(const ZipArchive &archive, const ZipEntry &entry, qint64 longest)
     case ZipContents::Damaged:
         break;
     }
-    return {{}, u"is damaged"_s};
+    return {{}, u"is damaged, or packed in a way that is not known"_s};
 }
 
 QString faultOf(ZipArchive::State state, const QString &source)
