@@ -19,4 +19,5 @@ void settings(QByteArrayView bytes); // A value in the first line, after it a se
 void name(QByteArrayView bytes);     // A file's name, for which another one is proposed.
 void path(QByteArrayView bytes);     // A path of the host, and the same text as one of the program.
 void region(QByteArrayView bytes);   // A picture's width, then its pixels in four colours.
+void archive(QByteArrayView bytes);  // A zip archive.
 } // namespace fuzz

@@ -21,6 +21,7 @@ private Q_SLOTS:
         QTest::newRow("name") << &fuzz::name;
         QTest::newRow("path") << &fuzz::path;
         QTest::newRow("region") << &fuzz::region;
+        QTest::newRow("archive") << &fuzz::archive;
     }
 
     void corpusIsRead()
