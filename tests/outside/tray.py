@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Hides the player into a tray that comes late, and looks for it when the tray dies.
+"""Hides the player into a tray that comes late, looks for it when the tray dies, and changes the skin of its icon.
 
 Needs what the other tests here need (see CMakeLists.txt). The tray is this test itself.
 """
@@ -8,7 +8,7 @@ import time
 
 from gi.repository import Gio, GLib
 
-from player import FOLDER, NAMES, Window, wait_for
+from player import FOLDER, NAMES, Window, has, wait_for, walk
 
 TRAY = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
@@ -50,6 +50,18 @@ def ask_icon(face, method, words):
     return bus.call_sync(items[-1], "/StatusNotifierItem", face, method, words, None, Gio.DBusCallFlags.NONE, -1, None)
 
 
+def picture():
+    return str(ask_icon("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (ITEM, "IconPixmap"))))
+
+
+def keys(*names):
+    subprocess.run(["xdotool", "key", "--clearmodifiers", *names], check=True)
+
+
+def option(description):
+    return next(control for control in walk(Window.shown("Skin")) if control.get_description() == description)
+
+
 def window_is(state):
     said = subprocess.run(["xprop", "-id", window_id, "WM_STATE"], capture_output=True, text=True, check=True).stdout
     return f"window state: {state}" in said if state else "window state" not in said or "Withdrawn" in said
@@ -81,5 +93,11 @@ wait("the window from the tray", lambda: window_is("Normal"))
 window.press("Next song")
 wait("the song in the icon's tip", lambda: NAMES[0].removesuffix(".mp3") in str(
     ask_icon("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (ITEM, "ToolTip")))))
+restore()
+before = picture()
+keys("Menu", "Down", "Down", "Down", "Down", "Return")  # The options.
+wait("the keyboard in the options", lambda: has(option("Translucency"), "FOCUSED"))
+keys("Tab", "Tab", "Tab", "Tab", "Down")
+wait("its icon in the tray", lambda: picture() != before)
 window.press("Exit")
 window.wait_for_end()
