@@ -21,7 +21,6 @@ namespace
 const QString archiveEnding = u".zip"_s;
 const QString macFolder = u"__MACOSX"_s; // What macOS puts beside the files of an archive.
 
-constexpr qint64 longestSkinText = qint64(1) << 16;
 constexpr qint64 longestSkin = qint64(1) << 26; // An archive, and what comes out of it.
 
 // The bytes of a file, else what is wrong with it: "is damaged".

@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qint64 longestText = 1 << 16;
 constexpr qsizetype mostBases = 8;
 
 // The text of a skin's file; "" where it has none or it cannot be read, of which the skin's title is told.
@@ -26,7 +25,7 @@ QString skinText(const QString &folder, const QString &title)
     if (!hostEntryExists(QFile::encodeName(path)))
         return {};
     const auto file = ByteFile::open(programPath(path), ByteFile::Access::Read);
-    const bool isText = file && file->length() <= longestText;
+    const bool isText = file && file->length() <= longestSkinText;
     const auto bytes = isText ? file->readAt(0, file->length()) : std::nullopt;
     if (!bytes)
         complain(title, u"%1 cannot be read"_s.arg(skinFileName));
@@ -159,7 +158,7 @@ Skin skinAtStart(const QString &wanted)
 
 QString chosenSkin()
 {
-    return decodeTextFile(loadFile(paths::chosenSkinFile, longestText).bytes).trimmed();
+    return decodeTextFile(loadFile(paths::chosenSkinFile, longestSkinText).bytes).trimmed();
 }
 
 void keepChosenSkin(const QString &name)

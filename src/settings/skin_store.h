@@ -16,6 +16,7 @@ inline const QString chosenSkinFile = QStringLiteral("c:\\skins\\chosen.txt");
 } // namespace paths
 
 inline const QString skinFileName = QStringLiteral("skin.ini");
+inline constexpr qint64 longestSkinText = qint64(1) << 16; // Of that file.
 
 struct SkinPlace {
     QString name;   // Of the folder; of a folder from elsewhere its host path.
