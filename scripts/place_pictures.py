@@ -3,12 +3,10 @@
 import re
 import shutil
 import subprocess
-import sys
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-sys.dont_write_bytecode = True
 SKIN = ROOT / "skins" / "graphite"
 WINDOWS = ["Splash", "Mp3Frm", "Playlist", "SongSearch", "TagEdit", "FormatMp3", "ToolBar", "frmOptions", "About"]
 ON_TOP = ["frmNoMPEG", "labNoMPEG"]  # Are shown in place of others and would hide their names.
