@@ -59,7 +59,9 @@ void ComboBox::paintEvent(QPaintEvent *)
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));
     const QPointF tip(width() - arrowRoom / 2.0, height() / 2.0 + 2);
-    painter.setPen(QPen(skinColour(underMouse() ? Colour::warmWhite : Colour::captionDim), 1.5));
+    QColor arrow = skinColour(Colour::listText);
+    arrow.setAlphaF(underMouse() ? 1 : 0.7F);
+    painter.setPen(QPen(arrow, 1.5));
     painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
     if (hasFocus())
         paintFocusRing(painter, rect());

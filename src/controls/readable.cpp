@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/readable.h"
 
+#include "controls/control.h"
+#include "controls/skin_style.h"
 #include "controls/skin_text.h"
 
 #include <QPainter>
@@ -90,7 +92,11 @@ void keepReadable(KeptPicture &kept, const QWidget &owner)
 void paintGrounds(QPainter &painter, const QWidget &owner)
 {
     for (const Text &text : textsOn(owner)) {
-        if (const Colour ground = groundOf(text.colour); ground != Colour::graphite)
+        const auto *key = qobject_cast<const Pressable *>(text.control);
+        const Colour ground = groundOf(text.colour);
+        if (ground != Colour::graphite)
             painter.fillRect(text.place, skinColour(ground));
+        else if (key && key->isButton())
+            paintButtonFace(painter, text.place, ButtonLook::Normal);
     }
 }

@@ -3,7 +3,7 @@
 
 #include "controls/list_box.h"
 #include "controls/scroll_bars.h"
-#include "controls/skin.h"
+#include "controls/skin_text.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -145,7 +145,7 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option)
     const bool checked = option.state & QStyle::State_On;
     const bool hovered = option.state & QStyle::State_MouseOver;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(option.state & QStyle::State_HasFocus ? skinColour(Colour::focusRing) : dim(hovered ? 0.8F : 0.5F));
+    painter.setPen(option.state & QStyle::State_HasFocus ? skinColour(Colour::focusRing) : dim(hovered ? 0.9F : 0.65F));
     painter.setBrush(checked ? skinColour(Colour::accent) : skinColour(Colour::wellBackground));
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(box, 2, 2);
@@ -174,12 +174,14 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
     painter.restore();
 }
 
-void paintFocusRing(QPainter &painter, const QRect &place, Ring ring)
+void paintFocusRing(QPainter &painter, const QRect &place, Ring ring, bool isChosen)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const double width = ring == Ring::Thin ? 1 : 2;
-    painter.setPen(QPen(skinColour(Colour::focusRing), width));
+    const bool isLost =
+        isChosen && contrast(skinColour(Colour::focusRing).rgb(), skinColour(Colour::selection).rgb()) < leastContrast;
+    painter.setPen(QPen(skinColour(isLost ? Colour::selectionText : Colour::focusRing), width));
     painter.setBrush(Qt::NoBrush);
     const QRectF middle = QRectF(place).adjusted(width / 2, width / 2, -width / 2, -width / 2);
     if (ring == Ring::Round)
@@ -226,7 +228,7 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         paintCheckBox(*painter, *option);
         return;
     case PE_FrameFocusRect:
-        paintFocusRing(*painter, option->rect, Ring::Thin);
+        paintFocusRing(*painter, option->rect, Ring::Thin, option->state & State_Selected);
         return;
     case PE_PanelMenu:
     case PE_FrameMenu:
@@ -256,10 +258,27 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
 void SkinStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                             const QWidget *widget) const
 {
-    if (element != CE_ShapedFrame || !isList(widget))
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    if (element == CE_MenuItem && item)
+        paintMenuItem(*painter, *item, widget);
+    else if (element != CE_ShapedFrame || !isList(widget))
         QProxyStyle::drawControl(element, option, painter, widget);
     else if (widget->hasFocus())
         paintListRing(*painter, *option, *widget);
+}
+
+// Written like the captions, on the panel's colour, and not like a list.
+void SkinStyle::paintMenuItem(QPainter &painter, const QStyleOptionMenuItem &item, const QWidget *menu) const
+{
+    if (item.menuItemType == QStyleOptionMenuItem::Separator) {
+        constexpr int indent = 6;
+        painter.fillRect(item.rect.left() + indent, item.rect.center().y(), item.rect.width() - 2 * indent, 1,
+                         dim(0.35F));
+        return;
+    }
+    QStyleOptionMenuItem written = item;
+    written.palette.setBrush(QPalette::Text, item.palette.windowText());
+    QProxyStyle::drawControl(CE_MenuItem, &written, &painter, menu);
 }
 
 void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,

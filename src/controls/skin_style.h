@@ -6,6 +6,7 @@
 #include <QProxyStyle>
 
 class QPainter;
+class QStyleOptionMenuItem;
 
 enum class ButtonLook { Normal, Hovered, Pressed };
 
@@ -15,8 +16,8 @@ void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look);
 enum class Ring { Plain, Round, Thin };
 
 /// The ring that shows where the focus is; thin around a row of a list and the text of a check box, where it is not
-/// the only mark.
-void paintFocusRing(QPainter &painter, const QRect &place, Ring ring = Ring::Plain);
+/// the only mark. On a chosen row, where the ring's own colour would be lost, it has that of the row's text.
+void paintFocusRing(QPainter &painter, const QRect &place, Ring ring = Ring::Plain, bool isChosen = false);
 
 class SkinStyle : public QProxyStyle
 {
@@ -45,4 +46,7 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *result) const override;
+
+private:
+    void paintMenuItem(QPainter &painter, const QStyleOptionMenuItem &item, const QWidget *menu) const;
 };

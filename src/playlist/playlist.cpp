@@ -36,7 +36,7 @@ double uniformNumber()
 
 Playlist::Playlist(const SongFolder &songs, Player &player)
     : SkinWindow(u"Playlist"_s, u"Play List"_s, Picture::PlaylistSkin, at::window), m_songs(songs), m_player(player),
-      m_randomOrder(uniformNumber), Picture1(this, {u"Picture1"_s, u"Close play list"_s, at::Picture1}),
+      m_randomOrder(uniformNumber), Picture1(this, {u"Picture1"_s, u"Close play list"_s, at::Picture1}, u"Close"_s),
       List1(this, {u"List1"_s, u"Play list songs"_s, at::List1}),
       List2(this, {u"List2"_s, u"Play list times"_s, at::List2}),
       Label1(this, {u"Label1"_s, u"Play list length"_s, at::Label1}),
@@ -44,7 +44,7 @@ Playlist::Playlist(const SongFolder &songs, Player &player)
       Drops(*this, [this](const QStringList &paths) { return isAnyForPlayList(paths, m_songs.folder()); })
 {
     setWindowFlag(Qt::Tool);
-    Picture1.setButton(Picture::Count, Picture::Count, Picture::Count, u"Close"_s);
+    Picture1.setButton(true);
     Picture1.setFont(fonts::font(fonts::Face::Arial, 11));
     Label1.setFont(fonts::font(fonts::Face::Arial, 12));
     List2.setFocusPolicy(Qt::NoFocus);
@@ -59,7 +59,7 @@ Playlist::Playlist(const SongFolder &songs, Player &player)
 
 void Playlist::connectHandlers()
 {
-    connect(&Picture1, &PictureBox::Click, this, &Playlist::Picture1_Click);
+    connect(&Picture1, &Label::Click, this, &Playlist::Picture1_Click);
     connect(&List1, &ListBox::Click, this, &Playlist::List1_Click);
     connect(&List1, &ListBox::DblClick, this, &Playlist::List1_DblClick);
     connect(&List1, &ListBox::KeyDown, this, &Playlist::List1_KeyDown);

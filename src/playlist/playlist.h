@@ -10,7 +10,6 @@
 #include "controls/drop_target.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
-#include "controls/picture_box.h"
 #include "controls/skin_window.h"
 #include "playlist/play_order.h"
 
@@ -100,10 +99,10 @@ private:
     QString m_markedFolder; // The music folder at the time of the last marking.
     bool m_awayWithMain = false;
 
-    PictureBox Picture1; // Puts the window away.
-    ListBox List1;       // The songs, as bare names; a double-click or Enter plays, Delete removes.
-    ListBox List2;       // The play times, item n of song n; scrolls and is selected along with the songs.
-    Label Label1;        // How many songs, and how long they play in all.
-    Timer Timer3;        // Once: go to the next song and play it.
-    DropTarget Drops;    // Songs of the music folder, or that folder itself: they come in where they are dropped.
+    Label Picture1;   // Puts the window away.
+    ListBox List1;    // The songs, as bare names; a double-click or Enter plays, Delete removes.
+    ListBox List2;    // The play times, item n of song n; scrolls and is selected along with the songs.
+    Label Label1;     // How many songs, and how long they play in all.
+    Timer Timer3;     // Once: go to the next song and play it.
+    DropTarget Drops; // Songs of the music folder, or that folder itself: they come in where they are dropped.
 };

@@ -27,6 +27,7 @@ namespace
 {
 constexpr int frameMs = 300;
 constexpr int barCaptionPixels = 12;
+constexpr int closePixels = 11; // In every window.
 
 ControlSetup frameSetup(int frame)
 {
@@ -97,7 +98,7 @@ void ToolBar::showEvent(QShowEvent *event)
 void ToolBar::prepareForFirstLook()
 {
     for (Label *label : {&Label2, &Label1, &Label3})
-        label->setFont(fonts::font(fonts::Face::Arial, barCaptionPixels));
+        label->setFont(fonts::font(fonts::Face::Arial, label == &Label2 ? closePixels : barCaptionPixels));
     Label1.setAlignment(Qt::AlignCenter);
     File1.setFocusPolicy(Qt::TabFocus);
     Picture2.showPictureOf(Picture3.at(static_cast<std::size_t>(m_frame)));
