@@ -23,6 +23,8 @@ void renew(QWidget &widget)
 {
     if (widget.testAttribute(Qt::WA_SetFont))
         widget.setFont(fonts::inSkin(widget.font()));
+    if (widget.inherits("QTipLabel")) // Has a palette of its own.
+        widget.setPalette(QToolTip::palette());
     QEvent change(QEvent::StyleChange);
     QCoreApplication::sendEvent(&widget, &change);
     widget.update();
