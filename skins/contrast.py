@@ -21,7 +21,7 @@ PAIRS = [
     ("accentLight", "listBackground"),
 ]
 # The size of drawn lettering and how wide a letter is about, with the space after it.
-LETTERING = {"title": (11, 10), "brand": (17, 10), "legend": (10, 8), "word": (11, 6)}
+LETTERING = {"title": (11, 10), "brand": (17, 10), "legend": (10, 8)}
 
 cached_luminance = cache(luminance)
 
@@ -76,7 +76,7 @@ def lettering(root):
             continue  # Drawn by a skin for itself.
         size, step = LETTERING[look]
         width = len(text.text) * step
-        end = {"end": width, None: 0}.get(text.get("text-anchor"), 0) if look != "word" else width // 2
+        end = {"end": width, None: 0}.get(text.get("text-anchor"), 0)
         left, top = int(text.get("x")) - end - RIM, int(text.get("y")) - size - RIM
         found.append((f'"{text.text}"', colour, (left, top, width + 2 * RIM, size + 2 + 2 * RIM)))
     return found

@@ -11,6 +11,7 @@
 #include <QLoggingCategory>
 
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -18,8 +19,9 @@ namespace
 {
 struct PictureFile {
     const char *name;
-    const char *format; // And ending.
-    QSize size;         // In logical pixels.
+    const char *format;           // And ending.
+    QSize size;                   // In logical pixels.
+    const char *atRest = nullptr; // Of a key's other states: what stands in where the skin has only that.
 };
 
 constexpr QSize roundKey = places::Mp3Frm::bStop.size();
@@ -38,21 +40,21 @@ constexpr std::array<PictureFile, static_cast<std::size_t>(Picture::Count)> file
     {"About", "jpg", places::About::window},
     {"frmNoTag", "jpg", places::TagEdit::frmNoTag.size()},
     {"bPlay", "png", playKey},
-    {"bPlay-hover", "png", playKey},
-    {"bPlay-pressed", "png", playKey},
+    {"bPlay-hover", "png", playKey, "bPlay"},
+    {"bPlay-pressed", "png", playKey, "bPlay"},
     {"bPause", "png", roundKey},
-    {"bPause-hover", "png", roundKey},
-    {"bPause-pressed", "png", roundKey},
-    {"bPause-on", "png", roundKey},
+    {"bPause-hover", "png", roundKey, "bPause"},
+    {"bPause-pressed", "png", roundKey, "bPause"},
+    {"bPause-on", "png", roundKey, "bPause"},
     {"bStop", "png", roundKey},
-    {"bStop-hover", "png", roundKey},
-    {"bStop-pressed", "png", roundKey},
+    {"bStop-hover", "png", roundKey, "bStop"},
+    {"bStop-pressed", "png", roundKey, "bStop"},
     {"bPrev", "png", roundKey},
-    {"bPrev-hover", "png", roundKey},
-    {"bPrev-pressed", "png", roundKey},
+    {"bPrev-hover", "png", roundKey, "bPrev"},
+    {"bPrev-pressed", "png", roundKey, "bPrev"},
     {"bNext", "png", roundKey},
-    {"bNext-hover", "png", roundKey},
-    {"bNext-pressed", "png", roundKey},
+    {"bNext-hover", "png", roundKey, "bNext"},
+    {"bNext-pressed", "png", roundKey, "bNext"},
     {"Picture3-0", "png", reel},
     {"Picture3-1", "png", reel},
     {"Picture3-2", "png", reel},
@@ -82,24 +84,33 @@ struct Drawing {
     int density = 1;
 };
 
-// The folder of the skin that each picture was found in, or is to be looked for from.
-struct Finds {
-    std::array<qsizetype, files.size()> folders = {};
-    int skin = 0;
+// Where in the skin a picture was found, or is to be looked for from; and what was found there.
+struct Find {
+    qsizetype folder = 0;
+    QString name;
 };
 
-qsizetype &folderOf(Picture which)
+Find &findOf(Picture which)
 {
-    static Finds finds;
-    if (finds.skin != skinNumber())
-        finds = {{}, skinNumber()};
-    return finds.folders.at(static_cast<std::size_t>(which));
+    static std::array<Find, files.size()> finds;
+    static int skin = 0;
+    if (std::exchange(skin, skinNumber()) != skinNumber())
+        finds = {};
+    return finds.at(static_cast<std::size_t>(which));
 }
 
-QString nameOf(const PictureFile &file, int density)
+// One that the skin has from those it is based on is told with their folder's name.
+void complainOf(const QString &name, qsizetype folder, const QString &fault)
+{
+    const Skin &skin = currentSkin();
+    const QString owner = folder == 0 ? QString() : QFileInfo(skin.folders.value(folder)).fileName() + u'/';
+    complain(skin.title, u"%1%2 %3; it is not shown"_s.arg(owner, name, fault));
+}
+
+QString nameOf(const char *name, const PictureFile &file, int density)
 {
     const QString sharper = density == 2 ? u"@2x"_s : QString();
-    return QLatin1StringView(file.name) + sharper + u'.' + QLatin1StringView(file.format);
+    return QLatin1StringView(name) + sharper + u'.' + QLatin1StringView(file.format);
 }
 
 QString inPixels(QSize size)
@@ -134,10 +145,9 @@ QImage decode(QByteArray bytes, const PictureFile &file, QSize wanted, QString &
     return fault.isEmpty() ? image : QImage();
 }
 
-Drawing load(const QString &folder, const PictureFile &file, int density)
+Drawing load(qsizetype folder, const QString &name, const PictureFile &file, int density)
 {
-    const QString name = nameOf(file, density);
-    const QFileInfo entry(folder + u'/' + name);
+    const QFileInfo entry(currentSkin().folders.value(folder) + u'/' + name);
     QFile source(entry.filePath());
     QString fault;
     if (!entry.exists())
@@ -152,18 +162,23 @@ Drawing load(const QString &folder, const PictureFile &file, int density)
     else
         drawing.image = decode(source.read(longest), file, size, fault);
     if (!fault.isEmpty())
-        complain(currentSkin().title, u"%1 %2; it is not shown"_s.arg(name, fault));
+        complainOf(name, folder, fault);
     return drawing;
 }
 
-// The wanted density before the other one, but before everything the first folder that has either.
+// The first folder that has it at any density, the wanted one before the other; or that has at least the key at rest.
 Drawing find(Picture which, int density)
 {
-    const QStringList &folders = currentSkin().folders;
-    for (qsizetype &at = folderOf(which); at < folders.size(); ++at) {
-        for (const int tried : {density, 3 - density}) {
-            if (Drawing drawing = load(folders[at], fileOf(which), tried); !drawing.image.isNull())
-                return drawing;
+    const PictureFile &file = fileOf(which);
+    Find &at = findOf(which);
+    for (; at.folder < currentSkin().folders.size(); ++at.folder) {
+        for (const char *name : {file.name, file.atRest}) {
+            for (const int tried : {density, 3 - density}) {
+                at.name = name ? nameOf(name, file, tried) : QString();
+                Drawing drawing = name ? load(at.folder, at.name, file, tried) : Drawing();
+                if (!drawing.image.isNull())
+                    return drawing;
+            }
         }
     }
     return {};
@@ -182,7 +197,7 @@ QStringList pictureFileNames()
 {
     QStringList names;
     for (const PictureFile &file : files)
-        names += {nameOf(file, 1), nameOf(file, 2)};
+        names += {nameOf(file.name, file, 1), nameOf(file.name, file, 2)};
     return names;
 }
 
@@ -209,8 +224,9 @@ void checkPictures()
 
 void refusePicture(Picture which, const QString &why)
 {
-    complain(currentSkin().title, u"%1 %2; it is not shown"_s.arg(nameOf(fileOf(which), 1), why));
-    ++folderOf(which);
+    Find &refused = findOf(which);
+    complainOf(refused.name, refused.folder, why);
+    ++refused.folder;
 }
 
 bool KeptPicture::keep(qreal devicePixelRatio)

@@ -182,8 +182,10 @@ void paintFocusRing(QPainter &painter, const QRect &place, Ring ring, bool isCho
     const bool isLost =
         isChosen && contrast(skinColour(Colour::focusRing).rgb(), skinColour(Colour::selection).rgb()) < leastContrast;
     painter.setPen(QPen(skinColour(isLost ? Colour::selectionText : Colour::focusRing), width));
+    const int inset = isLost ? 2 : 0; // Inside the bar, whose colour it stands out from.
     painter.setBrush(Qt::NoBrush);
-    const QRectF middle = QRectF(place).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    const double edge = inset + width / 2;
+    const QRectF middle = QRectF(place).adjusted(edge, edge, -edge, -edge);
     if (ring == Ring::Round)
         painter.drawEllipse(middle);
     else

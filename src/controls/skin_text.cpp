@@ -130,10 +130,12 @@ void makeSeen(Skin &skin, const Skin &before, const std::function<void(const QSt
         const double ratio = contrastOn(skin, pair, colour);
         if (ratio >= pair.least)
             continue;
-        const QRgb shown = colourThatIsSeen(skin, pair.colour, before.colours.at(indexOf(pair.colour)));
-        fault(u"%1=%2 can hardly be seen on %3 (%4 to 1); %5 is shown"_s.arg(
-            colourName(pair.colour), inHex(colour), colourName(pair.ground), QString::number(ratio, 'f', 1),
-            inHex(shown)));
+        const QRgb inherited = before.colours.at(indexOf(pair.colour));
+        const QRgb shown = colourThatIsSeen(skin, pair.colour, inherited);
+        if (colour != inherited) // Else only the ground is the skin's own, and the colour goes along.
+            fault(u"%1=%2 can hardly be seen on %3 (%4 to 1); %5 is shown"_s.arg(
+                colourName(pair.colour), inHex(colour), colourName(pair.ground), QString::number(ratio, 'f', 1),
+                inHex(shown)));
         colour = shown;
     }
 }

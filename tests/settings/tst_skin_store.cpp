@@ -106,7 +106,7 @@ private Q_SLOTS:
         row("a misspelt name", "captoin=#ffee00", "#f4ead8", "there is no colour named captoin");
         row("on its own colour", "caption=#2c2e31", "#f4ead8", "caption=#2c2e31 can hardly be seen on graphite");
         row("just too near", "caption=#6e6e6e", "#f4ead8", "caption=#6e6e6e can hardly be seen on graphite");
-        row("another ground", "graphite=#f4ead8\nface=#ffffff", "#000000", "caption=#f4ead8 can hardly be seen");
+        row("another ground", "graphite=#f4ead8\nface=#ffffff", "#000000");
         row("grounds apart", "graphite=#ffffff\nface=#000000\ncaption=#ffffff", "#767676", "caption=#ffffff can");
         row("a text of bytes", "caption=\xFF\xFE\x01", "#f4ead8", "caption=");
     }
@@ -168,6 +168,16 @@ private Q_SLOTS:
         QCOMPARE(shown.window.skinColourAt({3, 40}).rgb() == usual, !fault.isEmpty());
     }
 
+    void aKeyAtRestStandsInForItsOtherStates()
+    {
+        const Home home;
+        home.add(u"mine"_s, u"skin.ini"_s, {});
+        home.add(u"mine"_s, u"bStop.png"_s, shippedPicture(u"../enamel/bStop.png"_s));
+        Home::wear(u"mine"_s);
+        QCOMPARE(pictureImage(Picture::StopHover), pictureImage(Picture::Stop));
+        QVERIFY(pictureImage(Picture::NextHover) != pictureImage(Picture::Next));
+    }
+
     // No pipe, device or folder is waited for or taken for a picture.
     void whatIsNoFileIsNoPicture()
     {
@@ -189,7 +199,8 @@ private Q_SLOTS:
         const Home home;
         home.add(u"paper"_s, u"skin.ini"_s,
                  "[Colours]\ngraphite=#ffffff\nface=#eeeeee\ncaption=#101010\ncaptionDim=#303030\n");
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"skin \"paper\": SongSearch.jpg leaves Label1"_s));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"skin \"paper\": graphite/SongSearch.jpg leaves Label1"_s));
         Home::wear(u"paper"_s);
         Window shown;
         QCOMPARE(shown.corner(), qRgb(255, 255, 255));
