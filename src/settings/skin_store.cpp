@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -134,10 +135,10 @@ Skin readSkin(const SkinPlace &place)
 {
     Skin skin = firstSkin();
     const QList<SkinPlace> chain = withBases(place);
-    for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
-        const QString title = at->title;
-        readSkinText(skin, skinText(at->folder, title), [&](const QString &fault) { complain(title, fault); });
-        skin.folders.prepend(at->folder);
+    for (const SkinPlace &at : std::ranges::reverse_view(chain)) {
+        const auto tell = [&at](const QString &fault) { complain(at.title, fault); };
+        readSkinText(skin, skinText(at.folder, at.title), tell);
+        skin.folders.prepend(at.folder);
     }
     skin.name = place.name;
     skin.title = place.title;
