@@ -124,6 +124,8 @@ void frmOptions::takeColours()
 
 void frmOptions::skinChanged()
 {
+    if (!m_pickedSkin.isEmpty())
+        m_pickedSkin = currentSkin().name; // One that was dropped since then counts.
     if (m_coloured)
         takeColours();
     if (isVisible())

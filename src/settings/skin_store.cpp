@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/folders.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -19,7 +20,16 @@ namespace
 {
 constexpr qsizetype mostBases = 8;
 
-// The text of a skin's file; "" where it has none or it cannot be read, of which the skin's title is told.
+// Without the characters that a terminal would obey, and those of a torn file.
+QString plainText(QByteArrayView bytes)
+{
+    const auto isObeyed = [](QChar character) {
+        return character.category() == QChar::Other_Control && !character.isSpace();
+    };
+    return decodeTextFile(bytes).removeIf(isObeyed);
+}
+
+// The text of a skin's file; "" where it has none or it cannot be read, which is complained of where a title is given.
 QString skinText(const QString &folder, const QString &title)
 {
     const QString path = folder + u'/' + skinFileName;
@@ -28,16 +38,15 @@ QString skinText(const QString &folder, const QString &title)
     const auto file = ByteFile::open(programPath(path), ByteFile::Access::Read);
     const bool isText = file && file->length() <= longestSkinText;
     const auto bytes = isText ? file->readAt(0, file->length()) : std::nullopt;
-    if (!bytes)
+    if (!bytes && !title.isEmpty())
         complain(title, u"%1 cannot be read"_s.arg(skinFileName));
-    return decodeTextFile(bytes.value_or(QByteArray()));
+    return plainText(bytes.value_or(QByteArray()));
 }
 
 SkinPlace placeOf(const QString &name, const QString &folder)
 {
-    const QString nameOfFolder = QFileInfo(folder).fileName();
-    const QString title = titleInText(skinText(folder, nameOfFolder));
-    return {name, title.isEmpty() ? nameOfFolder : title, folder};
+    const QString title = titleInText(skinText(folder, {})); // Only what is worn is complained of.
+    return {name, title.isEmpty() ? QFileInfo(folder).fileName() : title, folder};
 }
 
 bool isSkin(const QString &folder)
@@ -125,7 +134,7 @@ std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
 {
     if (auto skin = skinNamed(nameOrFolder))
         return skin;
-    const QFileInfo folder(nameOrFolder);
+    const QFileInfo folder(QDir::cleanPath(nameOrFolder)); // Without a slash at its end.
     if (nameOrFolder.isEmpty() || !folder.isDir())
         return std::nullopt;
     return placeOf(folder.absoluteFilePath(), folder.absoluteFilePath());
@@ -159,7 +168,7 @@ Skin skinAtStart(const QString &wanted)
 
 QString chosenSkin()
 {
-    return decodeTextFile(loadFile(paths::chosenSkinFile, longestSkinText).bytes).trimmed();
+    return plainText(loadFile(paths::chosenSkinFile, longestSkinText).bytes).trimmed();
 }
 
 void keepChosenSkin(const QString &name)

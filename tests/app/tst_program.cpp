@@ -391,9 +391,12 @@ private Q_SLOTS:
         const QUrl skin(fileUri(other.path(u"mine"_s)));
         Stand stand;
         stand.window.show();
+        stand.chooseInMain(u"Options"_s);
+        Q_EMIT control<ComboBox>(skinWindow(u"frmOptions"_s), u"cboSkin"_s).activated(1);
         MsgBox::answerFromNowOn({MsgBox::Answer::No, MsgBox::Answer::Yes});
         QCOMPARE(stand.drop(stand.window, {skin, QUrl(fileUri(m_folder->path()))}, {9, 9}), Qt::CopyAction);
         QCOMPARE(currentSkin().title, u"Mine"_s);
+        control<Label>(skinWindow(u"frmOptions"_s), u"Label1"_s).press();
         QCOMPARE(chosenSkin(), u"mine"_s);
         QCOMPARE(stand.window.File1.Path(), m_folder->path());
         other.makeFile(u"mine/skin.ini"_s, "[Skin]\nName=Newer\n[Colours]\naccent=blue\ncaption=#303030");
