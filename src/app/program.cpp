@@ -6,6 +6,7 @@
 #include "base/names.h"
 #include "controls/msg_box.h"
 #include "controls/pictures.h"
+#include "controls/skin.h"
 #include "controls/skin_window.h"
 #include "controls/wear_skin.h"
 #include "platform/drives.h"
@@ -234,8 +235,8 @@ void Program::wear(const QString &skin)
     forgetComplaints();
     const auto place = findSkin(skin);
     if (!place)
-        return;
-    wearSkin(readSkin(*place));
+        complain(skin, u"it is not there any more"_s);
+    wearSkin(place ? readSkin(*place) : currentSkin()); // The options show which one it is.
     m_trayPicture = {};
     m_trayIcon.renewIcon();
 }
