@@ -17,7 +17,7 @@ private Q_SLOTS:
     void argumentsAreSorted_data()
     {
         QTest::addColumn<QByteArray>("arguments");
-        QTest::addColumn<QByteArray>("outcome"); // The action, the files, the toolkit's own.
+        QTest::addColumn<QByteArray>("outcome"); // The action, the files, the toolkit's own, the skin.
         const auto row = [](const char *name, const char *arguments, const char *outcome) {
             QTest::newRow(name) << QByteArray(arguments) << QByteArray(outcome);
         };
@@ -36,7 +36,8 @@ private Q_SLOTS:
         row("no service", "-x|--service", "refuse  ");
         row("toolkit", "-platform|--help|a|--style=x|-reverse|-icon",
             "play a -platform|--help|--style=x|-reverse|-icon");
-        row("skin", "--skin|dark red|a|--skin=b", "play a ");
+        row("skin", "--skin|dark red|a", "play a  in dark red");
+        row("skin beside its option", "--skin=b", "play   in b");
         row("no skin", "a|--skin", "refuse a ");
         row("an empty skin", "--skin=|a", "refuse a ");
         row("skins", "-x|--skins", "skins  ");
@@ -57,7 +58,9 @@ private Q_SLOTS:
         const std::map<Action, QByteArray> actions = {{Action::Play, "play"},           {Action::Serve, "serve"},
                                                       {Action::Refuse, "refuse"},       {Action::ShowHelp, "help"},
                                                       {Action::ShowVersion, "version"}, {Action::ListSkins, "skins"}};
-        QTEST(actions.at(options.action) + ' ' + options.file.value_or("") + ' ' + toolkit.mid(1).join('|'), "outcome");
+        const QByteArray skin = options.skin.isEmpty() ? "" : " in " + options.skin;
+        QTEST(actions.at(options.action) + ' ' + options.file.value_or("") + ' ' + toolkit.mid(1).join('|') + skin,
+              "outcome");
     }
 };
 

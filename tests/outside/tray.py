@@ -50,8 +50,8 @@ def ask_icon(face, method, words):
     return bus.call_sync(items[-1], "/StatusNotifierItem", face, method, words, None, Gio.DBusCallFlags.NONE, -1, None)
 
 
-def picture():
-    return str(ask_icon("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (ITEM, "IconPixmap"))))
+def fact(name):
+    return str(ask_icon("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (ITEM, name))))
 
 
 def keys(*names):
@@ -91,13 +91,15 @@ wait("a window in the new tray", lambda: window_is(None))
 ask_icon(ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
 wait("the window from the tray", lambda: window_is("Normal"))
 window.press("Next song")
-wait("the song in the icon's tip", lambda: NAMES[0].removesuffix(".mp3") in str(
-    ask_icon("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (ITEM, "ToolTip")))))
+wait("the song in the icon's tip", lambda: NAMES[0].removesuffix(".mp3") in fact("ToolTip"))
 restore()
-before = picture()
+before = fact("IconPixmap")
 keys("Menu", "Down", "Down", "Down", "Down", "Return")  # The options.
 wait("the keyboard in the options", lambda: has(option("Translucency"), "FOCUSED"))
 keys("Tab", "Tab", "Tab", "Tab", "Down")
-wait("its icon in the tray", lambda: picture() != before)
+wait("its icon in the tray", lambda: fact("IconPixmap") != before)
+window.press("Next song")
+wait("the next song in the icon's tip", lambda: NAMES[1].removesuffix(".mp3") in fact("ToolTip"))
+assert fact("IconPixmap") != before
 window.press("Exit")
 window.wait_for_end()

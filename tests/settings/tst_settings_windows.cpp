@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The options window, the folder browser and the tray icon, as a user meets them.
+#include "controls/wear_skin.h"
 #include "platform/desktop.h"
 #include "platform/folders.h"
 #include "settings/frm_options.h"
@@ -104,6 +105,36 @@ private Q_SLOTS:
         }
         QCOMPARE(applied, (QList<QVariantList>{{true}, {false}}));
         QCOMPARE(readSetting(Setting::ToolTipData) + readSetting(Setting::Browse4Dialog), u"10"_s);
+    }
+
+    void aPickedSkinIsWornAtOnceAndKeptByOk()
+    {
+        removeFile(paths::chosenSkinFile);
+        frmOptions options;
+        connect(&options, &frmOptions::skinPicked, this, [](const QString &name) {
+            wearSkin(readSkin({name, {}, skinsFolder() + u'/' + name}));
+        });
+        auto &check = control<CheckBox>(options, u"Check1"_s);
+        auto &skins = control<ComboBox>(options, u"cboSkin"_s);
+        auto &ok = control<Label>(options, u"Label1"_s);
+        options.show();
+        ok.press();
+        QVERIFY(!FileExists(paths::chosenSkinFile)); // None was picked.
+        options.show();
+        QTest::keyClick(&skins, Qt::Key_Down);
+        QCOMPARE(check.grab().toImage().pixelColor(check.rect().bottomRight()), options.skinColourAt({50, 50}));
+        QTest::keyClick(&skins, Qt::Key_Down);
+        QCOMPARE(currentSkin().name, u"contrast"_s);
+        QVERIFY(!FileExists(paths::chosenSkinFile));
+        ok.press();
+        QCOMPARE(chosenSkin(), u"contrast"_s);
+        options.show();
+        wearSkin({u"/elsewhere"_s, u"Of this run"_s, {u"/elsewhere"_s}, firstSkin().colours, {}});
+        QString titles;
+        for (int i = 0; i < skins.ListCount(); ++i)
+            titles += skins.List(i) + (i == skins.ListIndex() ? u". "_s : u", "_s);
+        QCOMPARE(titles, u"Graphite, Enamel, High Contrast, Of this run. "_s);
+        wearSkin(firstSkin());
     }
 
     void escapeStoresNothing()

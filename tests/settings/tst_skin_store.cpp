@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Skins by anybody: whatever a skin.ini says and whatever its pictures are, the player stays usable and tells in a line
 // what it does not show.
+#include "controls/fields.h"
 #include "controls/fonts.h"
+#include "controls/frame.h"
 #include "controls/label.h"
+#include "controls/list_box.h"
 #include "controls/skin_style.h"
 #include "controls/skin_text.h"
 #include "controls/skin_window.h"
@@ -14,6 +17,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QPainter>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -72,13 +76,25 @@ struct Home {
     TestFolder folder;
 };
 
-// A window with a text on its picture, and what stands in a corner of it.
+// A window with a text on its picture, in a part of it.
 struct Window {
-    QRgb corner() { return window.grab().toImage().pixel(3, 40); }
+    QRgb pixel(const QPoint &place) { return window.grab().toImage().pixel(place); }
+    QRgb corner() { return pixel({3, 40}); }
 
     SkinWindow window{u"SongSearch"_s, u"Window"_s, Picture::SongSearchSkin, places::SongSearch::window};
-    Label text{&window, {u"Label1"_s, u"A text"_s, places::SongSearch::Label1}, u"Close"_s};
+    Frame part{&window, {u"Part"_s, u"A part"_s, places::SongSearch::Label1}, {}};
+    Label text{&part, part.inside({u"Label1"_s, u"A text"_s, places::SongSearch::Label1}), u"Close"_s};
 };
+
+bool shows(QWidget &widget, const QColor &colour)
+{
+    const QImage image = widget.grab().toImage();
+    for (int at = 0; at < image.width() * image.height(); ++at) {
+        if (image.pixelColor(at % image.width(), at / image.width()) == colour)
+            return true;
+    }
+    return false;
+}
 } // namespace
 
 class SkinStoreTest : public QObject
@@ -86,7 +102,11 @@ class SkinStoreTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QApplication::setStyle(new SkinStyle); }
+    void initTestCase()
+    {
+        QApplication::setStyle(new SkinStyle);
+        QApplication::setFont(fonts::font(fonts::Face::Arial, 13));
+    }
 
     void coloursAreReadOrToldAndLeft_data()
     {
@@ -104,11 +124,14 @@ private Q_SLOTS:
         row("a sign", "caption=#+fffee", "#f4ead8", "caption=#+fffee is no colour");
         row("clear", "caption=#ffee0000", "#f4ead8", "caption=#ffee0000 is no colour");
         row("a misspelt name", "captoin=#ffee00", "#f4ead8", "there is no colour named captoin");
-        row("on its own colour", "caption=#2c2e31", "#f4ead8", "caption=#2c2e31 can hardly be seen on graphite");
         row("just too near", "caption=#6e6e6e", "#f4ead8", "caption=#6e6e6e can hardly be seen on graphite");
         row("another ground", "graphite=#f4ead8\nface=#ffffff", "#000000");
         row("grounds apart", "graphite=#ffffff\nface=#000000\ncaption=#ffffff", "#767676", "caption=#ffffff can");
-        row("a text of bytes", "caption=\xFF\xFE\x01", "#f4ead8", "caption=");
+        row("a field", "wellBackground=#e9dfcb\nlistText=#e9dfcc", "#f4ead8",
+            "listText=#e9dfcc can hardly be seen on wellBackground");
+        row("a chosen row", "selectionText=#a00000", "#f4ead8", "selectionText=#a00000 can hardly be seen");
+        row("a tick", "accentText=#a00000", "#f4ead8", "accentText=#a00000 can hardly be seen on accent");
+        row("the focus", "focusRing=#3a3c40", "#f4ead8", "focusRing=#3a3c40 can hardly be seen on graphite");
     }
 
     void coloursAreReadOrToldAndLeft()
@@ -146,6 +169,7 @@ private Q_SLOTS:
                               << u"has 8388609 bytes, which are too many"_s;
         QTest::newRow("light under light texts")
             << u"SongSearch.jpg"_s << light << u"leaves Label1, in the colour caption, hardly readable"_s;
+        QTest::newRow("light under a plate") << u"SongSearch.jpg"_s << light << QString();
     }
 
     void picturesAreShownOrToldAndLeft()
@@ -164,8 +188,15 @@ private Q_SLOTS:
             QTest::ignoreMessage(QtWarningMsg,
                                  QRegularExpression(u"skin \"Mine\": %1 %2.*; it is not shown"_s.arg(file, fault)));
         Window shown;
-        QCOMPARE(shown.corner() == usual, !fault.isEmpty());
+        if (QByteArrayView(QTest::currentDataTag()).endsWith("plate"))
+            shown.part.setPlate(); // With a ground of its own.
         QCOMPARE(shown.window.skinColourAt({3, 40}).rgb() == usual, !fault.isEmpty());
+        QCOMPARE(shown.corner() == usual, !fault.isEmpty());
+        Home::wear(u"mine"_s);
+        QCOMPARE(shown.corner() == usual, !fault.isEmpty());
+        QCOMPARE(complaints().size(), fault.isEmpty() ? 0 : 1);
+        Home::wear(u"graphite"_s);
+        QCOMPARE(shown.corner(), usual);
     }
 
     void aKeyAtRestStandsInForItsOtherStates()
@@ -183,7 +214,8 @@ private Q_SLOTS:
     {
         const Home home;
         const QRgb usual = Window().corner();
-        home.add(u"mine"_s, u"skin.ini"_s, {});
+        home.add(u"mine"_s, u"skin.ini"_s, QByteArray(65537, ' '));
+        QTest::ignoreMessage(QtWarningMsg, "skin \"mine\": skin.ini cannot be read");
         const QByteArray pipe = QFile::encodeName(home.folder.hostPath() + u"/skins/mine/SongSearch.jpg"_s);
         QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
         QVERIFY(QFile::link(u"/dev/zero"_s, home.folder.hostPath() + u"/skins/mine/SongSearch@2x.jpg"_s));
@@ -198,22 +230,35 @@ private Q_SLOTS:
     {
         const Home home;
         home.add(u"paper"_s, u"skin.ini"_s,
-                 "[Colours]\ngraphite=#ffffff\nface=#eeeeee\ncaption=#101010\ncaptionDim=#303030\n");
+                 "[Colours]\ngraphite=#ffffff\nface=#eeeeee\ncaption=#101010\ncaptionDim=#303030\nfocusRing=#af0000");
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression(u"skin \"paper\": graphite/SongSearch.jpg leaves Label1"_s));
         Home::wear(u"paper"_s);
         Window shown;
+        const QPoint place = places::SongSearch::Label1.topLeft();
         QCOMPARE(shown.corner(), qRgb(255, 255, 255));
+        QCOMPARE(shown.pixel(place), qRgb(255, 255, 255));
+        shown.text.setButton(true);
+        QVERIFY(shown.pixel(place + QPoint(3, 9)) != qRgb(255, 255, 255));
         shown.text.setColour(Colour::displayText);
-        QCOMPARE(shown.window.grab().toImage().pixel(places::SongSearch::Label1.topLeft()),
-                 colourOf(currentSkin(), Colour::displayBackground));
+        QCOMPARE(shown.pixel(place), colourOf(currentSkin(), Colour::displayBackground));
+        shown.part.setPicture(Picture::NoTagFrame);
+        shown.text.setColour(Colour::caption);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"skin \"paper\": graphite/frmNoTag.jpg leaves Label1"_s));
+        QCOMPARE(shown.corner(), qRgb(255, 255, 255));
+        QImage row(20, 20, QImage::Format_RGB32);
+        QPainter painter(&row); // A ring in the colour of the row would be lost there.
+        paintFocusRing(painter, row.rect(), Ring::Plain, true);
+        QCOMPARE(row.pixel(3, 10), colourOf(currentSkin(), Colour::selectionText));
     }
 
     void aSkinTakesWhatItLacksFromItsBase()
     {
         const Home home;
         home.add(u"below"_s, u"skin.ini"_s, "[Skin]\nName=Below\n[Colours]\nlistText=#ffeedd\n[Fonts]\nHand=Hack");
-        home.add(u"above"_s, u"skin.ini"_s, "[Skin]\nName=Above\nBasedOn=below\n[Colours]\ncaption=#ffffff");
+        home.add(u"above"_s, u"skin.ini"_s,
+                 "[Skin]\nName=Above\nBasedOn=below\n[Colours]\ncaption=#ffffff\nkeyHover=#11223344");
         const Skin skin = readSkin(*findSkin(u"ABOVE"_s));
         QCOMPARE(skin.title, u"Above"_s);
         QCOMPARE(colourOf(skin, Colour::caption), qRgb(255, 255, 255));
@@ -222,6 +267,7 @@ private Q_SLOTS:
         QCOMPARE(skin.folders.size(), 3);
         QVERIFY(skin.folders[0].endsWith(u"/skins/above"_s) && skin.folders[1].endsWith(u"/skins/below"_s));
         wearSkin(skin);
+        QCOMPARE(skinColour(Colour::keyHover), QColor(0x11, 0x22, 0x33, 0x44));
         QCOMPARE(fonts::font(fonts::Face::ComicSansMs, 13).families().value(0), u"Hack"_s);
     }
 
@@ -230,13 +276,14 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("base");
         QTest::newRow("missing") << QByteArray("nobody");
         QTest::newRow("itself") << QByteArray("mine");
-        QTest::newRow("a path") << QByteArray("../skins/mine");
+        QTest::newRow("a path") << QByteArray("../skins/below");
     }
 
     void aBaseThatIsNotThereIsTold()
     {
         QFETCH(QByteArray, base);
         const Home home;
+        home.add(u"below"_s, u"skin.ini"_s, {});
         home.add(u"mine"_s, u"skin.ini"_s, "[Skin]\nBasedOn=" + base + "\n[Colours]\ncaption=#ffffff");
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"skin \"mine\": there is no skin .* to base it on"_s));
         const Skin skin = readSkin(*findSkin(u"mine"_s));
@@ -247,12 +294,17 @@ private Q_SLOTS:
     void theChosenSkinIsWornAtTheStart()
     {
         const Home home;
+        const qsizetype shipped = skinsThere().size();
         QCOMPARE(skinAtStart({}).name, u"graphite"_s);
         keepChosenSkin(u"enamel"_s);
         QCOMPARE(skinAtStart({}).title, u"Enamel"_s);
         QCOMPARE(skinAtStart(u"High contrast"_s).name, u"contrast"_s);
         home.add(u"enamel"_s, u"skin.ini"_s, "[Skin]\nName=Not this one");
         QCOMPARE(skinAtStart({}).title, u"Enamel"_s);
+        QCOMPARE(skinsThere().size(), shipped);
+        qputenv("KIV_MP3_SKINS", "/");
+        QCOMPARE(skinAtStart({}).name, u"graphite"_s);
+        qunsetenv("KIV_MP3_SKINS");
         home.add(u"mine"_s, u"skin.ini"_s, {});
         const QString folder = home.folder.hostPath() + u"/skins/mine"_s;
         QCOMPARE(skinAtStart(folder + u'/').folders.value(0), folder);
@@ -266,16 +318,25 @@ private Q_SLOTS:
     void whatIsOpenWearsTheNewSkin()
     {
         const Home home;
-        home.add(u"mine"_s, u"skin.ini"_s, "[Colours]\ngraphite=#000080\n[Fonts]\nSmall=Hack");
+        home.add(u"mine"_s, u"skin.ini"_s,
+                 "[Colours]\ngraphite=#000080\ncaption=#00ff00\ndisplayText=#ffff00\n"
+                 "listBackground=#200000\n[Fonts]\nSmall=Hack\nText=Hack");
         Window shown;
+        TextBox time(&shown.window, {u"Text1"_s, u"Time"_s, {0, 0, 60, 20}});
+        time.setDisplayOnly();
+        time.setText(u"lll"_s);
+        ListBox list(&shown.window, {u"List1"_s, u"A list"_s, {0, 20, 60, 60}});
         shown.text.setFont(fonts::font(fonts::Face::SmallFonts, 11));
         QMenu menu;
         menu.addAction(u"a command"_s);
         menu.popup({0, 0});
         Home::wear(u"mine"_s);
+        QCoreApplication::processEvents();
         QCOMPARE(shown.text.font().families().value(0), u"Hack"_s);
         QCOMPARE(shown.text.font().pixelSize(), 11);
         QCOMPARE(menu.grab().toImage().pixel(menu.width() - 4, menu.height() / 2), qRgb(0, 0, 128));
+        QVERIFY(shows(menu, {0, 255, 0}) && shows(time, {255, 255, 0}) && shows(list, {32, 0, 0}));
+        QCOMPARE(menu.font().families().value(0), u"Hack"_s);
         Home::wear(u"graphite"_s);
         QCOMPARE(shown.text.font().families().value(0), u"Small Fonts"_s);
     }
