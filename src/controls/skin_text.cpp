@@ -54,13 +54,17 @@ QString inHex(QRgb colour)
     return QColor::fromRgb(colour).name();
 }
 
+bool isHexDigit(QChar character)
+{
+    return (character >= u'0' && character <= u'9') || (character.toLower() >= u'a' && character.toLower() <= u'f');
+}
+
 // "#rrggbb", or "#rrggbbaa" for what is laid over something else.
 std::optional<QRgb> colourIn(const QString &text, bool hasOpacity)
 {
     const QString digits = text.mid(1);
-    bool isNumber = false;
-    const uint value = digits.toUInt(&isNumber, 16);
-    const bool isHex = text.startsWith(u'#') && isNumber && digits.front() != u'+';
+    const bool isHex = text.startsWith(u'#') && std::all_of(digits.begin(), digits.end(), isHexDigit);
+    const uint value = digits.toUInt(nullptr, 16);
     if (isHex && digits.size() == 6)
         return 0xFF000000 | value;
     if (isHex && digits.size() == 8 && hasOpacity)

@@ -121,7 +121,7 @@ private Q_SLOTS:
         row("a comment", ";caption=#ffee00", "#f4ead8");
         row("no colour", "caption=yellow", "#f4ead8", "caption=yellow is no colour");
         row("too short", "caption=#fff", "#f4ead8", "caption=#fff is no colour");
-        row("a sign", "caption=#+fffee", "#f4ead8", "caption=#+fffee is no colour");
+        row("signs", "caption=#0xffee", "#f4ead8", "caption=#0xffee is no colour");
         row("clear", "caption=#ffee0000", "#f4ead8", "caption=#ffee0000 is no colour");
         row("a misspelt name", "captoin=#ffee00", "#f4ead8", "there is no colour named captoin");
         row("just too near", "caption=#6e6e6e", "#f4ead8", "caption=#6e6e6e can hardly be seen on graphite");
