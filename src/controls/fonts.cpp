@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/fonts.h"
 
-#include "controls/skin.h"
-
 #include <QStringList>
 
 #include <array>
@@ -37,7 +35,8 @@ QFont fonts::font(Face face, int pixels, QFont::Weight weight)
 QFont fonts::inSkin(const QFont &font)
 {
     for (std::size_t face = 0; face < designFamilies().size(); ++face) {
-        if (font.families().mid(font.families().size() - 2) != designFamilies().at(face))
+        const QStringList &design = designFamilies().at(face);
+        if (font.families().mid(font.families().size() - design.size()) != design)
             continue;
         QFont renewed = font;
         renewed.setFamilies(familiesOf(face));

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QWidget>
 
+#include <algorithm>
 #include <vector>
 
 using namespace Qt::StringLiterals;

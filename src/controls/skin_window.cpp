@@ -48,7 +48,7 @@ QPointer<SkinWindow> &lastActiveWindow()
 } // namespace
 
 SkinWindow::SkinWindow(const QString &name, const QString &caption, Picture skin, QSize size)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), m_skin(skin), m_background(skin)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), m_background(skin)
 {
     setObjectName(name);
     setWindowTitle(caption);
@@ -64,7 +64,7 @@ void SkinWindow::renewPicture()
 QColor SkinWindow::skinColourAt(const QPoint &place)
 {
     renewPicture(); // Some may be passed over.
-    const QImage skin = pictureImage(m_skin);
+    const QImage skin = pictureImage(m_background.which());
     return skin.valid(place) ? skin.pixelColor(place) : skinColour(Colour::graphite);
 }
 

@@ -41,9 +41,6 @@ public:
     /// The skin's pixel at a place in logical pixels; the plain panel's colour without a skin.
     QColor skinColourAt(const QPoint &place);
 
-    /// Another skin is worn: for what is not simply painted anew.
-    virtual void skinChanged() {}
-
     /// Paints a part of the skin, given in the coordinates of a control at offset in the window. Nothing before the
     /// window itself has been painted.
     void paintSkin(QPainter &painter, const QRect &part, const QPoint &offset) const;
@@ -64,6 +61,9 @@ Q_SIGNALS:
     void mediaKeyPressed(int key);
 
 protected:
+    /// Another skin is worn: for what is not simply painted anew.
+    virtual void skinChanged() {}
+
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -86,8 +86,7 @@ private:
     void keepOpacity();
     void goToNextWindow() const;
 
-    Picture m_skin;
-    KeptPicture m_background;      // Loaded at the first paint, for the screen it is painted on.
+    KeptPicture m_background;      // Made at the first paint at the latest.
     QPointer<QWidget> m_lastFocus; // Where the focus was when the window was hidden.
     std::optional<Grip> m_grip;
     bool m_seen = false;

@@ -73,6 +73,12 @@ QList<SkinPlace> skinsIn(const QString &folder)
     return skins;
 }
 
+SkinPlace firstPlace()
+{
+    const Skin first = firstSkin();
+    return {first.name, first.title, first.folders.value(0)};
+}
+
 bool isFirst(const SkinPlace &place)
 {
     return place.name == firstSkin().name;
@@ -81,9 +87,8 @@ bool isFirst(const SkinPlace &place)
 // As a rule the name is a folder's, as it is spelled: then no other skin is looked at.
 std::optional<SkinPlace> skinNamed(const QString &name)
 {
-    const Skin first = firstSkin();
-    if (name == first.name)
-        return SkinPlace{first.name, first.title, first.folders.value(0)};
+    if (name == firstSkin().name)
+        return firstPlace();
     for (const QString &folder : {skinsFolder(), usersFolder()}) {
         if (const QString skin = folder + u'/' + name; !name.isEmpty() && !name.contains(u'/') && isSkin(skin))
             return placeOf(name, skin);
@@ -98,7 +103,7 @@ std::optional<SkinPlace> skinNamed(const QString &name)
     return std::nullopt;
 }
 
-// A skin and those it is based on, but for the first one. A circle ends where it closes.
+// A skin and those it is based on, but for the first one. A circle ends as a chain that is too long does.
 QList<SkinPlace> withBases(const SkinPlace &place)
 {
     QList<SkinPlace> chain;
@@ -118,8 +123,7 @@ QList<SkinPlace> withBases(const SkinPlace &place)
 
 QList<SkinPlace> skinsThere()
 {
-    const Skin first = firstSkin();
-    QList<SkinPlace> skins = {{first.name, first.title, first.folders.value(0)}};
+    QList<SkinPlace> skins = {firstPlace()};
     for (const SkinPlace &skin : skinsIn(skinsFolder()) + skinsIn(usersFolder())) {
         const auto isIt = [&skin](const SkinPlace &known) {
             return skin.name.compare(known.name, Qt::CaseInsensitive) == 0;
