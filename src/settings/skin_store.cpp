@@ -12,7 +12,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -103,12 +102,13 @@ std::optional<SkinPlace> skinNamed(const QString &name)
     return std::nullopt;
 }
 
-// A skin and those it is based on, but for the first one. A circle ends as a chain that is too long does.
+// Those that a skin is based on, the lowest first, and itself; but not the first skin. A circle ends as a chain that is
+// too long does.
 QList<SkinPlace> withBases(const SkinPlace &place)
 {
     QList<SkinPlace> chain;
     for (std::optional<SkinPlace> at = place; at && !isFirst(*at);) {
-        chain += *at;
+        chain.prepend(*at);
         const QString base = baseInText(skinText(at->folder, at->title));
         const QString title = at->title;
         at = skinNamed(base.isEmpty() ? firstSkin().name : base);
@@ -147,8 +147,7 @@ std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
 Skin readSkin(const SkinPlace &place)
 {
     Skin skin = firstSkin();
-    const QList<SkinPlace> chain = withBases(place);
-    for (const SkinPlace &at : std::ranges::reverse_view(chain)) {
+    for (const SkinPlace &at : withBases(place)) {
         const auto tell = [&at](const QString &fault) { complain(at.title, fault); };
         readSkinText(skin, skinText(at.folder, at.title), tell);
         skin.folders.prepend(at.folder);
