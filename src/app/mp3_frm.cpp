@@ -15,7 +15,6 @@
 #include "playlist/dropped_songs.h"
 #include "settings/frm_options.h"
 #include "settings/settings_store.h"
-#include "settings/skin_files.h"
 #include "settings/window_effects.h"
 #include "settings/window_rules.h"
 #include "skins/places.h"
@@ -54,11 +53,7 @@ Mp3Frm::Mp3Frm(MediaEngine &engine, PlayModes &modes, frmOptions &options)
       List1(this, {u"List1"_s, u"Song names"_s, place::List1}),
       VScroll1(this, {u"VScroll1"_s, u"Volume"_s, place::VScroll1}, Player::loudest, Player::quietest),
       Timer1(this, u"Timer1"_s, tickMs), Timer4(this, u"Timer4"_s, marqueeMs),
-      Drops(*this,
-            [this](const QStringList &paths) {
-                return std::any_of(paths.begin(), paths.end(), isMeantAsSkin) ||
-                       !meantForPlayer(paths, File1.extensions()).isNothing();
-            }),
+      Drops(*this, [this](const QStringList &paths) { return !meantForPlayer(paths, File1.extensions()).isNothing(); }),
       m_songs(this, File1, List1), m_player(this, engine, m_songs, modes),
       m_display(m_player, {Text1, HScroll1, VScroll1, Label7, Timer1, Timer4}), m_options(options)
 {
@@ -313,18 +308,16 @@ void Mp3Frm::Player_SongEnded()
     m_display.stopTitle();
 }
 
-// Files were dropped on the window: the first that is a skin, a song or a folder counts.
+// Files were dropped on the window: a song plays, a folder is shown, a skin is kept and worn, whichever comes first.
 void Mp3Frm::Drops_Dropped(const QStringList &paths)
 {
-    for (const QString &path : paths) {
-        const ForPlayer meant = meantForPlayer({path}, File1.extensions());
-        if (isMeantAsSkin(path))
-            return Q_EMIT skinDropped(path);
-        if (!meant.song.isEmpty())
-            return Q_EMIT songDropped(meant.song);
-        if (!meant.folder.isEmpty())
-            return setMusicFolder(meant.folder);
-    }
+    const ForPlayer meant = meantForPlayer(paths, File1.extensions());
+    if (!meant.song.isEmpty())
+        Q_EMIT songDropped(meant.song);
+    else if (!meant.folder.isEmpty())
+        setMusicFolder(meant.folder);
+    else if (!meant.skin.isEmpty())
+        Q_EMIT skinDropped(meant.skin);
 }
 
 // The option "show a song's data" changed: the list's tip is the hint, or none.

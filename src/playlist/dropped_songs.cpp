@@ -4,6 +4,7 @@
 #include "base/names.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
+#include "settings/skin_files.h"
 
 #include <algorithm>
 
@@ -33,10 +34,12 @@ bool isItself(const QString &path, const QString &musicFolder)
 ForPlayer meantForPlayer(const QStringList &paths, const QStringList &endings)
 {
     for (const QString &path : paths) {
+        if (isMeantAsSkin(path))
+            return {{}, {}, path};
         if (folderExists(path))
-            return {{}, path};
+            return {{}, path, {}};
         if (isSong(path, endings))
-            return {path, {}};
+            return {path, {}, {}};
     }
     return {};
 }

@@ -5,15 +5,16 @@
 #include <QString>
 #include <QStringList>
 
-/// For the player: a song to play or a folder to be the music folder, or neither; never both.
+/// For the player: a song to play, a folder to be the music folder, a skin to wear, or nothing; never two of them.
 struct ForPlayer {
     QString song;
     QString folder;
+    QString skin;
 
-    bool isNothing() const { return song.isEmpty() && folder.isEmpty(); }
+    bool isNothing() const { return song.isEmpty() && folder.isEmpty() && skin.isEmpty(); }
 };
 
-/// The first path that is a song (a file with one of the endings) or a folder.
+/// The first path that is a skin, a song (a file with one of the endings) or another folder.
 ForPlayer meantForPlayer(const QStringList &paths, const QStringList &endings);
 
 /// For the play list: the file names of the songs among them, each as spelled on the disk; of the music folder itself
