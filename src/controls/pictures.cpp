@@ -166,19 +166,35 @@ Drawing load(qsizetype folder, const QString &name, const PictureFile &file, int
     return drawing;
 }
 
-// The first folder that has it at any density, the wanted one before the other; or that has at least the key at rest.
+struct Form {
+    QString name; // Of the file.
+    int density;
+};
+
+// What a folder may have of a picture: any density, the wanted one before the other, and at least the key at rest.
+QList<Form> formsOf(const PictureFile &file, int density)
+{
+    QList<Form> forms;
+    for (const char *name : {file.name, file.atRest}) {
+        if (name)
+            forms += {{nameOf(name, file, density), density}, {nameOf(name, file, 3 - density), 3 - density}};
+    }
+    return forms;
+}
+
+// The first folder's that has any of it.
 Drawing find(Picture which, int density)
 {
     const PictureFile &file = fileOf(which);
+    const QList<Form> forms = formsOf(file, density);
     Find &at = findOf(which);
     for (; at.folder < currentSkin().folders.size(); ++at.folder) {
-        for (const char *name : {file.name, file.atRest}) {
-            for (const int tried : {density, 3 - density}) {
-                at.name = name ? nameOf(name, file, tried) : QString();
-                Drawing drawing = name ? load(at.folder, at.name, file, tried) : Drawing();
-                if (!drawing.image.isNull())
-                    return drawing;
-            }
+        for (const Form &form : forms) {
+            Drawing drawing = load(at.folder, form.name, file, form.density);
+            if (drawing.image.isNull())
+                continue;
+            at.name = form.name;
+            return drawing;
         }
     }
     return {};
