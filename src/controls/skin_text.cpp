@@ -176,8 +176,6 @@ QString titleInText(const QString &text)
 void readSkinText(Skin &skin, const QString &text, const std::function<void(const QString &)> &fault)
 {
     const Skin before = skin;
-    if (const QString title = titleInText(text); !title.isEmpty())
-        skin.title = title;
     for (std::size_t i = 0; i < faceNames.size(); ++i) {
         if (const QString family = iniValue(text, fontSection, QLatin1StringView(faceNames.at(i)).toString());
             !family.isEmpty())

@@ -25,7 +25,7 @@ QString baseInText(const QString &text);
 /// The title in the text; "" where it has none.
 QString titleInText(const QString &text);
 
-/// Puts on a skin what the text says: colours, families and title; what it does not say stays. So does what is no
+/// Puts on a skin what the text says: colours and families; what it does not say stays. So does what is no
 /// colour; a colour that could hardly be seen on its ground becomes one that can. fault is called with a line about
 /// each.
 void readSkinText(Skin &skin, const QString &text, const std::function<void(const QString &)> &fault);

@@ -102,14 +102,20 @@ std::optional<SkinPlace> skinNamed(const QString &name)
     return std::nullopt;
 }
 
+struct Layer {
+    SkinPlace place;
+    QString text; // Of its skin.ini.
+};
+
 // Those that a skin is based on, the lowest first, and itself; but not the first skin. A circle ends as a chain that is
 // too long does.
-QList<SkinPlace> withBases(const SkinPlace &place)
+QList<Layer> withBases(const SkinPlace &place)
 {
-    QList<SkinPlace> chain;
+    QList<Layer> chain;
     for (std::optional<SkinPlace> at = place; at && !isFirst(*at);) {
-        chain.prepend(*at);
-        const QString base = baseInText(skinText(at->folder, at->title));
+        const QString text = skinText(at->folder, at->title);
+        chain.prepend({*at, text});
+        const QString base = baseInText(text);
         const QString title = at->title;
         at = skinNamed(base.isEmpty() ? firstSkin().name : base);
         if (!at || chain.size() > mostBases) {
@@ -147,10 +153,10 @@ std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
 Skin readSkin(const SkinPlace &place)
 {
     Skin skin = firstSkin();
-    for (const SkinPlace &at : withBases(place)) {
-        const auto tell = [&at](const QString &fault) { complain(at.title, fault); };
-        readSkinText(skin, skinText(at.folder, at.title), tell);
-        skin.folders.prepend(at.folder);
+    for (const Layer &layer : withBases(place)) {
+        const auto tell = [&layer](const QString &fault) { complain(layer.place.title, fault); };
+        readSkinText(skin, layer.text, tell);
+        skin.folders.prepend(layer.place.folder);
     }
     skin.name = place.name;
     skin.title = place.title;
