@@ -264,7 +264,7 @@ private Q_SLOTS:
         x.engine.setCurrentPosition(1.5); // Before the song is open.
         QSignalSpy states(&x.engine, &MediaEngine::stateChanged);
         QTRY_VERIFY_WITH_TIMEOUT(x.engine.duration() > 0, patienceMs);
-        QCOMPARE(x.engine.currentPosition(), 1.5);
+        QVERIFY(qAbs(x.engine.currentPosition() - 1.5) < 0.001);
         x.engine.setCurrentPosition(-4);
         QCOMPARE(x.engine.currentPosition(), 0.0);
         for (const double place : {0.5, 1.0, 2.0})
