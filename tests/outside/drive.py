@@ -40,10 +40,8 @@ def drag_the_thumb_to_six_tenths():
 def turn_the_wheel_over_the_volume():
     before = window.value("Volume")
     point_at(window.controls["Volume"])
-    xdotool("click", "--repeat", 5, "--delay", 40, 5)
-    wait_for("another volume", lambda: window.value("Volume") != before)
-    time.sleep(0.3)
-    return window.value("Volume")
+    xdotool("click", 5)
+    return wait_for("another volume", lambda: window.value("Volume") != before and window.value("Volume"))
 
 
 window = Window(FOLDER / NAMES[4])

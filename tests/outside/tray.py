@@ -58,8 +58,10 @@ def keys(*names):
     subprocess.run(["xdotool", "key", "--clearmodifiers", *names], check=True)
 
 
-def option(description):
-    return next(control for control in walk(Window.shown("Skin")) if control.get_description() == description)
+def is_focused(description):
+    """Whether that option has the keyboard; False while its window is not there."""
+    top = Window.shown("Skin")
+    return top and any(control.get_description() == description and has(control, "FOCUSED") for control in walk(top))
 
 
 def window_is(state):
@@ -95,7 +97,7 @@ wait("the song in the icon's tip", lambda: NAMES[0].removesuffix(".mp3") in fact
 restore()
 before = fact("IconPixmap")
 keys("Menu", "Down", "Down", "Down", "Down", "Return")  # The options.
-wait("the keyboard in the options", lambda: has(option("Translucency"), "FOCUSED"))
+wait("the keyboard in the options", lambda: is_focused("Translucency"))
 keys("Tab", "Tab", "Tab", "Tab", "Down")
 wait("its icon in the tray", lambda: fact("IconPixmap") != before)
 window.press("Next song")

@@ -141,7 +141,8 @@ private Q_SLOTS:
         QVERIFY2(std::abs(levels.size() - 60) <= 2, QByteArray::number(levels.size()).constData()); // None is silent.
         const auto loud = std::count_if(levels.cbegin(), levels.cend(), [](double level) { return level > 0.2; });
         QVERIFY2(loud >= 4 && loud < 15, QByteArray::number(loud).constData());
-        QVERIFY(std::abs(levels[2] / levels[levels.size() - 3] - 10) < 0.1);
+        std::sort(levels.begin(), levels.end()); // A recorder that is kept waiting loses a piece.
+        QVERIFY(std::abs(levels[levels.size() - loud / 2] / levels[levels.size() / 3] - 10) < 0.1);
     }
 
     void aSongOutlivesItsServer_data()
