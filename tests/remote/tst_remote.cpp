@@ -145,7 +145,8 @@ public:
     // What was told since the last question: names of properties, and "Seeked 15".
     QString takeChanges()
     {
-        get(u"Volume"_s); // Its answer comes after all that was told before.
+        get(u"Volume"_s); // What is to be told is sent once the event loop is idle,
+        get(u"Volume"_s); // and comes before this answer.
         return std::exchange(changes, {}).join(u", "_s);
     }
 
