@@ -5,6 +5,8 @@
 #include "controls/skin.h"
 #include "controls/skin_style.h"
 
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -47,6 +49,17 @@ ComboBox::ComboBox(QWidget *parent, const ControlSetup &setup, const QStringList
     setMaxVisibleItems(shownItems);
     addItems(items);
     setCurrentIndex(-1);
+    connect(this, &QComboBox::currentIndexChanged, this, &ComboBox::tellChoice);
+}
+
+// What the keyboard chooses in the closed box is read out as an item is that gets the focus in the open one.
+void ComboBox::tellChoice(int index)
+{
+    if (index < 0 || !hasFocus() || view()->isVisible() || !QAccessible::isActive())
+        return;
+    QAccessibleEvent chosen(view(), QAccessible::Focus);
+    chosen.setChild(index);
+    QAccessible::updateAccessibility(&chosen);
 }
 
 // The well itself is the skin's.

@@ -50,6 +50,9 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void tellChoice(int index);
 };
 
 /// One line of text, edited or just shown. A change made by the program fires Change() as typing does.

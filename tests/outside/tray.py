@@ -8,7 +8,7 @@ import time
 
 from gi.repository import Gio, GLib
 
-from player import FOLDER, NAMES, Window, has, wait_for, walk
+from player import FOLDER, NAMES, Atspi, Window, has, wait_for, walk
 
 TRAY = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
@@ -74,6 +74,9 @@ def restore():
     wait("the window as before", lambda: window_is("Normal"))
 
 
+told = []
+listener = Atspi.EventListener.new(lambda event: told.append(event.source.get_name()))
+listener.register("object:state-changed:focused")
 bus.register_object("/StatusNotifierWatcher", FACES[0], call, lambda *_: GLib.Variant("b", True), None)
 window = Window(folder=FOLDER)
 window_id = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(window.process.pid), "--name", "."],
@@ -99,6 +102,7 @@ before = fact("IconPixmap")
 keys("Menu", "Down", "Down", "Down", "Down", "Return")  # The options.
 wait("the keyboard in the options", lambda: is_focused("Translucency"))
 keys("Tab", "Tab", "Tab", "Tab", "Down")
+wait("the skin that the keyboard chose, read out", lambda: "Enamel" in told)
 wait("its icon in the tray", lambda: fact("IconPixmap") != before)
 window.press("Next song")
 wait("the next song in the icon's tip", lambda: NAMES[1].removesuffix(".mp3") in fact("ToolTip"))
