@@ -287,11 +287,19 @@ void ListBox::askForMenu()
     Q_EMIT MouseDown(Qt::RightButton);
 }
 
-// Qt would make the first row the current one.
+// Qt would make the first row the current one. That the list has the keyboard now is told after this event, and which
+// row it is at after that.
 void ListBox::focusInEvent(QFocusEvent *event)
 {
-    if (currentIndex().isValid())
-        RowView::focusInEvent(event);
-    else
-        QAbstractScrollArea::focusInEvent(event);
+    if (!currentIndex().isValid())
+        return QAbstractScrollArea::focusInEvent(event);
+    RowView::focusInEvent(event);
+    if (QAccessible::isActive())
+        QMetaObject::invokeMethod(this, &ListBox::notifyFocus, Qt::QueuedConnection);
+}
+
+void ListBox::notifyFocus()
+{
+    if (hasFocus())
+        notify(QAccessible::Focus, currentIndex());
 }

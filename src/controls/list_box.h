@@ -106,6 +106,7 @@ protected:
 
 private:
     void notifyMark();
+    void notifyFocus();
 
     ListBoxModel *m_items;
     std::function<QString(int)> m_rowTip;

@@ -107,5 +107,7 @@ wait("its icon in the tray", lambda: fact("IconPixmap") != before)
 window.press("Next song")
 wait("the next song in the icon's tip", lambda: NAMES[1].removesuffix(".mp3") in fact("ToolTip"))
 assert fact("IconPixmap") != before
+keys("Escape")
+wait("the row at which the keyboard is again, read out", lambda: NAMES[1] in told)
 window.press("Exit")
 window.wait_for_end()
