@@ -8,6 +8,7 @@
 #include "platform/x11_windows.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -48,7 +49,7 @@ QPointer<SkinWindow> &lastActiveWindow()
 } // namespace
 
 SkinWindow::SkinWindow(const QString &name, const QString &caption, Picture skin, QSize size)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), m_background(skin)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), m_background(skin), m_density(devicePixelRatioF())
 {
     setObjectName(name);
     setWindowTitle(caption);
@@ -203,6 +204,7 @@ void SkinWindow::showEvent(QShowEvent *)
     if (m_lastFocus)
         m_lastFocus->setFocus();
     m_comesUp = true;
+    noteDensity();
     noteSeen();
 }
 
@@ -210,6 +212,39 @@ void SkinWindow::hideEvent(QHideEvent *)
 {
     m_lastFocus = focusWidget();
     noteSeen();
+}
+
+bool SkinWindow::event(QEvent *event)
+{
+    const bool isDone = QWidget::event(event);
+    if (event->type() == QEvent::ScreenChangeInternal)
+        noteDensity();
+    return isDone;
+}
+
+// The density of the screen that the window is on; a screen that gets another one is another size, in logical pixels.
+void SkinWindow::noteDensity()
+{
+    connect(screen(), &QScreen::geometryChanged, this, &SkinWindow::followDensity, Qt::UniqueConnection);
+    const qreal before = std::exchange(m_density, devicePixelRatioF());
+    if (before != m_density)
+        skinChanged();
+}
+
+// Qt resizes a window that comes to another screen, but none whose own screen gets another density from the desktop.
+// It keeps its corner.
+void SkinWindow::followDensity()
+{
+    const qreal before = m_density;
+    noteDensity();
+    if (before == m_density || !windowHandle())
+        return;
+    windowHandle()->setGeometry(QRect(windowHandle()->position(), size()));
+    if (backingStore())
+        backingStore()->resize(size());
+    update();
+    for (QWidget *part : findChildren<QWidget *>()) // Opaque ones are left out else.
+        part->update();
 }
 
 void SkinWindow::changeEvent(QEvent *event)

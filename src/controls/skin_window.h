@@ -61,9 +61,10 @@ Q_SIGNALS:
     void mediaKeyPressed(int key);
 
 protected:
-    /// Another skin is worn: for what is not simply painted anew.
+    /// Another skin is worn, or the screen has another density: for what is not simply painted anew.
     virtual void skinChanged() {}
 
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -84,11 +85,14 @@ private:
 
     void noteSeen();
     void keepOpacity();
+    void noteDensity();
+    void followDensity();
     void goToNextWindow() const;
 
     KeptPicture m_background;      // Made at the first paint at the latest.
     QPointer<QWidget> m_lastFocus; // Where the focus was when the window was hidden.
     std::optional<Grip> m_grip;
+    qreal m_density; // Of its screen.
     bool m_seen = false;
     bool m_painted = false;
     bool m_comesUp = false; // Shown and not painted since.
