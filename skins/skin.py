@@ -76,9 +76,11 @@ def read_ini(folder):
     ini.optionxform = str
     ini.read_dict({"Skin": {}, "Colours": {}})
     try:
-        ini.read(folder / "skin.ini", encoding="utf-8")
+        ini.read(folder / "skin.ini", encoding="utf-8-sig")  # With a mark or without.
     except configparser.Error as error:
         sys.exit(f"{folder}/skin.ini: {error.message}")
+    except UnicodeDecodeError:
+        sys.exit(f"{folder}/skin.ini is not in UTF-8: save it as that")
     return ini
 
 

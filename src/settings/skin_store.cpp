@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QStringDecoder>
 
 #include <algorithm>
 
@@ -19,13 +20,17 @@ namespace
 {
 constexpr qsizetype mostBases = 8;
 
-// Without the characters that a terminal would obey, and those of a torn file.
+// Of UTF-16 too, as some editors write it, where a mark says so. Without the characters that a terminal would obey,
+// and those of a torn file.
 QString plainText(QByteArrayView bytes)
 {
     const auto isObeyed = [](QChar character) {
         return character.category() == QChar::Other_Control && !character.isSpace();
     };
-    return decodeTextFile(bytes).removeIf(isObeyed);
+    const auto marked = QStringConverter::encodingForData(bytes);
+    const bool isWide = marked && marked != QStringConverter::Utf8;
+    QString text = isWide ? QStringDecoder(*marked).decode(bytes) : decodeTextFile(bytes);
+    return text.removeIf(isObeyed);
 }
 
 // The text of a skin's file; "" where it has none or it cannot be read, which is complained of where a title is given.

@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QPainter>
+#include <QStringEncoder>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -256,7 +257,9 @@ private Q_SLOTS:
     void aSkinTakesWhatItLacksFromItsBase()
     {
         const Home home;
-        home.add(u"below"_s, u"skin.ini"_s, "[Skin]\nName=Below\n[Colours]\nlistText=#ffeedd\n[Fonts]\nHand=Hack");
+        QStringEncoder wide(QStringConverter::Utf16, QStringConverter::Flag::WriteBom);
+        const QString below = u"[Skin]\nName=Below\n[Colours]\nlistText=#ffeedd\n[Fonts]\nHand=Hack"_s;
+        home.add(u"below"_s, u"skin.ini"_s, wide.encode(below));
         home.add(u"above"_s, u"skin.ini"_s,
                  "[Skin]\nName=Above\nBasedOn=below\n[Colours]\ncaption=#ffffff\nkeyHover=#11223344");
         const Skin skin = readSkin(*findSkin(u"ABOVE"_s));
