@@ -12,6 +12,7 @@
 #include "skins/places.h"
 
 #include <QGuiApplication>
+#include <QHash>
 #include <QKeyEvent>
 
 #include <utility>
@@ -32,6 +33,18 @@ void readState(CheckBox &box, Setting setting)
 void writeState(const CheckBox &box, Setting setting)
 {
     writeSetting(setting, QString::number(box.State()));
+}
+
+// What each skin is listed as: its title, and where several share one the names of their folders.
+QStringList entriesOf(const QList<SkinPlace> &skins)
+{
+    QHash<QString, int> counts;
+    for (const SkinPlace &skin : skins)
+        ++counts[skin.title.toCaseFolded()];
+    QStringList entries;
+    for (const SkinPlace &skin : skins)
+        entries += counts[skin.title.toCaseFolded()] > 1 ? u"%1 (%2)"_s.arg(skin.title, skin.name) : skin.title;
+    return entries;
 }
 
 // Makes the shortcut. The text for the user is empty whether that worked or not.
@@ -142,8 +155,7 @@ void frmOptions::listSkins()
     if (chosen == m_skins.end())
         chosen = m_skins.insert(m_skins.end(), {worn.name, worn.title, worn.folders.value(0)});
     cboSkin.clear();
-    for (const SkinPlace &skin : std::as_const(m_skins))
-        cboSkin.addItem(skin.title);
+    cboSkin.addItems(entriesOf(m_skins));
     cboSkin.setListIndex(static_cast<int>(chosen - m_skins.begin()));
 }
 
@@ -191,14 +203,16 @@ void frmOptions::cboSkin_Click(int index)
     Q_EMIT skinPicked(m_pickedSkin);
 }
 
-// OK: the flags are stored, the window closes, the other windows follow.
+// OK: the flags are stored, the window closes, the other windows follow. A skin that cannot be kept is told: unlike a
+// flag it was chosen with care.
 void frmOptions::Label1_Click()
 {
     writeState(Check1, Setting::AlphaBlending);
     writeState(Check2, Setting::ToolTipData);
     writeState(Check3, Setting::Browse4Dialog);
-    if (!m_pickedSkin.isEmpty())
-        keepChosenSkin(m_pickedSkin);
+    const QString fault = m_pickedSkin.isEmpty() ? QString() : keepChosenSkin(m_pickedSkin);
+    if (!fault.isEmpty())
+        MsgBox::show(fault, QGuiApplication::applicationDisplayName(), MsgBox::Icon::Critical);
     hide();
     ApplyTranslucencyToAll(Check1.State() == 1);
 }

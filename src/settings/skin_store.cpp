@@ -185,9 +185,12 @@ QString chosenSkin()
     return plainText(loadFile(paths::chosenSkinFile, longestSkinText).bytes).trimmed();
 }
 
-void keepChosenSkin(const QString &name)
+QString keepChosenSkin(const QString &name)
 {
     makeDataFolder();
     MakeFolder(paths::userSkins);
-    saveFile(paths::chosenSkinFile, encodeTextFile(name + u"\n"_s));
+    if (saveFile(paths::chosenSkinFile, encodeTextFile(name + u"\n"_s)))
+        return {};
+    const QString file = displayPath(paths::chosenSkinFile);
+    return u"The choice of the skin %1 cannot be kept in %2: %3."_s.arg(name, file, hostErrorText());
 }

@@ -41,5 +41,5 @@ Skin skinAtStart(const QString &wanted);
 /// The name of the skin that the user has chosen; "" for none.
 QString chosenSkin();
 
-/// Keeps the choice for the next start. A write that fails (a full disk) is lost silently, as one of the settings.
-void keepChosenSkin(const QString &name);
+/// Keeps the choice for the next start. Why it could not be kept, a whole sentence; "" when it is.
+QString keepChosenSkin(const QString &name);

@@ -126,14 +126,19 @@ private Q_SLOTS:
         QTest::keyClick(&skins, Qt::Key_Down);
         QCOMPARE(currentSkin().name, u"contrast"_s);
         QVERIFY(!FileExists(paths::chosenSkinFile));
+        for (const QString &folder : {paths::userSkins, paths::chosenSkinFile}) // No file can be written there.
+            MakeFolder(folder);
+        ok.press();
+        QVERIFY(MsgBox::takeShown().value(0).text.contains(u"contrast cannot be kept"_s));
+        QVERIFY(QDir().rmdir(displayPath(paths::chosenSkinFile)));
         ok.press();
         QCOMPARE(chosenSkin(), u"contrast"_s);
         options.show();
-        wearSkin({u"/elsewhere"_s, u"Of this run"_s, {u"/elsewhere"_s}, firstSkin().colours, {}});
+        wearSkin({u"/elsewhere"_s, u"ENAMEL"_s, {u"/elsewhere"_s}, firstSkin().colours, {}});
         QString titles;
         for (int i = 0; i < skins.ListCount(); ++i)
             titles += skins.List(i) + (i == skins.ListIndex() ? u". "_s : u", "_s);
-        QCOMPARE(titles, u"Graphite, Enamel, High Contrast, Of this run. "_s);
+        QCOMPARE(titles, u"Graphite, Enamel (enamel), High Contrast, ENAMEL (/elsewhere). "_s);
         wearSkin(firstSkin());
     }
 
