@@ -4,6 +4,7 @@
 #include "app/splash.h"
 #include "app/version.h"
 #include "base/names.h"
+#include "controls/frame.h"
 #include "controls/msg_box.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
@@ -259,10 +260,21 @@ void Program::keepAndWear(const QString &path)
         return;
     }
     wear(kept.name);
-    keepChosenSkin(kept.name);
+    if (const QString fault = keepChosenSkin(kept.name); !fault.isEmpty())
+        MsgBox::show(fault, programName(), MsgBox::Icon::Critical);
+    tellFaultsOfSkin();
+}
+
+// Those that would be seen only later are looked for, in all windows.
+void Program::tellFaultsOfSkin()
+{
     checkPictures();
-    for (SkinWindow *window : allWindows())
+    for (SkinWindow *window : allWindows()) {
         window->renewPicture();
+        for (Frame *part : window->findChildren<Frame *>())
+            part->renewPicture();
+    }
+    Splash().renewPicture();
     const QStringList faults = complaints();
     if (faults.isEmpty())
         return;

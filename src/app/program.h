@@ -55,6 +55,7 @@ private:
     void applyTranslucency(bool on);
     void wear(const QString &skin);
     void keepAndWear(const QString &path);
+    void tellFaultsOfSkin();
     void showOverMain(SkinWindow &window);
     void openNameTools();
     void togglePlayList();

@@ -28,6 +28,11 @@ void Frame::setPicture(Picture picture)
     m_isCovering = true;
 }
 
+void Frame::renewPicture()
+{
+    keepReadable(m_background, *this);
+}
+
 void Frame::setPlate()
 {
     m_isCovering = true;
@@ -42,7 +47,7 @@ ControlSetup Frame::inside(ControlSetup setup) const
 void Frame::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    keepReadable(m_background, *this);
+    renewPicture();
     if (!m_background.pixmap().isNull())
         painter.drawPixmap(0, 0, m_background.pixmap());
     else if (m_isCovering)

@@ -20,6 +20,9 @@ public:
     /// Paints a picture under the children, over what the skin shows there.
     void setPicture(Picture picture);
 
+    /// Makes the picture ready before it is painted.
+    void renewPicture();
+
     /// Empties the plate that the skin shows there, but for its rim; also what stands in for a missing picture.
     void setPlate();
 

@@ -390,7 +390,9 @@ private Q_SLOTS:
         other.makeFolder(u"mine"_s);
         other.makeFile(u"mine/skin.ini"_s, "[Skin]\nName=Mine\n[Colours]\na=\nb=\nc=\nd=\ne=\nf=\ng=\nh=\ni=\n");
         const QString folder = other.hostPath() + u"/mine/"_s, shipped = skinsFolder();
-        QVERIFY(QFile::copy(shipped + u"/enamel/About.jpg"_s, folder + u"About.jpg"_s));
+        const QStringList light = {u"About.jpg"_s, u"frmNoTag.jpg"_s, u"Splash.jpg"_s};
+        for (const QString &name : light)
+            QVERIFY(QFile::copy(shipped + u"/enamel/"_s + name, folder + name));
         for (const QString &name : {u"icon-48.png"_s, u"icon-48@2x.png"_s})
             QVERIFY(QFile::copy(shipped + u"/graphite/icon-48.png"_s, folder + name));
         const QImage key(shipped + u"/graphite/bStop.png"_s);
@@ -409,8 +411,10 @@ private Q_SLOTS:
         QVERIFY(!stand.window.bStop.mask().contains(key.rect().center() + QPoint(5, 5)));
         QVERIFY(takeBoxes().value(0).endsWith(u"there is no colour named h\n..."_s));
         const QString told = complaints().join(u' ');
-        QVERIFY(told.contains(u"About.jpg leaves"_s) && told.contains(u"icon-48@2x.png is 48 x 48"_s));
-        for (const QString &name : {u"About.jpg"_s, u"icon-48@2x.png"_s})
+        for (const QString &name : light)
+            QVERIFY(told.contains(name + u" leaves"_s));
+        QVERIFY(told.contains(u"icon-48@2x.png is 48 x 48"_s));
+        for (const QString &name : light + QStringList(u"icon-48@2x.png"_s))
             QVERIFY(QFile::remove(folder + name));
         other.makeFile(u"mine/skin.ini"_s, "[Skin]\nName=Newer");
         QCOMPARE(stand.drop(stand.window, {skin}, {9, 9}), Qt::CopyAction);
