@@ -2,6 +2,7 @@
 #include "app/start_options.h"
 
 #include "app/version.h"
+#include "base/texts.h"
 #include "platform/terminal.h"
 #include "settings/skin_store.h"
 
@@ -84,6 +85,8 @@ void takeFile(StartOptions &options, const QByteArray &file)
     options.file = file;
 }
 
+constexpr int columnWidth = 20;
+
 // A line a skin, the chosen one marked.
 QString listOfSkins()
 {
@@ -94,8 +97,10 @@ QString listOfSkins()
     const QString chosen = chosenSkin().isEmpty() ? firstSkin().name : chosenSkin();
     QString list;
     for (const SkinPlace &skin : skinsThere()) {
-        const QChar mark = skin.name == chosen ? u'*' : u' ';
-        list += u"%1 %2 %3  %4\n"_s.arg(mark).arg(skin.name, -20).arg(skin.title, -20).arg(skin.folder);
+        const QString mark = skin.name == chosen ? u"*"_s : u" "_s;
+        const QString line = u"%1 %2 %3  %4"_s.arg(mark, skin.name.leftJustified(columnWidth),
+                                                   skin.title.leftJustified(columnWidth), skin.folder);
+        list += inOneLine(line) + u'\n';
     }
     return list;
 }

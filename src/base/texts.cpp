@@ -34,6 +34,19 @@ QStringView wholeCharacters(QStringView text, qsizetype most)
     return text.first(cutsPair ? most - 1 : most);
 }
 
+QString inOneLine(QString text)
+{
+    const auto breaks = [](QChar character) {
+        const QChar::Category category = character.category();
+        const bool turns =
+            (character >= u'\u202A' && character <= u'\u202E') || (character >= u'\u2066' && character <= u'\u2069');
+        return turns || category == QChar::Other_Control || category == QChar::Separator_Line ||
+               category == QChar::Separator_Paragraph;
+    };
+    std::replace_if(text.begin(), text.end(), breaks, u' ');
+    return text;
+}
+
 QString FormatPlayTime(std::int32_t seconds)
 {
     const auto twoPlaces = [](int number) { return QString::number(number).rightJustified(2, u'0'); };

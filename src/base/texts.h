@@ -41,5 +41,9 @@ inline qsizetype characterLength(QStringView text, qsizetype at)
 /// The start of a text, at most so many code units long; a surrogate pair is never cut in two.
 QStringView wholeCharacters(QStringView text, qsizetype most);
 
+/// The text as it may stand in a line: blanks in place of what would break the line, what a terminal would obey, and
+/// the marks that turn the text around them.
+QString inOneLine(QString text);
+
 /// m:ss, or h:mm:ss from an hour on. Negative seconds divide toward zero and keep their sign in each place ("0:-5").
 QString FormatPlayTime(std::int32_t seconds);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/skin.h"
 
+#include "base/texts.h"
 #include "platform/desktop.h"
 
 using namespace Qt::StringLiterals;
@@ -51,7 +52,7 @@ void setCurrentSkin(const Skin &skin)
 
 void complain(const QString &skin, const QString &fault)
 {
-    const QString text = u"skin \"%1\": %2"_s.arg(skin, fault);
+    const QString text = inOneLine(u"skin \"%1\": %2"_s.arg(skin, fault));
     if (wardrobe().complaints.contains(text))
         return;
     wardrobe().complaints += text;

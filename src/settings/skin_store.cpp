@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/skin_store.h"
 
+#include "base/texts.h"
 #include "controls/skin_text.h"
 #include "platform/ansi_text.h"
 #include "platform/desktop.h"
@@ -19,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr qsizetype mostBases = 8;
+constexpr qsizetype longestTitle = 60;
 
 // Of UTF-16 too, as some editors write it, where a mark says so. Without the characters that a terminal would obey,
 // and those of a torn file.
@@ -47,10 +49,15 @@ QString skinText(const QString &folder, const QString &title)
     return plainText(bytes.value_or(QByteArray()));
 }
 
+QString shownTitle(const QString &text)
+{
+    return wholeCharacters(inOneLine(text).simplified(), longestTitle).toString();
+}
+
 SkinPlace placeOf(const QString &name, const QString &folder)
 {
-    const QString title = titleInText(skinText(folder, {})); // Only what is worn is complained of.
-    return {name, title.isEmpty() ? QFileInfo(folder).fileName() : title, folder};
+    const QString title = shownTitle(titleInText(skinText(folder, {}))); // Only what is worn is complained of.
+    return {name, title.isEmpty() ? shownTitle(QFileInfo(folder).fileName()) : title, folder};
 }
 
 bool isSkin(const QString &folder)

@@ -261,9 +261,9 @@ private Q_SLOTS:
         const QString below = u"[Skin]\nName=Below\n[Colours]\nlistText=#ffeedd\n[Fonts]\nHand=Hack"_s;
         home.add(u"below"_s, u"skin.ini"_s, wide.encode(below));
         home.add(u"above"_s, u"skin.ini"_s,
-                 "[Skin]\nName=Above\nBasedOn=below\n[Colours]\ncaption=#ffffff\nkeyHover=#11223344");
+                 "[Skin]\nName=Above \xe2\x80\xae\t!\nBasedOn=below\n[Colours]\ncaption=#ffffff\nkeyHover=#11223344");
         const Skin skin = readSkin(*findSkin(u"ABOVE"_s));
-        QCOMPARE(skin.title, u"Above"_s);
+        QCOMPARE(skin.title, u"Above !"_s);
         QCOMPARE(colourOf(skin, Colour::caption), qRgb(255, 255, 255));
         QCOMPARE(colourOf(skin, Colour::listText), qRgb(255, 238, 221));
         QCOMPARE(colourOf(skin, Colour::accent), colourOf(firstSkin(), Colour::accent));
