@@ -94,7 +94,7 @@ KeptSkin keepSkin(const SkinFiles &skin, Existing existing)
 {
     if (!skin.fault.isEmpty())
         return {RenameResult::Failed, {}, skin.fault};
-    if (const QString there = nameAmongSkins(skin.folder); !there.isEmpty())
+    if (const QString there = nameAmongSkins(skin.folder); findSkin(there)) // A name may have bytes that no skin's has.
         return {RenameResult::Done, there, {}};
     const QString wanted = keptName(skin.name);
     const QString reason = reasonNotToKeep(wanted);
