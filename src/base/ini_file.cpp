@@ -66,31 +66,48 @@ std::optional<QStringView> nameInBrackets(QStringView line)
     return trimmed(header.sliced(1, close - 1));
 }
 
-bool isKey(QStringView line, QStringView key)
+// The key before the sign of equality; nothing for a comment, a heading and a line without one.
+std::optional<QStringView> keyIn(QStringView line)
 {
-    const qsizetype equals = line.indexOf(u'=');
-    return equals >= 0 && trimmed(line.first(equals)).compare(key, Qt::CaseInsensitive) == 0;
+    const QStringView content = trimmed(line);
+    const qsizetype equals = content.indexOf(u'=');
+    if (equals < 0 || content.startsWith(u';') || nameInBrackets(content))
+        return std::nullopt;
+    return trimmed(content.first(equals));
+}
+
+QStringView textOf(QStringView text, const Line &line)
+{
+    return text.sliced(line.start, line.end - line.start);
+}
+
+// Visits the lines of the first section of that name, its heading first and blank ones left out, for as long as visit
+// says true. A second section of the name is never looked at.
+void visitSection(QStringView text, QStringView section, auto visit)
+{
+    bool isInside = false;
+    for (Line line; line.start < text.size(); line.start = line.next) {
+        line = lineAt(text, line.start);
+        const QStringView content = trimmed(textOf(text, line));
+        const auto name = nameInBrackets(content);
+        if (name && isInside)
+            return;
+        isInside = isInside || (name && name->compare(section, Qt::CaseInsensitive) == 0);
+        if (isInside && !content.isEmpty() && !visit(line))
+            return;
+    }
 }
 
 Place findPlace(QStringView text, QStringView section, QStringView key)
 {
     Place place;
-    for (Line line; line.start < text.size(); line.start = line.next) {
-        line = lineAt(text, line.start);
-        const QStringView content = trimmed(text.sliced(line.start, line.end - line.start));
-        const auto name = nameInBrackets(content);
-        if (name && place.sectionEnd)
-            return place; // A second section of the name is never looked at.
-        if (name && name->compare(section, Qt::CaseInsensitive) == 0)
-            place.sectionEnd = line.next;
-        if (name || !place.sectionEnd || content.isEmpty())
-            continue;
+    visitSection(text, section, [&](const Line &line) {
         place.sectionEnd = line.next;
-        if (!content.startsWith(u';') && isKey(content, key)) {
+        const auto found = keyIn(textOf(text, line));
+        if (found && found->compare(key, Qt::CaseInsensitive) == 0)
             place.keyLine = line;
-            return place;
-        }
-    }
+        return !place.keyLine;
+    });
     return place;
 }
 
@@ -126,7 +143,7 @@ QString iniValue(QStringView text, QStringView section, QStringView key)
     const auto line = findPlace(text, section, key).keyLine;
     if (!line)
         return {};
-    const QStringView content = text.sliced(line->start, line->end - line->start);
+    const QStringView content = textOf(text, *line);
     const QStringView value = trimmed(content.sliced(content.indexOf(u'=') + 1));
     return withoutQuotes(untilNul(value)).left(longestIniValue).toString();
 }
@@ -134,19 +151,11 @@ QString iniValue(QStringView text, QStringView section, QStringView key)
 QStringList iniKeys(QStringView text, QStringView section)
 {
     QStringList keys;
-    bool isInside = false;
-    bool isOver = false;
-    for (Line line; line.start < text.size() && !isOver; line.start = line.next) {
-        line = lineAt(text, line.start);
-        const QStringView content = trimmed(text.sliced(line.start, line.end - line.start));
-        const qsizetype equals = content.indexOf(u'=');
-        if (const auto name = nameInBrackets(content)) {
-            isOver = isInside;
-            isInside = name->compare(section, Qt::CaseInsensitive) == 0;
-        } else if (isInside && equals > 0 && !content.startsWith(u';')) {
-            keys += trimmed(content.first(equals)).toString();
-        }
-    }
+    visitSection(text, section, [&](const Line &line) {
+        if (const auto key = keyIn(textOf(text, line)); key && !key->isEmpty())
+            keys += key->toString();
+        return true;
+    });
     return keys;
 }
 

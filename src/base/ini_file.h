@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One key of one section of an INI text: finding its value and putting another one in its place. Plain texts in and
-// out; files are settings_store's business.
+// The keys of one section of an INI text: finding the value of one and putting another one in its place. Plain texts in
+// and out; files are settings_store's business.
 #pragma once
 
 #include <QString>
