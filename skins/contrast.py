@@ -2,8 +2,7 @@
 """How well a skin's texts stand out from their grounds: pairs of its colours, and its colours on its rendered pictures.
 
 The ratio is that of relative luminances, 1 to 21. A place says in its master what is written on it, such as
-data-text="caption".
-The captions of keys that cannot be pressed are left out.
+data-text="caption". The captions of keys that cannot be pressed are left out.
 """
 import subprocess
 from functools import cache
@@ -11,15 +10,19 @@ from functools import cache
 from skin import HERE, luminance
 
 RIM = 3  # The edge of a key or frame, which no text comes near.
-SIGN = 3  # The least for the ring of the keyboard's focus and the sign of the song that plays, which are no text.
-SIGNS = ["focusRing", "accentLight"]
-PAIRS = [
-    ("caption", "graphite"), ("captionDim", "graphite"), ("caption", "face"), ("caption", "faceLight"),
-    ("warmWhite", "graphiteDark"), ("accentText", "accent"), ("listText", "listBackground"),
-    ("listText", "wellBackground"), ("selectionText", "selection"), ("displayText", "displayBackground"),
-    ("displayDim", "displayBackground"), ("focusRing", "listBackground"), ("focusRing", "graphite"),
-    ("accentLight", "listBackground"),
+# What must be told from what, for the program too: render writes it into palette.h, signs first, since one of them is a
+# ground. They are no text: each with the least that ours are held to.
+SIGNS = [
+    ("selection", "listBackground", 1.5), ("thumbFace", "wellBackground", 1.5), ("focusRing", "listBackground", 3),
+    ("focusRing", "graphite", 3), ("accentLight", "listBackground", 3),
 ]
+# The first ground of a text is the one that it has without a picture.
+TEXTS = [
+    ("caption", "graphite"), ("caption", "face"), ("captionDim", "graphite"), ("warmWhite", "graphiteDark"),
+    ("listText", "wellBackground"), ("listText", "listBackground"), ("selectionText", "selection"),
+    ("displayText", "displayBackground"), ("displayDim", "displayBackground"), ("accentText", "accent"),
+]
+DRAWN = [("caption", "faceLight")]  # On the pictures alone.
 # The size of drawn lettering and how wide a letter is about, with the space after it.
 LETTERING = {"title": (11, 10), "brand": (17, 10), "legend": (10, 8)}
 
@@ -33,8 +36,9 @@ def ratio(text, ground):
 
 def of_colours(skin):
     """[(ratio, least, what)] for the pairs of a skin's colours."""
-    return [(ratio(luminance(skin.colours[text]), luminance(skin.colours[ground])),
-             SIGN if text in SIGNS else skin.contrast, f"{text} on {ground}") for text, ground in PAIRS]
+    pairs = SIGNS + [(*pair, skin.contrast) for pair in TEXTS + DRAWN]
+    return [(ratio(luminance(skin.colours[colour]), luminance(skin.colours[ground])), least, f"{colour} on {ground}")
+            for colour, ground, least in pairs]
 
 
 class Picture:
@@ -76,8 +80,8 @@ def lettering(root):
             continue  # Drawn by a skin for itself.
         size, step = LETTERING[look]
         width = len(text.text) * step
-        end = {"end": width, None: 0}.get(text.get("text-anchor"), 0)
-        left, top = int(text.get("x")) - end - RIM, int(text.get("y")) - size - RIM
+        before = width if text.get("text-anchor") == "end" else 0
+        left, top = int(text.get("x")) - before - RIM, int(text.get("y")) - size - RIM
         found.append((f'"{text.text}"', colour, (left, top, width + 2 * RIM, size + 2 + 2 * RIM)))
     return found
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/readable.h"
 
+#include "controls/contrast.h"
 #include "controls/control.h"
 #include "controls/skin_style.h"
-#include "controls/skin_text.h"
 
 #include <QPainter>
 #include <QWidget>

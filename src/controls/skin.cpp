@@ -21,6 +21,11 @@ Wardrobe &wardrobe()
 }
 } // namespace
 
+QString colourName(Colour which)
+{
+    return QLatin1StringView(palette::entries.at(indexOf(which)).name);
+}
+
 Skin firstSkin()
 {
     Skin skin{u"graphite"_s, u"Graphite"_s, {firstSkinFolder()}, {}, {}};
@@ -41,7 +46,7 @@ int skinNumber()
 
 QColor skinColour(Colour which)
 {
-    return QColor::fromRgba(wardrobe().worn.colours.at(static_cast<std::size_t>(which)));
+    return QColor::fromRgba(wardrobe().worn.colours.at(indexOf(which)));
 }
 
 void setCurrentSkin(const Skin &skin)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/skin_style.h"
 
+#include "controls/contrast.h"
 #include "controls/list_box.h"
 #include "controls/scroll_bars.h"
-#include "controls/skin_text.h"
 
 #include <QLabel>
 #include <QPainter>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Skins by anybody: whatever a skin.ini says and whatever its pictures are, the player stays usable and tells in a line
 // what it does not show.
+#include "controls/contrast.h"
 #include "controls/fields.h"
 #include "controls/fonts.h"
 #include "controls/frame.h"
