@@ -53,16 +53,17 @@ QImage PictureBox::image() const
 
 void PictureBox::setShape(const QRegion &region)
 {
+    if (region.isEmpty()) {
+        clearMask();
+        return;
+    }
     QRegion mask = region;
     if (const qreal density = devicePixelRatioF(); density != 1 && density != 2) {
         // The picture is scaled to the screen, whose pixels do not meet the shape's: none of its edge may be cut off.
         for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
             mask += region.translated(step);
     }
-    if (region.isEmpty())
-        clearMask();
-    else
-        setMask(mask);
+    setMask(mask);
 }
 
 PictureBox::Look PictureBox::look() const

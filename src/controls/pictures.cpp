@@ -84,27 +84,28 @@ struct Drawing {
     int density = 1;
 };
 
-// Where in the skin a picture was found, or is to be looked for from; and what was found there.
-struct Find {
+// Where the worn skin has a picture: the folder that it is shown from, or is looked for from, and its file there.
+struct Source {
     qsizetype folder = 0;
-    QString name;
+    QString file;
 };
 
-Find &findOf(Picture which)
+Source &sourceOf(Picture which)
 {
-    static std::array<Find, files.size()> finds;
+    static std::array<Source, files.size()> sources;
     static int skin = 0;
     if (std::exchange(skin, skinNumber()) != skinNumber())
-        finds = {};
-    return finds.at(static_cast<std::size_t>(which));
+        sources = {};
+    return sources.at(static_cast<std::size_t>(which));
 }
 
 // One that the skin has from those it is based on is told with their folder's name.
-void complainOf(const QString &name, qsizetype folder, const QString &fault)
+void complainOf(const Source &source, const QString &fault)
 {
     const Skin &skin = currentSkin();
-    const QString owner = folder == 0 ? QString() : QFileInfo(skin.folders.value(folder)).fileName() + u'/';
-    complain(skin.title, u"%1%2 %3; it is not shown"_s.arg(owner, name, fault));
+    const QString owner =
+        source.folder == 0 ? QString() : QFileInfo(skin.folders.value(source.folder)).fileName() + u'/';
+    complain(skin.title, u"%1%2 %3; it is not shown"_s.arg(owner, source.file, fault));
 }
 
 QString nameOf(const char *name, const PictureFile &file, int density)
@@ -145,24 +146,25 @@ QImage decode(QByteArray bytes, const PictureFile &file, QSize wanted, QString &
     return fault.isEmpty() ? image : QImage();
 }
 
-Drawing load(qsizetype folder, const QString &name, const PictureFile &file, int density)
+// A file as the skin may have it; a null drawing where it has none, or one that is complained of.
+Drawing load(const Source &source, const PictureFile &file, int density)
 {
-    const QFileInfo entry(currentSkin().folders.value(folder) + u'/' + name);
-    QFile source(entry.filePath());
-    QString fault;
+    const QFileInfo entry(currentSkin().folders.value(source.folder) + u'/' + source.file);
     if (!entry.exists())
         return {};
     Drawing drawing{{}, density};
+    QString fault;
+    QFile opened(entry.filePath());
     const QSize size = file.size * density;
     const qint64 longest = longestFileOf(size);
-    if (!entry.isFile() || !source.open(QIODevice::ReadOnly))
+    if (!entry.isFile() || !opened.open(QIODevice::ReadOnly))
         fault = u"is no file that can be read"_s;
     else if (entry.size() > longest)
         fault = u"has %1 bytes, which are too many for %2 pixels"_s.arg(entry.size()).arg(inPixels(size));
     else
-        drawing.image = decode(source.read(longest), file, size, fault);
+        drawing.image = decode(opened.read(longest), file, size, fault);
     if (!fault.isEmpty())
-        complainOf(name, folder, fault);
+        complainOf(source, fault);
     return drawing;
 }
 
@@ -174,27 +176,27 @@ struct Form {
 // What a folder may have of a picture: any density, the wanted one before the other, and at least the key at rest.
 QList<Form> formsOf(const PictureFile &file, int density)
 {
+    const int other = density == 1 ? 2 : 1;
     QList<Form> forms;
     for (const char *name : {file.name, file.atRest}) {
         if (name)
-            forms += {{nameOf(name, file, density), density}, {nameOf(name, file, 3 - density), 3 - density}};
+            forms += {{nameOf(name, file, density), density}, {nameOf(name, file, other), other}};
     }
     return forms;
 }
 
-// The first folder's that has any of it.
-Drawing find(Picture which, int density)
+// That of the first folder that has any form of it.
+Drawing drawingOf(Picture which, int density)
 {
     const PictureFile &file = fileOf(which);
     const QList<Form> forms = formsOf(file, density);
-    Find &at = findOf(which);
-    for (; at.folder < currentSkin().folders.size(); ++at.folder) {
+    Source &source = sourceOf(which);
+    for (; source.folder < currentSkin().folders.size(); ++source.folder) {
         for (const Form &form : forms) {
-            Drawing drawing = load(at.folder, form.name, file, form.density);
-            if (drawing.image.isNull())
-                continue;
-            at.name = form.name;
-            return drawing;
+            source.file = form.name;
+            const Drawing drawing = load(source, file, form.density);
+            if (!drawing.image.isNull())
+                return drawing;
         }
     }
     return {};
@@ -220,28 +222,28 @@ QStringList pictureFileNames()
 // Scaled once here, and well, rather than at each painting.
 QPixmap picture(Picture which, qreal devicePixelRatio)
 {
-    QImage image = scaled(find(which, devicePixelRatio > 1 ? 2 : 1), devicePixelRatio);
+    QImage image = scaled(drawingOf(which, devicePixelRatio > 1 ? 2 : 1), devicePixelRatio);
     image.setDevicePixelRatio(devicePixelRatio);
     return QPixmap::fromImage(image);
 }
 
 QImage pictureImage(Picture which)
 {
-    return scaled(find(which, 1), 1);
+    return scaled(drawingOf(which, 1), 1);
 }
 
 void checkPictures()
 {
     for (std::size_t which = 0; which < files.size(); ++which) {
         for (const int density : {1, 2})
-            find(static_cast<Picture>(which), density);
+            drawingOf(static_cast<Picture>(which), density);
     }
 }
 
 void refusePicture(Picture which, const QString &why)
 {
-    Find &refused = findOf(which);
-    complainOf(refused.name, refused.folder, why);
+    Source &refused = sourceOf(which);
+    complainOf(refused, why);
     ++refused.folder;
 }
 

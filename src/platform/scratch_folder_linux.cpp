@@ -29,7 +29,8 @@ Handle folderItself(const QByteArray &path)
     return Handle(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-bool isLocked(const Handle &folder)
+// False while another program holds it.
+bool lock(const Handle &folder)
 {
     return ::flock(folder.get(), LOCK_EX | LOCK_NB) == 0;
 }
@@ -40,7 +41,7 @@ void removeLeftFolders(const QByteArray &parent, const QList<QByteArray> &names)
         struct stat status = {};
         const Handle folder = folderItself(parent + entry);
         const bool isOwn = folder.isOpen() && ::fstat(folder.get(), &status) == 0 && status.st_uid == ::geteuid();
-        if (isOwn && entry.size() == folderStart.size() + randomLetters.size() && isLocked(folder))
+        if (isOwn && entry.size() == folderStart.size() + randomLetters.size() && lock(folder))
             removeFolder(parent + entry, names);
     }
 }
@@ -76,7 +77,7 @@ std::optional<ScratchFolder> ScratchFolder::make(const QByteArray &parent, const
     ScratchFolder made(folderItself(path), path, names);
     if (!made.m_folder.isOpen())
         return std::nullopt;
-    isLocked(made.m_folder); // Where there are no locks, others hold none either, and remove nothing.
+    lock(made.m_folder); // Where there are no locks, others hold none either, and remove nothing.
     return made;
 }
 
