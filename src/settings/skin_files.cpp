@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +34,8 @@ using ReadPart = std::function<Part(qsizetype at, qint64 longest)>;
 
 Part tooLong(qint64 longest)
 {
-    return {{}, longest < longestPicture ? u"is larger than 64 KB"_s : u"is larger than 8 MB"_s};
+    const qint64 kb = longest >> 10;
+    return {{}, kb < 1024 ? u"is larger than %1 KB"_s.arg(kb) : u"is larger than %1 MB"_s.arg(kb >> 10)};
 }
 
 bool isNamed(const QString &name, const QString &wanted)
@@ -49,24 +51,27 @@ qsizetype findName(const QString &wanted, const QStringList &names)
     return exact >= 0 ? exact : found == names.end() ? -1 : found - names.begin();
 }
 
-// read(i) gives the file that has the name i of names.
+// Takes what a skin can have of the files there are: read(i) gives the one that has the name i of names.
 void take(SkinFiles &skin, const QString &source, const QStringList &names, const ReadPart &read)
 {
+    if (findName(skinFileName, names) < 0) {
+        skin.fault = u"%1 holds no skin: there is no skin.ini in it."_s.arg(source);
+        return;
+    }
     qint64 length = 0;
     for (const QString &name : skinFileNames()) {
         const qsizetype at = findName(name, names);
-        if (at < 0 && name == skinFileName)
-            skin.fault = u"%1 holds no skin: there is no skin.ini in it."_s.arg(source);
-        const Part part = at < 0 ? Part() : read(at, name == skinFileName ? longestSkinText : longestPicture);
+        if (at < 0)
+            continue;
+        const Part part = read(at, name == skinFileName ? longestSkinText : longestPicture);
+        length += part.bytes.size();
         if (!part.fault.isEmpty())
             skin.fault = u"%1 in %2 %3."_s.arg(name, source, part.fault);
-        length += part.bytes.size();
-        if (length > longestSkin)
+        else if (length > longestSkin)
             skin.fault = u"%1 holds pictures of more than 64 MB, which no skin has."_s.arg(source);
         if (!skin.fault.isEmpty())
             return skin.files.clear();
-        if (at >= 0)
-            skin.files.insert(name, part.bytes);
+        skin.files.insert(name, part.bytes);
     }
 }
 
@@ -84,39 +89,43 @@ SkinFiles skinInFolder(const QString &path)
     const QByteArray folder = hostPath(path) + '/';
     SkinFiles skin{FileNameFromPath(path), path, {}, {}};
     const auto entries = hostEntries(folder);
-    if (!entries)
+    if (!entries) {
         skin.fault = u"%1 cannot be read: %2."_s.arg(skin.name, hostErrorText());
+        return skin;
+    }
     const QStringList known = skinFileNames();
     QStringList names;
-    for (const QByteArray &entry : entries.value_or(QList<QByteArray>())) {
+    for (const QByteArray &entry : *entries) {
         const QString name = nameFromHost(entry);
         if (known.contains(name, Qt::CaseInsensitive) && isNormalEntry(folder + entry))
             names += name;
     }
     names.sort();
-    const auto read = [&](qsizetype at, qint64 longest) { return readEntry(folder + nameToHost(names[at]), longest); };
-    if (skin.fault.isEmpty())
-        take(skin, skin.name, names, read);
+    take(skin, skin.name, names,
+         [&](qsizetype at, qint64 longest) { return readEntry(folder + nameToHost(names[at]), longest); });
     return skin;
 }
 
-// The entries of the folder that has a skin.ini nearest to the top. Two that are as near make a fault.
-QList<ZipEntry> entriesOfSkin(const QList<ZipEntry> &all, bool &isOne)
+// The entries of the folder that has a skin.ini nearest to the top, none where there is no such file; nothing where two
+// folders have one that is as near.
+std::optional<QList<ZipEntry>> entriesOfSkin(const QList<ZipEntry> &all)
 {
-    QList<ZipEntry> texts;
+    QList<ZipEntry> texts; // All as near.
     for (const ZipEntry &entry : all) {
-        const bool isNearer = texts.isEmpty() || entry.depth() <= texts.first().depth();
-        if (!isNamed(entry.name, skinFileName) || !isNearer || entry.folder.startsWith(macFolder))
+        if (!isNamed(entry.name, skinFileName) || entry.folder.startsWith(macFolder))
             continue;
         if (!texts.isEmpty() && entry.depth() < texts.first().depth())
             texts.clear();
-        texts += entry;
+        if (texts.isEmpty() || entry.depth() == texts.first().depth())
+            texts += entry;
     }
-    const auto isBeside = [&](const ZipEntry &entry) { return entry.folder == texts.first().folder; };
-    isOne = texts.isEmpty() || std::all_of(texts.begin(), texts.end(), isBeside);
     QList<ZipEntry> found;
-    if (!texts.isEmpty())
-        std::copy_if(all.begin(), all.end(), std::back_inserter(found), isBeside);
+    if (texts.isEmpty())
+        return found;
+    const auto isBeside = [&](const ZipEntry &entry) { return entry.folder == texts.first().folder; };
+    if (!std::all_of(texts.begin(), texts.end(), isBeside))
+        return std::nullopt;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(found), isBeside);
     return found;
 }
 
@@ -170,18 +179,18 @@ SkinFiles skinInArchive(const QString &path)
         return skin;
     }
     const ZipArchive archive(bytes.bytes);
-    bool isOne = true;
-    const QList<ZipEntry> entries = entriesOfSkin(archive.entries(), isOne);
-    skin.fault = isOne ? faultOf(archive.state(), source)
-                       : u"%1 holds more than one skin: unpack it, and drop the folder of one."_s.arg(source);
+    const auto entries = entriesOfSkin(archive.entries());
+    skin.fault = entries ? faultOf(archive.state(), source)
+                         : u"%1 holds more than one skin: unpack it, and drop the folder of one."_s.arg(source);
     if (!skin.fault.isEmpty())
         return skin;
-    if (!entries.isEmpty() && !entries.first().folder.isEmpty())
-        skin.name = entries.first().folder.section(u'/', -1);
+    if (!entries->isEmpty() && !entries->first().folder.isEmpty())
+        skin.name = entries->first().folder.section(u'/', -1);
     QStringList names;
-    for (const ZipEntry &entry : entries)
+    for (const ZipEntry &entry : *entries)
         names += entry.name;
-    take(skin, source, names, [&](qsizetype at, qint64 longest) { return readEntry(archive, entries[at], longest); });
+    take(skin, source, names,
+         [&](qsizetype at, qint64 longest) { return readEntry(archive, entries->at(at), longest); });
     return skin;
 }
 } // namespace
