@@ -8,6 +8,7 @@ from pathlib import Path
 HERE = Path(__file__).resolve().parent
 MASTERS = HERE / "masters"
 FIRST = "graphite"  # Its colours are built into the player, its icon is the desktop's.
+TRAY_SIZES = [16, 22, 32, 48]  # Of a skin's icon.
 COLOUR = re.compile("#(?:[0-9a-fA-F]{6}|[0-9a-fA-F]{8})")
 
 # Shades that the masters and sheets take beside the named colours: how far from the first to the second colour.
@@ -66,7 +67,7 @@ class Skin:
         return "#" + "".join(f"{round(a + (b - a) * part):02x}" for a, b in pairs)
 
     def palette(self):
-        """All of them."""
+        """All colours and shades by their names."""
         return {name: self.shade(name) for name in [*self.colours, "light", *SHADES]}
 
 

@@ -63,6 +63,18 @@ std::size_t toolkitWords(std::string_view argument)
     return isWhole || isOneOf(toolkitOptionsWithEquals, argument.substr(0, argument.find('=') + 1)) ? 1 : 0;
 }
 
+// What is answered, whatever else is asked for.
+std::optional<StartOptions::Action> answerTo(std::string_view argument)
+{
+    if (argument == "--help" || argument == "-h")
+        return StartOptions::Action::ShowHelp;
+    if (argument == "--version" || argument == "-v")
+        return StartOptions::Action::ShowVersion;
+    if (argument == "--skins")
+        return StartOptions::Action::ListSkins;
+    return std::nullopt;
+}
+
 // Only the first error is reported.
 void refuse(StartOptions &options, const QByteArray &why)
 {
@@ -118,12 +130,8 @@ StartOptions readStartOptions(std::span<char *const> arguments, const FileTest &
             takeFile(options, arguments[i]);
         else if (argument == "--")
             onlyFiles = true;
-        else if (argument == "--help" || argument == "-h")
-            return {Action::ShowHelp, {}, {}, {}, {}};
-        else if (argument == "--version" || argument == "-v")
-            return {Action::ShowVersion, {}, {}, {}, {}};
-        else if (argument == "--skins")
-            return {Action::ListSkins, {}, {}, {}, {}};
+        else if (const auto answer = answerTo(argument))
+            return {*answer, {}, {}, {}, {}};
         else if (argument == "--skin")
             takeSkin(options, ++i < arguments.size() ? arguments[i] : "");
         else if (argument.starts_with("--skin="))

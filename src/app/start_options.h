@@ -10,14 +10,8 @@
 #include <vector>
 
 struct StartOptions {
-    enum class Action {
-        Play,
-        Serve,
-        ShowHelp,
-        ShowVersion,
-        ListSkins,
-        Refuse
-    }; // Serve: the session bus says what to play.
+    /// Serve: the session bus says what to play.
+    enum class Action { Play, Serve, ShowHelp, ShowVersion, ListSkins, Refuse };
 
     Action action = Action::Play;
     QByteArray refusal;             // Why, in one line.
