@@ -2,8 +2,8 @@
 #include "controls/fields.h"
 
 #include "controls/fonts.h"
+#include "controls/shared_paint.h"
 #include "controls/skin.h"
-#include "controls/skin_style.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>

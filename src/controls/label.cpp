@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/label.h"
 
+#include "controls/shared_paint.h"
 #include "controls/skin.h"
-#include "controls/skin_style.h"
 #include "controls/skin_window.h"
 
 #include <QAccessible>

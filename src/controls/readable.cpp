@@ -3,7 +3,7 @@
 
 #include "controls/contrast.h"
 #include "controls/control.h"
-#include "controls/skin_style.h"
+#include "controls/shared_paint.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/skin_style.h"
 
-#include "controls/contrast.h"
+#include "controls/bar_paint.h"
 #include "controls/list_box.h"
 #include "controls/scroll_bars.h"
+#include "controls/shared_paint.h"
+#include "controls/skin.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -13,56 +15,9 @@
 namespace
 {
 constexpr int barThickness = 14;
-constexpr int shortestThumb = 28;
 constexpr int rowAir = 4;    // Between the rows of a list.
 constexpr int ringRoom = 2;  // Around a list.
 constexpr int markRoom = 11; // Before the texts of a list with marks.
-
-QColor lit(Colour which, int percent)
-{
-    return skinColour(which).lighter(percent);
-}
-
-// Lines and signs that are seen on every ground of a skin.
-QColor dim(float opacity)
-{
-    QColor colour = skinColour(Colour::captionDim);
-    colour.setAlphaF(opacity);
-    return colour;
-}
-
-// A knob of brushed metal: lit from the top left, the accent across its middle.
-void paintThumb(QPainter &painter, const QRect &place, const QStyleOptionSlider &option)
-{
-    const bool isDragged =
-        (option.state & QStyle::State_Sunken) && (option.activeSubControls & QStyle::SC_ScrollBarSlider);
-    const bool across = option.orientation == Qt::Horizontal;
-    const QRectF knob =
-        QRectF(across ? place.adjusted(0, 1, 0, -1) : place.adjusted(1, 0, -1, 0)).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(skinColour(Colour::ink));
-    painter.setBrush(isDragged ? lit(Colour::thumbFace, 115) : skinColour(Colour::thumbFace));
-    painter.drawRoundedRect(knob, 2, 2);
-    painter.setPen(skinColour(Colour::thumbLight));
-    painter.drawPolyline(QPolygonF{knob.bottomLeft() + QPointF(1, -2), knob.topLeft() + QPointF(1, 1),
-                                   knob.topRight() + QPointF(-2, 1)});
-    painter.setPen(skinColour(Colour::thumbShade));
-    painter.drawPolyline(QPolygonF{knob.bottomLeft() + QPointF(2, -1), knob.bottomRight() + QPointF(-1, -1),
-                                   knob.topRight() + QPointF(-1, 2)});
-    painter.setPen(QPen(skinColour(Colour::accent), 2));
-    const QPointF middle = knob.center();
-    if (across)
-        painter.drawLine(QPointF(middle.x(), knob.top() + 2), QPointF(middle.x(), knob.bottom() - 2));
-    else
-        painter.drawLine(QPointF(knob.left() + 2, middle.y()), QPointF(knob.right() - 2, middle.y()));
-}
-
-// The thumb of a list's own bar: plain, so that the knobs stay the sliders'.
-void paintListThumb(QPainter &painter, const QRect &place)
-{
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(dim(0.5F));
-    painter.drawRoundedRect(place.adjusted(3, 2, -3, -2), 3, 3);
-}
 
 bool isSlider(const QWidget *widget)
 {
@@ -84,55 +39,6 @@ void paintListRing(QPainter &painter, const QStyleOption &option, const QWidget 
         paintFocusRing(painter, option.rect, Ring::Thin);
 }
 
-void paintScrollBar(QPainter &painter, const QStyle &style, const QStyleOptionSlider &option, const QWidget *widget)
-{
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (!isSlider(widget)) { // A slider's groove is on the skin.
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(skinColour(Colour::wellBackground));
-        painter.drawRoundedRect(option.rect, 3, 3);
-    }
-    if (option.state & QStyle::State_HasFocus)
-        paintFocusRing(painter, option.rect);
-    const QRect thumb = style.subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, widget);
-    if (isSlider(widget))
-        paintThumb(painter, thumb, option);
-    else if (option.maximum > option.minimum)
-        paintListThumb(painter, thumb);
-}
-
-// The thumb's place along the bar: nothing but a groove and a thumb, no arrows.
-QRect thumbPlace(const QStyleOptionSlider &option, bool shortThumb)
-{
-    const bool horizontal = option.orientation == Qt::Horizontal;
-    const int room = horizontal ? option.rect.width() : option.rect.height();
-    const int range = option.maximum - option.minimum;
-    int length = shortThumb || range <= 0
-                     ? shortestThumb
-                     : static_cast<int>(qint64(option.pageStep) * room / (range + option.pageStep));
-    length = std::clamp(length, std::min(shortestThumb, room), room);
-    const int start = QStyle::sliderPositionFromValue(option.minimum, option.maximum, option.sliderPosition,
-                                                      room - length, option.upsideDown);
-    return horizontal ? QRect(option.rect.x() + start, option.rect.y(), length, option.rect.height())
-                      : QRect(option.rect.x(), option.rect.y() + start, option.rect.width(), length);
-}
-
-// The groove on the left of the thumb, or above it.
-QRect grooveBefore(const QStyleOptionSlider &option, const QRect &thumb)
-{
-    const bool horizontal = option.orientation == Qt::Horizontal;
-    return {option.rect.topLeft(),
-            horizontal ? QPoint(thumb.left() - 1, option.rect.bottom()) : QPoint(option.rect.right(), thumb.top() - 1)};
-}
-
-// The groove on the right of the thumb, or below it.
-QRect grooveAfter(const QStyleOptionSlider &option, const QRect &thumb)
-{
-    const bool horizontal = option.orientation == Qt::Horizontal;
-    return {horizontal ? QPoint(thumb.right() + 1, option.rect.top()) : QPoint(option.rect.left(), thumb.bottom() + 1),
-            option.rect.bottomRight()};
-}
-
 void paintTick(QPainter &painter, const QRectF &r)
 {
     painter.setPen(QPen(skinColour(Colour::accentText), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -145,7 +51,8 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option)
     const bool checked = option.state & QStyle::State_On;
     const bool hovered = option.state & QStyle::State_MouseOver;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(option.state & QStyle::State_HasFocus ? skinColour(Colour::focusRing) : dim(hovered ? 0.9F : 0.65F));
+    painter.setPen(option.state & QStyle::State_HasFocus ? skinColour(Colour::focusRing)
+                                                         : dimmed(hovered ? 0.9F : 0.65F));
     painter.setBrush(checked ? skinColour(Colour::accent) : skinColour(Colour::wellBackground));
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(box, 2, 2);
@@ -153,45 +60,6 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option)
         paintTick(painter, box);
 }
 } // namespace
-
-void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    const bool pressed = look == ButtonLook::Pressed;
-    QLinearGradient light(place.topLeft(), place.bottomLeft());
-    const int strength = look == ButtonLook::Hovered ? 130 : 110;
-    light.setColorAt(pressed ? 1 : 0, lit(Colour::face, strength));
-    light.setColorAt(pressed ? 0 : 1, skinColour(Colour::face).darker(pressed ? 150 : 115));
-    painter.setBrush(light);
-    painter.setPen(skinColour(Colour::thumbShade));
-    const QRectF face = QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.drawRoundedRect(face, 3, 3);
-    if (!pressed) { // The lit edge.
-        painter.setPen(QColor(255, 255, 255, 46));
-        painter.drawLine(face.topLeft() + QPointF(3, 1), face.topRight() + QPointF(-3, 1));
-    }
-    painter.restore();
-}
-
-void paintFocusRing(QPainter &painter, const QRect &place, Ring ring, bool isChosen)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double width = ring == Ring::Thin ? 1 : 2;
-    const bool isLost =
-        isChosen && contrast(skinColour(Colour::focusRing).rgb(), skinColour(Colour::selection).rgb()) < leastContrast;
-    painter.setPen(QPen(skinColour(isLost ? Colour::selectionText : Colour::focusRing), width));
-    const int inset = isLost ? 2 : 0; // Inside the bar, whose colour it stands out from.
-    painter.setBrush(Qt::NoBrush);
-    const double edge = inset + width / 2;
-    const QRectF middle = QRectF(place).adjusted(edge, edge, -edge, -edge);
-    if (ring == Ring::Round)
-        painter.drawEllipse(middle);
-    else
-        painter.drawRoundedRect(middle, 3, 3);
-    painter.restore();
-}
 
 SkinStyle::SkinStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
@@ -210,9 +78,9 @@ void SkinStyle::polish(QPalette &colours)
     colours.setColor(QPalette::HighlightedText, skinColour(Colour::selectionText));
     colours.setColor(QPalette::ToolTipBase, skinColour(Colour::graphiteDark));
     colours.setColor(QPalette::ToolTipText, skinColour(Colour::warmWhite));
-    colours.setColor(QPalette::Link, lit(Colour::accent, 160));
+    colours.setColor(QPalette::Link, skinColour(Colour::accent).lighter(160));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        colours.setColor(QPalette::Disabled, role, dim(0.5F));
+        colours.setColor(QPalette::Disabled, role, dimmed(0.5F));
 }
 
 void SkinStyle::polish(QWidget *widget)
@@ -235,7 +103,7 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     case PE_PanelMenu:
     case PE_FrameMenu:
         painter->save();
-        painter->setPen(dim(0.5F));
+        painter->setPen(dimmed(0.5F));
         painter->setBrush(element == PE_PanelMenu ? QBrush(skinColour(Colour::graphite)) : QBrush(Qt::NoBrush));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         painter->restore(); // The items are painted with it too.
@@ -275,7 +143,7 @@ void SkinStyle::paintMenuItem(QPainter &painter, const QStyleOptionMenuItem &ite
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
         constexpr int indent = 6;
         painter.fillRect(item.rect.left() + indent, item.rect.center().y(), item.rect.width() - 2 * indent, 1,
-                         dim(0.35F));
+                         dimmed(0.35F));
         return;
     }
     QStyleOptionMenuItem written = item;
@@ -288,7 +156,7 @@ void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
 {
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control == CC_ScrollBar && bar && widget)
-        paintScrollBar(*painter, *this, *bar, widget);
+        paintBar(*painter, *bar, isSlider(widget));
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
@@ -299,18 +167,7 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control != CC_ScrollBar || !bar)
         return QProxyStyle::subControlRect(control, option, part, widget);
-    const QRect thumb = thumbPlace(*bar, isSlider(widget));
-    switch (part) {
-    case SC_ScrollBarGroove:
-        return bar->rect;
-    case SC_ScrollBarSlider:
-        return thumb;
-    case SC_ScrollBarSubPage:
-    case SC_ScrollBarAddPage: // A slider that grows upwards has them the other way round.
-        return (part == SC_ScrollBarSubPage) != bar->upsideDown ? grooveBefore(*bar, thumb) : grooveAfter(*bar, thumb);
-    default:
-        return {};
-    }
+    return barPart(*bar, part, isSlider(widget));
 }
 
 QRect SkinStyle::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const
@@ -357,7 +214,6 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidg
     case SH_EtchDisabledText: // Its light edge makes dim text bolder than the rest.
     case SH_ScrollBar_Transient:
     case SH_DialogButtonBox_ButtonsHaveIcons:
-        return 0;
     case SH_ComboBox_Popup: // A list with a scroll bar below the box, not a menu as tall as the screen.
     case SH_ItemView_ActivateItemOnSingleClick:
         return 0;

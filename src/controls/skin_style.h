@@ -5,19 +5,7 @@
 
 #include <QProxyStyle>
 
-class QPainter;
 class QStyleOptionMenuItem;
-
-enum class ButtonLook { Normal, Hovered, Pressed };
-
-/// A button's face: graphite with a lit upper edge, lower when pressed.
-void paintButtonFace(QPainter &painter, const QRect &place, ButtonLook look);
-
-enum class Ring { Plain, Round, Thin };
-
-/// The ring that shows where the focus is; thin around a row of a list and the text of a check box, where it is not
-/// the only mark. On a chosen row, where the ring's own colour would be lost, it has that of the row's text.
-void paintFocusRing(QPainter &painter, const QRect &place, Ring ring = Ring::Plain, bool isChosen = false);
 
 class SkinStyle : public QProxyStyle
 {

@@ -7,6 +7,7 @@
 #include "controls/frame.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
+#include "controls/shared_paint.h"
 #include "controls/skin_style.h"
 #include "controls/skin_text.h"
 #include "controls/skin_window.h"
