@@ -4,7 +4,6 @@
 #include "app/program.h"
 #include "app/splash.h"
 #include "controls/skin_style.h"
-#include "controls/wear_skin.h"
 #include "settings/skin_store.h"
 #include "support/fake_engine.h"
 #include "support/windows.h"
@@ -15,33 +14,29 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// The room that a control leaves to its text, and the text as it is longest; none where the text is cut on purpose.
+// The room that a control leaves to its texts; none where they are cut on purpose.
 struct TextRoom {
-    QSize room;
-    QString text;
+    QSize size;
+    QStringList texts;
 };
 
-TextRoom textOf(const QWidget &widget)
+TextRoom textRoomOf(const QWidget &widget)
 {
     if (const auto *label = qobject_cast<const Label *>(&widget); label && !label->mayBeTooLong())
-        return {label->size(), label->Caption()};
+        return {label->size(), {label->Caption()}};
     if (const auto *box = qobject_cast<const CheckBox *>(&widget)) {
         QStyleOptionButton option;
         option.initFrom(box);
-        return {box->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, box).size(), box->text()};
+        return {box->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, box).size(), {box->text()}};
     }
+    TextRoom room;
     if (const auto *list = qobject_cast<const ComboBox *>(&widget)) {
-        QStringList items;
-        for (int row = 0; row < list->ListCount(); ++row)
-            items += list->List(row);
-        const auto isShorter = [&](const QString &a, const QString &b) {
-            return list->fontMetrics().horizontalAdvance(a) < list->fontMetrics().horizontalAdvance(b);
-        };
         constexpr int arrowAndIndent = 25;
-        const auto longest = std::max_element(items.begin(), items.end(), isShorter);
-        return {list->size() - QSize(arrowAndIndent, 0), longest == items.end() ? QString() : *longest};
+        room.size = list->size() - QSize(arrowAndIndent, 0);
+        for (int row = 0; row < list->ListCount(); ++row)
+            room.texts += list->List(row);
     }
-    return {};
+    return room;
 }
 
 QString faultOf(const QWidget &window, const QWidget &widget)
@@ -49,11 +44,13 @@ QString faultOf(const QWidget &window, const QWidget &widget)
     const QRect place(widget.mapTo(&window, QPoint()), widget.size());
     if (!window.rect().contains(place))
         return u"lies outside"_s;
-    const TextRoom text = textOf(widget);
-    const QFontMetrics metrics = widget.fontMetrics();
-    if (!text.text.isEmpty() && metrics.horizontalAdvance(text.text) > text.room.width())
-        return u"is too narrow for \""_s + text.text + u'"';
-    return !text.text.isEmpty() && metrics.height() > text.room.height() ? u"is too low"_s : QString();
+    const TextRoom room = textRoomOf(widget);
+    for (const QString &text : room.texts) {
+        const QSize needed(widget.fontMetrics().horizontalAdvance(text), widget.fontMetrics().height());
+        if (!text.isEmpty() && needed.boundedTo(room.size) != needed)
+            return u"has no room for \""_s + text + u'"';
+    }
+    return {};
 }
 } // namespace
 
@@ -89,8 +86,8 @@ private Q_SLOTS:
             skinned->renewPicture(); // As when a skin is tried: no window needs to have been open.
             skinned->show();
             const QImage shown = skinned->grab().toImage();
-            faults +=
-                shown.size() == skinned->size() * skinned->devicePixelRatioF() ? QStringList() : QStringList(u"size"_s);
+            if (shown.size() != skinned->size() * skinned->devicePixelRatioF())
+                faults += skinned->objectName();
             for (const QWidget *widget : skinned->findChildren<QWidget *>()) {
                 if (const QString fault = faultOf(*skinned, *widget);
                     !fault.isEmpty() && !widget->accessibleDescription().isEmpty())

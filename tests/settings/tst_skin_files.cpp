@@ -13,6 +13,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <zlib.h>
 
 using namespace Qt::StringLiterals;
 
@@ -41,7 +42,7 @@ QByteArray bomb()
     return QByteArray::fromHex("6318") + QByteArray::fromHex("05a360148c8251300a46c12818").repeated(520'000);
 }
 
-QByteArray number(quint64 value, int bytes)
+QByteArray number(qint64 value, int bytes)
 {
     QByteArray text;
     for (int i = 0; i < bytes; ++i)
@@ -49,18 +50,10 @@ QByteArray number(quint64 value, int bytes)
     return text;
 }
 
-quint32 sumOf(const QByteArray &bytes)
+QByteArray sumOf(const QByteArray &bytes)
 {
-    static QHash<QByteArray, quint32> known; // Long ones take long.
-    if (known.contains(bytes))
-        return known[bytes];
-    quint32 sum = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        sum ^= static_cast<unsigned char>(byte);
-        for (int i = 0; i < 8; ++i)
-            sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320 : 0);
-    }
-    return known[bytes] = ~sum;
+    const auto *data = reinterpret_cast<const Bytef *>(bytes.constData());
+    return number(static_cast<qint64>(::crc32_z(0, data, static_cast<z_size_t>(bytes.size()))), 4);
 }
 
 QByteArray archiveOf(const QList<Entry> &entries)
@@ -70,18 +63,14 @@ QByteArray archiveOf(const QList<Entry> &entries)
     for (const Entry &entry : entries) {
         const QByteArray body = entry.packed.isEmpty() ? entry.bytes : entry.packed;
         const QByteArray common = number(entry.flags, 2) + number(entry.packed.isEmpty() ? 0 : 8, 2) + number(0, 4) +
-                                  number(sumOf(entry.bytes), 4) + number(static_cast<quint64>(body.size()), 4) +
-                                  number(static_cast<quint64>(entry.bytes.size()), 4) +
-                                  number(static_cast<quint64>(entry.name.size()), 2);
+                                  sumOf(entry.bytes) + number(body.size(), 4) + number(entry.bytes.size(), 4) +
+                                  number(entry.name.size(), 2);
         directory += "PK\1\2" + number(0x031E, 2) + number(20, 2) + common + number(0, 8) +
-                     number(quint64(entry.kind) << 16, 4) + number(static_cast<quint64>(archive.size()), 4) +
-                     entry.name;
+                     number(qint64(entry.kind) << 16, 4) + number(archive.size(), 4) + entry.name;
         archive += "PK\3\4" + number(20, 2) + common + number(0, 2) + entry.name + body;
     }
-    const auto count = static_cast<quint64>(entries.size());
-    return archive + directory + "PK\5\6" + number(0, 4) + number(count, 2) + number(count, 2) +
-           number(static_cast<quint64>(directory.size()), 4) + number(static_cast<quint64>(archive.size()), 4) +
-           number(0, 2);
+    return archive + directory + "PK\5\6" + number(0, 4) + number(entries.size(), 2) + number(entries.size(), 2) +
+           number(directory.size(), 4) + number(archive.size(), 4) + number(0, 2);
 }
 
 // "Blue: Mp3Frm.jpg=A skin.ini=T", or the fault and what came all the same.
