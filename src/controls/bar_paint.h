@@ -13,4 +13,5 @@ inline constexpr int shortestThumb = 28;
 /// The place of a part of the bar; empty for one that it has not.
 QRect barPart(const QStyleOptionSlider &bar, QStyle::SubControl part, bool isSlider);
 
+/// Paints all of it, and the ring of the focus.
 void paintBar(QPainter &painter, const QStyleOptionSlider &bar, bool isSlider);

@@ -66,7 +66,7 @@ bool mayChangeEntries(const QByteArray &folder);
 /// that appears at the same moment; else what has the name goes.
 RenameResult renameEntry(const QByteArray &from, const QByteArray &to, Existing existing);
 
-/// Lets two entries change their names. False, and nothing has changed, where the file system cannot.
+/// Gives two entries each other's name. False, and nothing has changed, where the file system cannot.
 bool exchangeEntries(const QByteArray &first, const QByteArray &second);
 
 /// Removes an entry for good: a link, not the file it leads to; never a folder.

@@ -27,11 +27,11 @@ public:
     ScratchFolder &operator=(const ScratchFolder &) = delete;
     ~ScratchFolder();
 
-    /// Puts a file of one of the names into it.
+    /// Puts a file of one of the names into it. False when it failed; errno tells why.
     bool write(const QByteArray &name, QByteArrayView bytes);
 
     /// Puts the folder in place, once all of it is on the disk. What it replaces with Existing::Replace goes to the
-    /// trash, whatever it is; where that fails all is as it was.
+    /// trash, whatever it is; where that fails all is as it was, and errno tells why.
     RenameResult commit(const QByteArray &destination, Existing existing);
 
 private:
