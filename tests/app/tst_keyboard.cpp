@@ -2,6 +2,7 @@
 // The keyboard in every window: where it begins, how Tab goes on, what leaves the window.
 #include "app/program.h"
 #include "support/fake_engine.h"
+#include "support/table.h"
 #include "support/test_files.h"
 #include "support/windows.h"
 
@@ -24,16 +25,16 @@ class KeyboardTest : public QObject
 private Q_SLOTS:
     void tabGoesOnAsPeopleRead_data()
     {
-        QTest::addColumn<QString>("order"); // Beginning with the control that has the keyboard first.
-        QTest::newRow("Mp3Frm") << u"File1 VScroll1 Label9 Label6 HScroll1 bPrev bPlay bPause bStop bNext Label8 "
-                                   u"ListSwitch"_s;
-        QTest::newRow("ToolBar") << u"Dir1 File1 Label3 Label2 Drive1 Picture1"_s;
-        QTest::newRow("FormatMp3") << u"Dir1 File1 Text1 Label2"_s;
-        QTest::newRow("TagEdit") << u"Title Artist Album Year Genre Comment cmdRemove cmdCancel cmdSave"_s;
-        QTest::newRow("Playlist") << u"List1 Picture1"_s;
-        QTest::newRow("SongSearch") << u"Text1 List1 Label1"_s;
-        QTest::newRow("frmOptions") << u"Check1 Check2 Check3 Check4 cboSkin Label1"_s;
-        QTest::newRow("About") << u"cmdOk cmdProcesses"_s;
+        const auto row = table<QString>("order"); // Beginning with the control that has the keyboard first.
+        row("Mp3Frm", u"File1 VScroll1 Label9 Label6 HScroll1 bPrev bPlay bPause bStop bNext Label8 "
+                      u"ListSwitch"_s);
+        row("ToolBar", u"Dir1 File1 Label3 Label2 Drive1 Picture1"_s);
+        row("FormatMp3", u"Dir1 File1 Text1 Label2"_s);
+        row("TagEdit", u"Title Artist Album Year Genre Comment cmdRemove cmdCancel cmdSave"_s);
+        row("Playlist", u"List1 Picture1"_s);
+        row("SongSearch", u"Text1 List1 Label1"_s);
+        row("frmOptions", u"Check1 Check2 Check3 Check4 cboSkin Label1"_s);
+        row("About", u"cmdOk cmdProcesses"_s);
     }
 
     void tabGoesOnAsPeopleRead()

@@ -11,6 +11,7 @@
 #include "settings/settings_store.h"
 #include "settings/skin_store.h"
 #include "support/fake_engine.h"
+#include "support/table.h"
 #include "support/test_files.h"
 #include "support/windows.h"
 
@@ -242,10 +243,9 @@ private Q_SLOTS:
 
     void aWindowInTheMainOnesPlaceGivesItBack_data()
     {
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("close");
-        QTest::newRow("Mp3 Name Tools") << u"FormatMp3 TagEdit"_s << u"Label2"_s;
-        QTest::newRow("About...") << u"About"_s << u"cmdOk"_s;
+        const auto row = table<QString, QString>("shown", "close");
+        row("Mp3 Name Tools", u"FormatMp3 TagEdit"_s, u"Label2"_s);
+        row("About...", u"About"_s, u"cmdOk"_s);
     }
 
     void aWindowInTheMainOnesPlaceGivesItBack()
@@ -514,10 +514,10 @@ private Q_SLOTS:
 
     void everyWayOutEndsTheProgram_data()
     {
-        QTest::addColumn<bool>("keeps");
-        QTest::newRow("Exit") << true;
-        QTest::newRow("closed") << false;
-        QTest::newRow("by the desktop") << true;
+        const auto row = table<bool>("keeps");
+        row("Exit", true);
+        row("closed", false);
+        row("by the desktop", true);
     }
 
     void everyWayOutEndsTheProgram()

@@ -6,6 +6,7 @@
 #include "controls/skin_style.h"
 #include "settings/skin_store.h"
 #include "support/fake_engine.h"
+#include "support/table.h"
 #include "support/windows.h"
 
 #include <QStyleOptionButton>
@@ -63,9 +64,9 @@ private Q_SLOTS:
 
     void everyWindowIsWholeInEverySkin_data()
     {
-        QTest::addColumn<QString>("skin");
+        const auto row = table<QString>("skin");
         for (const SkinPlace &place : skinsThere())
-            QTest::newRow(qPrintable(place.name)) << place.name;
+            row(qPrintable(place.name), place.name);
         QVERIFY(skinsThere().size() >= 3);
     }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the program's arguments are taken for: a song whose name looks like an option must still play.
 #include "app/start_options.h"
-
-#include <QTest>
+#include "support/table.h"
 
 #include <map>
 
@@ -16,11 +15,8 @@ class StartOptionsTest : public QObject
 private Q_SLOTS:
     void argumentsAreSorted_data()
     {
-        QTest::addColumn<QByteArray>("arguments");
-        QTest::addColumn<QByteArray>("outcome"); // The action, the files, the toolkit's own, the skin.
-        const auto row = [](const char *name, const char *arguments, const char *outcome) {
-            QTest::newRow(name) << QByteArray(arguments) << QByteArray(outcome);
-        };
+        // The outcome: the action, the files, the toolkit's own, the skin.
+        const auto row = table<QByteArray, QByteArray>("arguments", "outcome");
         row("none", "", "play  ");
         row("song", "a b.mp3", "play a b.mp3 ");
         row("two songs", "a.mp3|b.mp3", "refuse b.mp3 ");

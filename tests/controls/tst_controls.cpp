@@ -15,6 +15,7 @@
 #include "controls/wear_skin.h"
 #include "platform/desktop.h"
 #include "skins/places.h"
+#include "support/table.h"
 #include "support/test_files.h"
 
 #include <QAccessible>
@@ -26,7 +27,6 @@
 #include <QProcess>
 #include <QSignalSpy>
 #include <QStyleOptionSlider>
-#include <QTest>
 #include <QTimer>
 #include <QWindow>
 
@@ -166,9 +166,9 @@ private Q_SLOTS:
 
     void onlyTheUserScrolls_data()
     {
-        QTest::addColumn<bool>("inWords");
-        QTest::newRow("every value told") << false;
-        QTest::newRow("in words, on request") << true;
+        const auto row = table<bool>("inWords");
+        row("every value told", false);
+        row("in words, on request", true);
     }
 
     void onlyTheUserScrolls()
@@ -245,10 +245,10 @@ private Q_SLOTS:
 
     void everyTimeFitsItsPlace_data()
     {
-        QTest::addColumn<QString>("time");
-        QTest::newRow("short") << u"0:00/0:00"_s;
-        QTest::newRow("over an hour") << u"2:46:29/2:58:42"_s;
-        QTest::newRow("longest") << u"99:59:59/99:59:59"_s;
+        const auto row = table<QString>("time");
+        row("short", u"0:00/0:00"_s);
+        row("over an hour", u"2:46:29/2:58:42"_s);
+        row("longest", u"99:59:59/99:59:59"_s);
     }
 
     void everyTimeFitsItsPlace()
@@ -313,12 +313,11 @@ private Q_SLOTS:
 
     void aTitleTurnsWithoutLosingLetters_data()
     {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<bool>("fromRight");
-        QTest::newRow("from the left") << u"    Zoë - Café"_s << false;
-        QTest::newRow("from the right") << u"    פלוני - שיר ארוך"_s << true;
-        QTest::newRow("joined letters") << u"    أغنية جميلة"_s << true;
-        QTest::newRow("mixed") << u"    Band - שיר (live)"_s << false;
+        const auto row = table<QString, bool>("title", "fromRight");
+        row("from the left", u"    Zoë - Café"_s, false);
+        row("from the right", u"    פלוני - שיר ארוך"_s, true);
+        row("joined letters", u"    أغنية جميلة"_s, true);
+        row("mixed", u"    Band - שיר (live)"_s, false);
     }
 
     void aTitleTurnsWithoutLosingLetters()
@@ -392,10 +391,9 @@ private Q_SLOTS:
 
     void aBoxIsAnsweredByAFreshKeyAlone_data()
     {
-        QTest::addColumn<MsgBox::Buttons>("buttons");
-        QTest::addColumn<MsgBox::Answer>("answer");
-        QTest::newRow("a question") << MsgBox::Buttons::YesNo << MsgBox::Answer::Yes;
-        QTest::newRow("a loss for good") << MsgBox::Buttons::YesNoAtRisk << MsgBox::Answer::No;
+        const auto row = table<MsgBox::Buttons, MsgBox::Answer>("buttons", "answer");
+        row("a question", MsgBox::Buttons::YesNo, MsgBox::Answer::Yes);
+        row("a loss for good", MsgBox::Buttons::YesNoAtRisk, MsgBox::Answer::No);
     }
 
     void aBoxIsAnsweredByAFreshKeyAlone()

@@ -2,8 +2,7 @@
 // The names the formatter proposes: every rule of the cleaning, and what it must leave alone.
 #include "base/window_place.h"
 #include "filetools/tidy_names.h"
-
-#include <QTest>
+#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,11 +13,7 @@ class FileNamesTest : public QObject
 private Q_SLOTS:
     void proposalIsTidy_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("proposal");
-        const auto row = [](const char *title, const QString &name, const QString &proposal) {
-            QTest::newRow(title) << name << proposal;
-        };
+        const auto row = table<QString, QString>("name", "proposal");
         row("empty", u""_s, u""_s);
         row("hyphen alone", u"-"_s, u" - "_s);
         row("bracket last", u"x ("_s, u"X ("_s);

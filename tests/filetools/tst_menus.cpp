@@ -3,6 +3,7 @@
 #include "filetools/menus.h"
 #include "filetools/shell_windows.h"
 #include "platform/drives.h"
+#include "support/table.h"
 #include "tests/filetools/name_tools.h"
 
 #include <QApplication>
@@ -174,14 +175,14 @@ private Q_SLOTS:
 
     void movesThePointedFile_data()
     {
-        QTest::addColumn<QString>("picked"); // A folder within the song's own; "." for that itself.
-        QTest::addColumn<MsgBox::Answer>("answer");
-        QTest::addColumn<int>("boxes"); // The question, and the error.
-        QTest::newRow("yes") << u"/new"_s << MsgBox::Answer::Yes << 1;
-        QTest::newRow("no") << u"/new"_s << MsgBox::Answer::No << 1;
-        QTest::newRow("no folder picked") << QString() << MsgBox::Answer::Yes << 0;
-        QTest::newRow("missing folder") << u"/gone"_s << MsgBox::Answer::Yes << 2;
-        QTest::newRow("onto itself") << u""_s << MsgBox::Answer::Yes << 2;
+        // What is picked is a folder within the song's own, "" for that itself; the boxes are the question and the
+        // error.
+        const auto row = table<QString, MsgBox::Answer, int>("picked", "answer", "boxes");
+        row("yes", u"/new"_s, MsgBox::Answer::Yes, 1);
+        row("no", u"/new"_s, MsgBox::Answer::No, 1);
+        row("no folder picked", QString(), MsgBox::Answer::Yes, 0);
+        row("missing folder", u"/gone"_s, MsgBox::Answer::Yes, 2);
+        row("onto itself", u""_s, MsgBox::Answer::Yes, 2);
     }
 
     void movesThePointedFile()

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Feeds every file of the fuzzers' corpus, so that what was once found is tried on every test run.
 #include "fuzz/targets.h"
+#include "support/table.h"
 
 #include <QDir>
-#include <QTest>
 
 using Target = void (*)(QByteArrayView);
 
@@ -14,14 +14,14 @@ class FuzzCorpusTest : public QObject
 private Q_SLOTS:
     void corpusIsRead_data()
     {
-        QTest::addColumn<Target>("target");
-        QTest::newRow("song") << &fuzz::song;
-        QTest::newRow("list") << &fuzz::list;
-        QTest::newRow("settings") << &fuzz::settings;
-        QTest::newRow("name") << &fuzz::name;
-        QTest::newRow("path") << &fuzz::path;
-        QTest::newRow("region") << &fuzz::region;
-        QTest::newRow("archive") << &fuzz::archive;
+        const auto row = table<Target>("target");
+        row("song", &fuzz::song);
+        row("list", &fuzz::list);
+        row("settings", &fuzz::settings);
+        row("name", &fuzz::name);
+        row("path", &fuzz::path);
+        row("region", &fuzz::region);
+        row("archive", &fuzz::archive);
     }
 
     void corpusIsRead()

@@ -2,9 +2,8 @@
 // Both readers of headers by bytes: every field, variable-rate marks, where decoding stops, and what stands then.
 #include "mp3info/frame_header.h"
 #include "mp3info/quick_header.h"
+#include "support/table.h"
 #include "support/test_files.h"
-
-#include <QTest>
 
 #include <array>
 
@@ -46,12 +45,7 @@ class HeadersTest : public QObject
 private Q_SLOTS:
     void fieldsAreDecoded_data()
     {
-        QTest::addColumn<QByteArray>("hex");
-        QTest::addColumn<qint64>("length");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char *name, const char *hex, qint64 length, const char *expected) {
-            QTest::newRow(name) << QByteArray(hex) << length << QString::fromLatin1(expected);
-        };
+        const auto row = table<QByteArray, qint64, QByteArray>("hex", "length", "expected");
         row("empty", "", 0, "v25 l0 0k 0hz 0s 2ch|Stereo|None|||| stopped");
         row("plain", "fffb9064", 4'000'000, "v1 l3 128k 44100hz 250s 2ch|Joint Stereo|None|Yes|No|No|No");
         row("flags, sum, mono", "fffa55cb", 1'000'000,
@@ -74,7 +68,7 @@ private Q_SLOTS:
         QFETCH(const QByteArray, hex);
         QFETCH(const qint64, length);
         const FrameHeader header = readFrameHeader(QByteArray::fromHex(hex), length);
-        QTEST(described(header), "expected");
+        QTEST(described(header).toLatin1(), "expected");
         QCOMPARE(header.fileBytes, static_cast<std::int32_t>(length % 4'294'967'296));
     }
 
@@ -103,12 +97,7 @@ private Q_SLOTS:
 
     void textsOfAFrame_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<qint64>("length");
-        QTest::addColumn<QString>("expected");
-        const auto add = [](const char *name, const QByteArray &bytes, qint64 length, const char *expected) {
-            QTest::newRow(name) << bytes << length << QString::fromLatin1(expected);
-        };
+        const auto add = table<QByteArray, qint64, QByteArray>("bytes", "length", "expected");
         const auto row = [add](const char *name, const char *hex, qint64 length, const char *expected) {
             add(name, QByteArray::fromHex(hex), length, expected);
         };
@@ -145,7 +134,7 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, bytes);
         QFETCH(const qint64, length);
-        QTEST(described(quickHeader(bytes, length).header), "expected");
+        QTEST(described(quickHeader(bytes, length).header).toLatin1(), "expected");
     }
 
     void secondsOutliveFilesWithout()

@@ -3,10 +3,10 @@
 #include "mp3info/mp3_info.h"
 #include "mp3info/quick_header.h"
 #include "platform/drives.h"
+#include "support/table.h"
 #include "support/test_files.h"
 
 #include <QFile>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -40,11 +40,7 @@ class Mp3InfoTest : public QObject
 private Q_SLOTS:
     void encodersFilesAreRead_data()
     {
-        QTest::addColumn<QString>("component");
-        QTest::addColumn<QString>("quick");
-        const auto row = [](const char *sample, const char *component, const char *quick) {
-            QTest::newRow(sample) << QString::fromLatin1(component) << QString::fromLatin1(quick);
-        };
+        const auto row = table<QByteArray, QByteArray>("component", "quick"); // What each reader says of a sample.
         row("cbr-32-mono", "1 3 32 44100 Single Channel No 0", "32Kbit Mono 44100 Hz Layer 3 MPEG 1.0 No");
         row("cbr-128-crc", "1 3 128 44100 Joint Stereo Yes 0", "128Kbit Joint Stereo 44100 Hz Layer 3 MPEG 1.0 Yes");
         row("vbr-xing", "1 3 128 44100 Joint Stereo No 13", "128 44100 Hz Layer 3 MPEG 1.0 No");
@@ -67,11 +63,12 @@ private Q_SLOTS:
                   .arg(info.kbits())
                   .arg(info.Hz())
                   .arg(info.Mode(), info.CrCs())
-                  .arg(info.Frames()),
+                  .arg(info.Frames())
+                  .toLatin1(),
               "component");
         const QuickHeader h = QuickMp3Header(path);
         const QStringList texts = {h.bitRate + h.channelMode, h.frequency, h.layer, h.mpegVersion, h.crc};
-        QTEST(texts.join(u' '), "quick");
+        QTEST(texts.join(u' ').toLatin1(), "quick");
     }
 
     void summaryOutlivesFilesWithoutHeader()

@@ -4,10 +4,10 @@
 #include "platform/files.h"
 #include "platform/folders.h"
 #include "platform/terminal.h"
+#include "support/table.h"
 #include "support/test_files.h"
 
 #include <QDir>
-#include <QTest>
 
 #include <memory>
 
@@ -20,13 +20,8 @@ class DrivesTest : public QObject
 private Q_SLOTS:
     void mapsProgramPathsToTheHost_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QByteArray>("host");
-        QTest::addColumn<QString>("shown");
         const QString data = dataFolder();
-        const auto row = [](const char *name, const QString &path, const QString &host, const QString &shown) {
-            QTest::newRow(name) << path << host.toUtf8() << shown;
-        };
+        const auto row = table<QString, QString, QString>("path", "host", "shown");
         row("capital drive, doubled backslashes", u"Z:\\a\\\\\\b\\\\"_s, u"/a/b/"_s, u"/a/b"_s);
         row("data folder", u"C:\\KIV Mp3"_s, data + u"/KIV Mp3"_s, data + u"/KIV Mp3"_s);
         row("no backslash after the drive", u"c:x"_s, data + u"/x"_s, data + u"/x"_s);
@@ -39,7 +34,7 @@ private Q_SLOTS:
     void mapsProgramPathsToTheHost()
     {
         QFETCH(QString, path);
-        QTEST(hostPath(path), "host");
+        QTEST(QString::fromUtf8(hostPath(path)), "host");
         QTEST(displayPath(path), "shown");
     }
 

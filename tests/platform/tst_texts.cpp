@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Windows-1252 and the text files written in it: no byte and no character may be lost on the way.
 #include "platform/ansi_text.h"
-
-#include <QTest>
+#include "support/table.h"
 
 #include <algorithm>
 
@@ -26,14 +25,13 @@ private Q_SLOTS:
 
     void textFilesLoseNothing_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("isMarked");
-        QTest::newRow("Windows-1252") << u"Müll €\r\n"_s << false;
-        QTest::newRow("would be taken for UTF-8") << u"MÃ¼ll"_s << true;
-        QTest::newRow("begins like the mark") << u"ï»¿M\u00FCll"_s << true;
-        QTest::newRow("begins with the mark") << u"\uFEFFSong"_s << true;
-        QTest::newRow("odd byte of a file name") << u"M\xDCFCnchen.mp3"_s << true;
-        QTest::newRow("odd bytes beside another alphabet") << u"歌\xDCFF\xDC80🎵"_s << true;
+        const auto row = table<QString, bool>("text", "isMarked");
+        row("Windows-1252", u"Müll €\r\n"_s, false);
+        row("would be taken for UTF-8", u"MÃ¼ll"_s, true);
+        row("begins like the mark", u"ï»¿M\u00FCll"_s, true);
+        row("begins with the mark", u"\uFEFFSong"_s, true);
+        row("odd byte of a file name", u"M\xDCFCnchen.mp3"_s, true);
+        row("odd bytes beside another alphabet", u"歌\xDCFF\xDC80🎵"_s, true);
     }
 
     void textFilesLoseNothing()

@@ -4,10 +4,10 @@
 #include "base/last_error.h"
 #include "playback/engine_choice.h"
 #include "support/songs.h"
+#include "support/table.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <cmath>
 #include <cstring>
@@ -104,9 +104,9 @@ class EnginesTest : public QObject
 private Q_SLOTS:
     void initTestCase_data()
     {
-        QTest::addColumn<bool>("isChoice");
-        QTest::newRow("libmpv") << false;
-        QTest::newRow("choice") << true;
+        const auto row = table<bool>("isChoice");
+        row("libmpv", false);
+        row("choice", true);
     }
 
     void songsSoundInTheOrderOfTheirTurns()
@@ -154,15 +154,14 @@ private Q_SLOTS:
 
     void whatCannotBePlayedIsOneErrorThatNamesTheFile_data()
     {
-        QTest::addColumn<QString>("song");
-        QTest::addColumn<int>("number");
-        QTest::newRow("missing") << u"missing.mp3"_s << 53;
-        QTest::newRow("empty") << u"empty.mp3"_s << 62;
-        QTest::newRow("folder") << u"folder.mp3\\"_s << 75;
-        QTest::newRow("garbage") << u"garbage.mp3"_s << 321;
-        QTest::newRow("play list that names a song") << u"list.mp3"_s << 321;
-        QTest::newRow("text that opens the network") << u"network.mp3"_s << 321;
-        QTest::newRow("picture") << u"picture.mp3"_s << 326;
+        const auto row = table<QString, int>("song", "number");
+        row("missing", u"missing.mp3"_s, 53);
+        row("empty", u"empty.mp3"_s, 62);
+        row("folder", u"folder.mp3\\"_s, 75);
+        row("garbage", u"garbage.mp3"_s, 321);
+        row("play list that names a song", u"list.mp3"_s, 321);
+        row("text that opens the network", u"network.mp3"_s, 321);
+        row("picture", u"picture.mp3"_s, 326);
     }
 
     void whatCannotBePlayedIsOneErrorThatNamesTheFile()

@@ -3,6 +3,7 @@
 #include "playback/play_fault.h"
 #include "support/core_stand.h"
 #include "support/crash_points.h"
+#include "support/table.h"
 
 #include <QSignalSpy>
 
@@ -52,15 +53,12 @@ private Q_SLOTS:
 
     void theEndOfASongStartsWhatIsMarked_data()
     {
-        QTest::addColumn<bool>("repeats");
-        QTest::addColumn<bool>("advances");
-        QTest::addColumn<QString>("calls");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("nothing") << false << false << u""_s << u"2"_s;
-        QTest::newRow("repeat") << true << false << u"FileName 4.mp3, Play"_s << u"2"_s;
-        QTest::newRow("advance") << false << true << u"FileName 3.mp3, Play"_s << u"3"_s;
+        const auto row = table<bool, bool, QString, QString>("repeats", "advances", "calls", "title");
+        row("nothing", false, false, u""_s, u"2"_s);
+        row("repeat", true, false, u"FileName 4.mp3, Play"_s, u"2"_s);
+        row("advance", false, true, u"FileName 3.mp3, Play"_s, u"3"_s);
         // The advance comes first and calls the repeat off, if that has not come so far.
-        QTest::newRow("both") << true << true << u"FileName 3.mp3, Play"_s << u"3"_s;
+        row("both", true, true, u"FileName 3.mp3, Play"_s, u"3"_s);
     }
 
     void theEndOfASongStartsWhatIsMarked()

@@ -2,11 +2,11 @@
 // The player on a sound server of its own, heard at the server's end.
 #include "playback/engine_choice.h"
 #include "support/songs.h"
+#include "support/table.h"
 
 #include <QProcess>
 #include <QSignalSpy>
 #include <QStandardPaths>
-#include <QTest>
 
 #include <algorithm>
 #include <array>
@@ -100,10 +100,9 @@ class SoundServerTest : public QObject
 private Q_SLOTS:
     void initTestCase_data()
     {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("socket");
-        QTest::newRow("PulseAudio") << QString::fromLatin1(pulseAudio) << u"/socket"_s;
-        QTest::newRow("PipeWire") << QString::fromLatin1(pipeWire) << u"/pulse/native"_s;
+        const auto row = table<QString, QString>("command", "socket");
+        row("PulseAudio", QString::fromLatin1(pulseAudio), u"/socket"_s);
+        row("PipeWire", QString::fromLatin1(pipeWire), u"/pulse/native"_s);
     }
 
     void initTestCase()
@@ -147,9 +146,9 @@ private Q_SLOTS:
 
     void aSongOutlivesItsServer_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("played by itself") << u"long.mp3"_s;
-        QTest::newRow("played by libmpv") << u"long.wma"_s;
+        const auto row = table<QString>("name");
+        row("played by itself", u"long.mp3"_s);
+        row("played by libmpv", u"long.wma"_s);
     }
 
     void aSongOutlivesItsServer()

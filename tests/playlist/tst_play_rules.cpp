@@ -8,10 +8,10 @@
 #include "playlist/play_times.h"
 #include "playlist/song_match.h"
 #include "support/crash_points.h"
+#include "support/table.h"
 #include "support/test_files.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <set>
 
@@ -37,12 +37,7 @@ class PlayRulesTest : public QObject
 private Q_SLOTS:
     void droppedFilesMeanSongsOrAFolder_data()
     {
-        QTest::addColumn<QString>("dropped");
-        QTest::addColumn<QString>("forPlayer");
-        QTest::addColumn<QString>("forPlayList");
-        const auto row = [](const char *name, const QString &dropped, const QString &player, const QString &list) {
-            QTest::newRow(name) << dropped << player << list;
-        };
+        const auto row = table<QString, QString, QString>("dropped", "forPlayer", "forPlayList");
         row("nothing", u""_s, u"|"_s, u""_s);
         row("songs", u"b.mp3/A.MP3"_s, u"b.mp3|"_s, u"b.mp3/A.MP3"_s);
         row("another spelling", u"a.mp3"_s, u"a.mp3|"_s, u"A.MP3"_s);
@@ -77,11 +72,7 @@ private Q_SLOTS:
 
     void fieldsAreCutByTheReadingRule_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("fields");
-        const auto row = [](const char *name, const QString &text, const QStringList &fields) {
-            QTest::newRow(name) << text << fields;
-        };
+        const auto row = table<QString, QStringList>("text", "fields");
         row("nothing", u""_s, {});
         row("every kind of line end", u"a\nb\rc\r\n\r\nd\r\n"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s});
         row("comma", u"Artist, Song\r\n"_s, {u"Artist"_s, u"Song"_s});
@@ -148,16 +139,14 @@ private Q_SLOTS:
 
     void timesAreSummed_data()
     {
-        QTest::addColumn<QString>("times");
-        QTest::addColumn<int>("seconds");
-        QTest::addColumn<int>("error");
-        QTest::newRow("none") << u""_s << 0 << 0;
-        QTest::newRow("an odd length adds the one before") << u"3:05 x 1:00"_s << 430 << 0;
-        QTest::newRow("an odd length at first adds nothing") << u"x 1:02:03 1:00"_s << 60 << 0;
-        QTest::newRow("signs") << u"+1:-5"_s << 55 << 0;
-        QTest::newRow("no colon") << u"12345"_s << 12 * 60 + 45 << 0;
-        QTest::newRow("minutes that are no number") << u"1:00 x:00 5:00"_s << 60 << 13;
-        QTest::newRow("seconds that are no number") << u"1:00 12:x0"_s << 60 << 13;
+        const auto row = table<QString, int, int>("times", "seconds", "error");
+        row("none", u""_s, 0, 0);
+        row("an odd length adds the one before", u"3:05 x 1:00"_s, 430, 0);
+        row("an odd length at first adds nothing", u"x 1:02:03 1:00"_s, 60, 0);
+        row("signs", u"+1:-5"_s, 55, 0);
+        row("no colon", u"12345"_s, 12 * 60 + 45, 0);
+        row("minutes that are no number", u"1:00 x:00 5:00"_s, 60, 13);
+        row("seconds that are no number", u"1:00 12:x0"_s, 60, 13);
     }
 
     void timesAreSummed()
@@ -213,13 +202,8 @@ private Q_SLOTS:
 
     void theFirstOccurrenceIsInCapitals_data()
     {
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("shown");
+        const auto row = table<QStringList, QString, QStringList>("names", "text", "shown");
         const QStringList songs = {u"Love Song.mp3"_s, u"Glove.mp3"_s, u"Dove Love.mp3"_s, u"Zebra.wma"_s};
-        const auto row = [](const char *name, const QStringList &names, const QString &text, const QStringList &shown) {
-            QTest::newRow(name) << names << text << shown;
-        };
         row("middle", songs, u"ove"_s, {u"LOVE Song.mp3"_s, u"GlOVE.mp3"_s, u"DOVE Love.mp3"_s});
         row("empty text", songs, u""_s, songs);
         row("never over two names", {u"ab"_s, u"cd"_s}, u"bc"_s, {});

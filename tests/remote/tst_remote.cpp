@@ -7,6 +7,7 @@
 #include "remote/remote_control.h"
 #include "remote/song_metadata.h"
 #include "support/core_stand.h"
+#include "support/table.h"
 
 #include <QBuffer>
 #include <QDBusArgument>
@@ -21,7 +22,6 @@
 #include <QMetaProperty>
 #include <QSignalSpy>
 #include <QStringEncoder>
-#include <QTest>
 #include <QUrl>
 
 #include <cmath>
@@ -183,8 +183,7 @@ private Q_SLOTS:
 
     void tagsOfEveryVersionAreRead_data()
     {
-        QTest::addColumn<QByteArray>("tag");
-        QTest::addColumn<QString>("title");
+        const auto row = table<QByteArray, QString>("tag", "title");
         const QString night = u"Ночь ÿ"_s;
         const QByteArray jpg = QByteArray("\0JPG\3d\0", 7) + picture();
         const QByteArray png = QByteArray("\0image/png\0\3d\0", 14) + picture();
@@ -193,26 +192,25 @@ private Q_SLOTS:
         const QByteArray back2 = frame(2, "PIC", QByteArray(jpg).replace(4, 1, "\4") + 'x');
         const QByteArray front3 = frame(3, "APIC", png);
         const QByteArray back4 = frame(4, "APIC", QByteArray(png).replace(11, 1, "\4") + 'x');
-        QTest::newRow("2.2") << tagged(2, back2 + frame(2, "TT2", text(0, u"“É”"_s)) + front2 + back2) << u"“É”"_s;
-        QTest::newRow("2.2, stuffed") << tagged(2, stuffed(frame(2, "TT2", text(1, night)) + front2), 0x80) << night;
-        QTest::newRow("2.3") << tagged(3, front3 + frame(3, "TIT2", text(1, night))) << night;
-        QTest::newRow("2.3, stuffed, extended")
-            << tagged(3,
-                      stuffed(number(6, 4) + number(0, 6) + frame(3, "TIT2", text(1, night)) + frame(3, "APIC", wide)),
-                      0xC0)
-            << night;
-        QTest::newRow("2.4, extended") << tagged(4,
-                                                 number(6, 4) + QByteArray("\1\0", 2) +
-                                                     frame(4, "TIT2", text(3, night)) + back4 + frame(4, "APIC", png),
-                                                 0x40)
-                                       << night;
-        QTest::newRow("2.4, stuffed")
-            << tagged(4, frame(4, "TIT2", stuffed(text(2, night)), 2) + frame(4, "APIC", stuffed(wide), 2), 0x80)
-            << night;
-        QTest::newRow("cut off") << tagged(3, frame(3, "TIT2", text(1, night)) + front3 +
-                                                  frame(3, "APIC", png + QByteArray(1 << 20, 'x')))
-                                        .chopped(1 << 20)
-                                 << night;
+        row("2.2", tagged(2, back2 + frame(2, "TT2", text(0, u"“É”"_s)) + front2 + back2), u"“É”"_s);
+        row("2.2, stuffed", tagged(2, stuffed(frame(2, "TT2", text(1, night)) + front2), 0x80), night);
+        row("2.3", tagged(3, front3 + frame(3, "TIT2", text(1, night))), night);
+        row("2.3, stuffed, extended",
+            tagged(3, stuffed(number(6, 4) + number(0, 6) + frame(3, "TIT2", text(1, night)) + frame(3, "APIC", wide)),
+                   0xC0),
+            night);
+        row("2.4, extended",
+            tagged(4,
+                   number(6, 4) + QByteArray("\1\0", 2) + frame(4, "TIT2", text(3, night)) + back4 +
+                       frame(4, "APIC", png),
+                   0x40),
+            night);
+        row("2.4, stuffed",
+            tagged(4, frame(4, "TIT2", stuffed(text(2, night)), 2) + frame(4, "APIC", stuffed(wide), 2), 0x80), night);
+        row("cut off",
+            tagged(3, frame(3, "TIT2", text(1, night)) + front3 + frame(3, "APIC", png + QByteArray(1 << 20, 'x')))
+                .chopped(1 << 20),
+            night);
     }
 
     void tagsOfEveryVersionAreRead()

@@ -5,9 +5,8 @@
 #include "platform/folders.h"
 #include "settings/settings_store.h"
 #include "support/crash_points.h"
+#include "support/table.h"
 #include "support/test_files.h"
-
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -18,23 +17,22 @@ class SettingsStoreTest : public QObject
 private Q_SLOTS:
     void readsAKey_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("value");
-        QTest::newRow("empty") << u""_s << u""_s;
-        QTest::newRow("other section") << u"[A]\r\nKEY=1\r\n[S]\r\nX=2"_s << u""_s;
-        QTest::newRow("case and blanks") << u" [ s ] \n  kEy \t=  a b  \n"_s << u"a b"_s;
-        QTest::newRow("CR only") << u"[S]\rX=1\rKEY=2\r"_s << u"2"_s;
-        QTest::newRow("first of two keys") << u"[S]\nKEY=1\nKEY=2"_s << u"1"_s;
-        QTest::newRow("first of two sections") << u"[S]\nX=1\n[S]\nKEY=2"_s << u""_s;
-        QTest::newRow("comment") << u"[S]\n;KEY=1\n; KEY=1\nKEY=2"_s << u"2"_s;
-        QTest::newRow("longer key") << u"[S]\nKEYS=1\nKE=2\nKEY"_s << u""_s;
-        QTest::newRow("one pair of quotes") << u"[S]\nKEY = \"'a '\" "_s << u"'a '"_s;
-        QTest::newRow("one quote") << u"[S]\nKEY=\""_s << u"\""_s;
-        QTest::newRow("unclosed section") << u"[S\nKEY=1"_s << u""_s;
-        QTest::newRow("equals in value") << u"[S]\nKEY=a=b"_s << u"a=b"_s;
-        QTest::newRow("zero bytes") << u"[S]\n"_s + QString(9, QChar()) + u"\nKEY=a"_s + QChar() + u"b"_s << u"a"_s;
-        QTest::newRow("huge line") << u"[S]\n"_s + QString(1 << 20, u'x') + u"\nKEY=1"_s << u"1"_s;
-        QTest::newRow("a name's own wide blank") << u"[S]\nKEY=a\u00A0"_s << u"a\u00A0"_s;
+        const auto row = table<QString, QString>("text", "value");
+        row("empty", u""_s, u""_s);
+        row("other section", u"[A]\r\nKEY=1\r\n[S]\r\nX=2"_s, u""_s);
+        row("case and blanks", u" [ s ] \n  kEy \t=  a b  \n"_s, u"a b"_s);
+        row("CR only", u"[S]\rX=1\rKEY=2\r"_s, u"2"_s);
+        row("first of two keys", u"[S]\nKEY=1\nKEY=2"_s, u"1"_s);
+        row("first of two sections", u"[S]\nX=1\n[S]\nKEY=2"_s, u""_s);
+        row("comment", u"[S]\n;KEY=1\n; KEY=1\nKEY=2"_s, u"2"_s);
+        row("longer key", u"[S]\nKEYS=1\nKE=2\nKEY"_s, u""_s);
+        row("one pair of quotes", u"[S]\nKEY = \"'a '\" "_s, u"'a '"_s);
+        row("one quote", u"[S]\nKEY=\""_s, u"\""_s);
+        row("unclosed section", u"[S\nKEY=1"_s, u""_s);
+        row("equals in value", u"[S]\nKEY=a=b"_s, u"a=b"_s);
+        row("zero bytes", u"[S]\n"_s + QString(9, QChar()) + u"\nKEY=a"_s + QChar() + u"b"_s, u"a"_s);
+        row("huge line", u"[S]\n"_s + QString(1 << 20, u'x') + u"\nKEY=1"_s, u"1"_s);
+        row("a name's own wide blank", u"[S]\nKEY=a\u00A0"_s, u"a\u00A0"_s);
     }
 
     void readsAKey()

@@ -5,10 +5,10 @@
 #include "platform/scratch_folder.h"
 #include "settings/skin_install.h"
 #include "support/crash_points.h"
+#include "support/table.h"
 #include "support/test_files.h"
 
 #include <QDirIterator>
-#include <QTest>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -151,17 +151,15 @@ private Q_SLOTS:
 
     void takesASkinOutOfAnArchive_data()
     {
-        QTest::addColumn<QByteArray>("archive");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char *name, const QList<Entry> &entries, const QString &expected) {
-            QTest::newRow(name) << archiveOf(entries) << expected;
+        const auto add = table<QByteArray, QString>("archive", "expected");
+        const auto row = [add](const char *name, const QList<Entry> &entries, const QString &expected) {
+            add(name, archiveOf(entries), expected);
         };
         const QString textOnly = u"In: skin.ini=T"_s;
         const QString none = u"In.zip holds no skin: there is no skin.ini in it."_s;
-        const QString bad = u"In.zip is damaged, or is no zip archive."_s;
-        QTest::newRow("no archive") << QByteArray(1000, 'x') << bad;
-        QTest::newRow("directory of a million")
-            << QByteArray("PK\1\2").repeated(1000000) << u"In.zip holds more than 4096 files, which no skin has."_s;
+        const QString many = u"In.zip holds more than 4096 files, which no skin has."_s;
+        add("no archive", QByteArray(1000, 'x'), u"In.zip is damaged, or is no zip archive."_s);
+        add("directory of a million", QByteArray("PK\1\2").repeated(1000000), many);
         row("nothing", {}, none);
         row("foreign files", {skinText, {"run.sh", "x"}, {"bPlay.svg", "x"}, {"icon-22@2x.png", "I"}},
             u"In: icon-22@2x.png=I skin.ini=T"_s);
@@ -190,7 +188,7 @@ private Q_SLOTS:
         row("encrypted", {skinText, {"bPlay.png", "x", 0, encrypted}}, u"bPlay.png in In.zip is encrypted."_s);
         row("a long text", {{"skin.ini", QByteArray((1 << 16) + 1, 'x')}},
             u"skin.ini in In.zip is larger than 64 KB."_s);
-        row("too many", QList<Entry>(4097, skinText), u"In.zip holds more than 4096 files, which no skin has."_s);
+        row("too many", QList<Entry>(4097, skinText), many);
         QList<Entry> large{skinText};
         for (const QString &name : skinFileNames().sliced(1, 9))
             large += packedEntry(name.toUtf8(), QByteArray(qsizetype(1) << 23, '\0'));
@@ -312,12 +310,11 @@ private Q_SLOTS:
     // Of whatever happens in the middle the next install leaves nothing, and there is one whole skin all the time.
     void nothingIsLostHalfway_data()
     {
-        QTest::addColumn<Fault>("fault");
-        QTest::addColumn<bool>("replaces");
-        QTest::newRow("new, killed") << Fault::Death << false;
-        QTest::newRow("new, full disk") << Fault::DiskFull << false;
-        QTest::newRow("replacing, killed") << Fault::Death << true;
-        QTest::newRow("replacing, full disk") << Fault::DiskFull << true;
+        const auto row = table<Fault, bool>("fault", "replaces");
+        row("new, killed", Fault::Death, false);
+        row("new, full disk", Fault::DiskFull, false);
+        row("replacing, killed", Fault::Death, true);
+        row("replacing, full disk", Fault::DiskFull, true);
     }
 
     void nothingIsLostHalfway()

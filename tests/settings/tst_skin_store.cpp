@@ -15,13 +15,13 @@
 #include "platform/desktop.h"
 #include "settings/skin_store.h"
 #include "skins/places.h"
+#include "support/table.h"
 #include "support/test_files.h"
 
 #include <QApplication>
 #include <QMenu>
 #include <QPainter>
 #include <QStringEncoder>
-#include <QTest>
 
 #include <sys/stat.h>
 
@@ -113,22 +113,17 @@ private Q_SLOTS:
 
     void coloursAreReadOrToldAndLeft_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("caption"); // As shown.
-        QTest::addColumn<QString>("fault");   // What it begins with, "" for none.
-        const auto row = [](const char *name, const char *text, const char *caption, const char *fault = "") {
-            QTest::newRow(name) << QByteArray(text) << QString::fromLatin1(caption) << QString::fromLatin1(fault);
-        };
-        row("a colour", "caption=#ffee00", "#ffee00");
-        row("in any case, with blanks", " CAPTION = #FFEE00 ", "#ffee00");
-        row("a comment", ";caption=#ffee00", "#f4ead8");
+        // The caption's colour as shown, and what the fault begins with, "" for none.
+        const auto row = table<QByteArray, QByteArray, QByteArray>("text", "caption", "fault");
+        row("in any case, with blanks", " CAPTION = #FFEE00 ", "#ffee00", "");
+        row("a comment", ";caption=#ffee00", "#f4ead8", "");
         row("no colour", "caption=yellow", "#f4ead8", "caption=yellow is no colour");
         row("too short", "caption=#fff", "#f4ead8", "caption=#fff is no colour");
         row("signs", "caption=#0xffee", "#f4ead8", "caption=#0xffee is no colour");
         row("clear", "caption=#ffee0000", "#f4ead8", "caption=#ffee0000 is no colour");
         row("a misspelt name", "captoin=#ffee00", "#f4ead8", "there is no colour named captoin");
         row("just too near", "caption=#6e6e6e", "#f4ead8", "caption=#6e6e6e can hardly be seen on graphite");
-        row("another ground", "graphite=#f4ead8\nface=#ffffff", "#000000");
+        row("another ground", "graphite=#f4ead8\nface=#ffffff", "#000000", "");
         row("grounds apart", "graphite=#ffffff\nface=#000000\ncaption=#ffffff", "#767676", "caption=#ffffff can");
         row("a field", "wellBackground=#e9dfcb\nlistText=#e9dfcc", "#f4ead8",
             "listText=#e9dfcc can hardly be seen on wellBackground");
@@ -140,11 +135,12 @@ private Q_SLOTS:
     void coloursAreReadOrToldAndLeft()
     {
         QFETCH(QByteArray, text);
-        QFETCH(QString, fault);
-        QStringList faults;
+        QFETCH(QByteArray, fault);
+        QByteArrayList faults;
         Skin skin = firstSkin();
-        readSkinText(skin, u"[Colours]\n"_s + QString::fromLatin1(text), [&](const QString &told) { faults += told; });
-        QTEST(QColor::fromRgb(colourOf(skin, Colour::caption)).name(), "caption");
+        readSkinText(skin, QString::fromLatin1("[Colours]\n" + text),
+                     [&](const QString &told) { faults += told.toLatin1(); });
+        QTEST(QColor::fromRgb(colourOf(skin, Colour::caption)).name().toLatin1(), "caption");
         QCOMPARE(faults.value(0).left(fault.size()), fault);
         QCOMPARE(faults.isEmpty(), fault.isEmpty());
         for (const Colour shown : {Colour::caption, Colour::captionDim})
@@ -153,26 +149,23 @@ private Q_SLOTS:
 
     void picturesAreShownOrToldAndLeft_data()
     {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("fault"); // "" where the picture is shown.
+        const auto row = table<QString, QByteArray, QString>("file", "bytes", "fault"); // "" where it is shown.
         const QByteArray dark = shippedPicture(u"SongSearch.jpg"_s);
         const QByteArray light = shippedPicture(u"../enamel/SongSearch.jpg"_s);
         const QByteArray sharp = shippedPicture(u"../contrast/SongSearch@2x.jpg"_s);
-        QTest::newRow("whole") << u"SongSearch.jpg"_s << shippedPicture(u"../contrast/SongSearch.jpg"_s) << QString();
-        QTest::newRow("the sharper one alone") << u"SongSearch@2x.jpg"_s << sharp << QString();
-        QTest::newRow("absurd") << u"SongSearch.jpg"_s << withSize(dark, 60000, 60000)
-                                << u"is 60000 x 60000 pixels instead of 320 x 300"_s;
-        QTest::newRow("a pixel too wide")
-            << u"SongSearch.jpg"_s << withSize(dark, 321, 300) << u"is 321 x 300 pixels instead of 320 x 300"_s;
-        QTest::newRow("cut") << u"SongSearch.jpg"_s << dark.first(4000) << u"is damaged"_s;
-        QTest::newRow("empty") << u"SongSearch.jpg"_s << QByteArray() << u"is damaged"_s;
-        QTest::newRow("another format") << u"SongSearch.jpg"_s << shippedPicture(u"bPlay.png"_s) << u"is damaged"_s;
-        QTest::newRow("huge") << u"SongSearch.jpg"_s << QByteArray((1 << 23) + 1, 'x')
-                              << u"has 8388609 bytes, which are too many"_s;
-        QTest::newRow("light under light texts")
-            << u"SongSearch.jpg"_s << light << u"leaves Label1, in the colour caption, hardly readable"_s;
-        QTest::newRow("light under a plate") << u"SongSearch.jpg"_s << light << QString();
+        row("whole", u"SongSearch.jpg"_s, shippedPicture(u"../contrast/SongSearch.jpg"_s), QString());
+        row("the sharper one alone", u"SongSearch@2x.jpg"_s, sharp, QString());
+        row("absurd", u"SongSearch.jpg"_s, withSize(dark, 60000, 60000),
+            u"is 60000 x 60000 pixels instead of 320 x 300"_s);
+        row("a pixel too wide", u"SongSearch.jpg"_s, withSize(dark, 321, 300),
+            u"is 321 x 300 pixels instead of 320 x 300"_s);
+        row("cut", u"SongSearch.jpg"_s, dark.first(4000), u"is damaged"_s);
+        row("empty", u"SongSearch.jpg"_s, QByteArray(), u"is damaged"_s);
+        row("another format", u"SongSearch.jpg"_s, shippedPicture(u"bPlay.png"_s), u"is damaged"_s);
+        row("huge", u"SongSearch.jpg"_s, QByteArray((1 << 23) + 1, 'x'), u"has 8388609 bytes, which are too many"_s);
+        row("light under light texts", u"SongSearch.jpg"_s, light,
+            u"leaves Label1, in the colour caption, hardly readable"_s);
+        row("light under a plate", u"SongSearch.jpg"_s, light, QString());
     }
 
     void picturesAreShownOrToldAndLeft()
@@ -278,10 +271,10 @@ private Q_SLOTS:
 
     void aBaseThatIsNotThereIsTold_data()
     {
-        QTest::addColumn<QByteArray>("base");
-        QTest::newRow("missing") << QByteArray("nobody");
-        QTest::newRow("itself") << QByteArray("mine");
-        QTest::newRow("a path") << QByteArray("../skins/below");
+        const auto row = table<QByteArray>("base");
+        row("missing", QByteArray("nobody"));
+        row("itself", QByteArray("mine"));
+        row("a path", QByteArray("../skins/below"));
     }
 
     void aBaseThatIsNotThereIsTold()

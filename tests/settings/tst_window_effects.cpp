@@ -5,8 +5,7 @@
 #include "controls/skin_window.h"
 #include "settings/window_effects.h"
 #include "settings/window_shape.h"
-
-#include <QTest>
+#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,18 +30,16 @@ class WindowEffectsTest : public QObject
 private Q_SLOTS:
     void shapes_data()
     {
-        QTest::addColumn<QImage>("picture");
-        QTest::addColumn<QRegion>("shape");
-        QTest::newRow("none") << QImage() << QRegion();
-        QTest::newRow("one pixel") << drawn({u"."_s}) << QRegion();
-        QTest::newRow("square") << drawn({u"...."_s, u".##."_s, u".##."_s, u"...."_s}) << QRegion(1, 1, 2, 2);
-        QTest::newRow("right edge, last row") << drawn({u"..."_s, u".##"_s}) << QRegion();
-        QTest::newRow("right edge, closed left of its start") << drawn({u"..##"_s, u"...."_s}) << QRegion(0, 1, 2, 1);
-        QTest::newRow("right edge, closed at its start") << drawn({u"..##"_s, u"##.."_s}) << QRegion();
-        QTest::newRow("right edge, closed right of its start") << drawn({u"..##"_s, u"###."_s}) << QRegion(2, 1, 1, 1);
-        QTest::newRow("right edge, over two rows")
-            << drawn({u".#"_s, u"##"_s, u"##"_s, u".."_s}) << QRegion(0, 3, 1, 1);
-        QTest::newRow("closed run covers another") << drawn({u"...#"_s, u".#.."_s}) << QRegion(0, 1, 3, 1);
+        const auto row = table<QImage, QRegion>("picture", "shape");
+        row("none", QImage(), QRegion());
+        row("one pixel", drawn({u"."_s}), QRegion());
+        row("square", drawn({u"...."_s, u".##."_s, u".##."_s, u"...."_s}), QRegion(1, 1, 2, 2));
+        row("right edge, last row", drawn({u"..."_s, u".##"_s}), QRegion());
+        row("right edge, closed left of its start", drawn({u"..##"_s, u"...."_s}), QRegion(0, 1, 2, 1));
+        row("right edge, closed at its start", drawn({u"..##"_s, u"##.."_s}), QRegion());
+        row("right edge, closed right of its start", drawn({u"..##"_s, u"###."_s}), QRegion(2, 1, 1, 1));
+        row("right edge, over two rows", drawn({u".#"_s, u"##"_s, u"##"_s, u".."_s}), QRegion(0, 3, 1, 1));
+        row("closed run covers another", drawn({u"...#"_s, u".#.."_s}), QRegion(0, 1, 3, 1));
     }
 
     void shapes()

@@ -3,12 +3,12 @@
 #include "platform/drives.h"
 #include "platform/folders.h"
 #include "support/crash_points.h"
+#include "support/table.h"
 #include "support/test_files.h"
 #include "tagedit/editor_genres.h"
 #include "tagedit/tag_block.h"
 
 #include <QDir>
-#include <QTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -35,19 +35,17 @@ class TagBlockTest : public QObject
 private Q_SLOTS:
     void workChangesItsBytesOrNoneAtEveryFault_data()
     {
-        QTest::addColumn<Work>("work");
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("after");
+        const auto row = table<Work, QByteArray, QByteArray>("work", "before", "after");
         const Work save = [](const QString &path) { return saveTag(path, jazz); };
-        QTest::newRow("add") << Work(addTag) << audio << audio.chopped(1) + '\0' + emptyTag;
-        QTest::newRow("add to nothing") << Work(addTag) << QByteArray() << emptyTag;
-        QTest::newRow("save") << save << audio + emptyTag << audio + jazzBlock;
-        QTest::newRow("save without a tag") << save << audio << audio.chopped(128) + jazzBlock;
-        QTest::newRow("save, shorter") << save << QByteArray(127, 'x') << QByteArray(127, 'x');
-        QTest::newRow("remove") << Work(removeTag) << audio + jazzBlock << audio;
-        QTest::newRow("remove without a tag") << Work(removeTag) << audio << audio.chopped(128);
-        QTest::newRow("remove all there is") << Work(removeTag) << emptyTag << QByteArray();
-        QTest::newRow("remove, shorter") << Work(removeTag) << QByteArray(127, 'x') << QByteArray(127, 'x');
+        row("add", Work(addTag), audio, audio.chopped(1) + '\0' + emptyTag);
+        row("add to nothing", Work(addTag), QByteArray(), emptyTag);
+        row("save", save, audio + emptyTag, audio + jazzBlock);
+        row("save without a tag", save, audio, audio.chopped(128) + jazzBlock);
+        row("save, shorter", save, QByteArray(127, 'x'), QByteArray(127, 'x'));
+        row("remove", Work(removeTag), audio + jazzBlock, audio);
+        row("remove without a tag", Work(removeTag), audio, audio.chopped(128));
+        row("remove all there is", Work(removeTag), emptyTag, QByteArray());
+        row("remove, shorter", Work(removeTag), QByteArray(127, 'x'), QByteArray(127, 'x'));
     }
 
     void workChangesItsBytesOrNoneAtEveryFault()
