@@ -140,9 +140,6 @@ private Q_SLOTS:
         QCOMPARE(tools.engine.volume(), -5);
         QTest::keyClick(&tools.formatMp3.File1, Qt::Key_Minus); // It may begin a name.
         QCOMPARE(tools.engine.volume(), -5);
-        tools.player.setVolume(-2288);
-        press(Qt::Key_Minus);
-        QCOMPARE(tools.engine.volume(), -2290);
     }
 
     void tellsOfTheFileUnderTheMouse()

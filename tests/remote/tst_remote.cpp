@@ -38,10 +38,7 @@ const QString root = u"org.mpris.MediaPlayer2"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 const QString properties = u"org.freedesktop.DBus.Properties"_s;
 constexpr auto farthest = std::numeric_limits<qlonglong>::max();
-} // namespace
 
-namespace
-{
 // A zero after each 255, as tags have it that are not to look like sound.
 QByteArray stuffed(QByteArray bytes)
 {

@@ -86,9 +86,8 @@ QString told(const SkinFiles &skin)
 QMap<QString, QByteArray> treeOf(const QString &folder)
 {
     QMap<QString, QByteArray> tree;
-    for (QDirIterator each(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                           QDirIterator::Subdirectories);
-         each.hasNext();) {
+    constexpr auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    for (QDirIterator each(folder, all, QDirIterator::Subdirectories); each.hasNext();) {
         const QFileInfo entry(each.next());
         QFile file(entry.filePath());
         const bool isRead = entry.isFile() && !entry.isSymLink() && file.open(QIODevice::ReadOnly);
