@@ -12,7 +12,7 @@
 #include "platform/desktop.h"
 #include "platform/drives.h"
 #include "platform/folders.h"
-#include "playlist/dropped_songs.h"
+#include "playlist/dropped_files.h"
 #include "settings/frm_options.h"
 #include "settings/settings_store.h"
 #include "settings/window_effects.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/program.h"
 
+#include "app/dropped_skin.h"
 #include "app/splash.h"
 #include "app/version.h"
 #include "base/names.h"
@@ -15,7 +16,6 @@
 #include "platform/x11_windows.h"
 #include "remote/adaptors.h"
 #include "settings/settings_store.h"
-#include "settings/skin_install.h"
 #include "settings/window_effects.h"
 
 #include <QApplication>
@@ -38,6 +38,12 @@ bool dress(const QString &wanted)
     if (const Skin skin = skinAtStart(wanted); skin.name != currentSkin().name)
         wearSkin(skin);
     return true;
+}
+
+void showSplash()
+{
+    Splash splash;
+    splash.animate();
 }
 } // namespace
 
@@ -156,12 +162,6 @@ bool Program::startByBus()
     return true;
 }
 
-void Program::showSplash()
-{
-    Splash splash;
-    splash.animate();
-}
-
 // What a player that was killed could not finish goes, where it most likely worked. Listing the songs has tidied their
 // folder.
 void Program::tidyUp()
@@ -246,19 +246,9 @@ void Program::wear(const QString &skin)
 // shown is told at once, since somebody may be making it.
 void Program::keepAndWear(const QString &path)
 {
-    const SkinFiles files = skinIn(path);
-    KeptSkin kept = keepSkin(files, Existing::Keep);
-    if (kept.result == RenameResult::OtherExists) {
-        const QString question = u"There is a skin \"%1\" already. Replace it?"_s.arg(kept.name);
-        const auto answer = MsgBox::show(question, programName(), MsgBox::Icon::Question, MsgBox::Buttons::YesNoAtRisk);
-        if (answer != MsgBox::Answer::Yes)
-            return;
-        kept = keepSkin(files, Existing::Replace);
-    }
-    if (kept.result != RenameResult::Done) {
-        MsgBox::show(kept.fault, programName(), MsgBox::Icon::Critical);
+    const KeptSkin kept = keepAsking(path);
+    if (kept.result != RenameResult::Done)
         return;
-    }
     wear(kept.name);
     if (const QString fault = keepChosenSkin(kept.name); !fault.isEmpty())
         MsgBox::show(fault, programName(), MsgBox::Icon::Critical);

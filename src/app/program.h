@@ -44,7 +44,6 @@ private:
     std::array<SkinWindow *, 8> allWindows();
     void load();
     void tidyUp();
-    void showSplash();
     void playCommandLine(const QString &commandLine);
     void playWithFolder(const QString &path);
     void playAndChoose(const QString &path);

@@ -11,7 +11,7 @@
 #include "mp3info/quick_header.h"
 #include "platform/files.h"
 #include "playback/player.h"
-#include "playlist/dropped_songs.h"
+#include "playlist/dropped_files.h"
 #include "playlist/list_file.h"
 #include "playlist/play_times.h"
 #include "settings/settings_store.h"

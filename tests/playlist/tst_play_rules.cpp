@@ -2,7 +2,7 @@
 // The rules of the play list and the search: how its files are read, what the times sum up to, which entry comes next,
 // what is found and how that is shown.
 #include "platform/files.h"
-#include "playlist/dropped_songs.h"
+#include "playlist/dropped_files.h"
 #include "playlist/list_file.h"
 #include "playlist/play_order.h"
 #include "playlist/play_times.h"

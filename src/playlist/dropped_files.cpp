@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "playlist/dropped_songs.h"
+#include "playlist/dropped_files.h"
 
 #include "base/names.h"
 #include "platform/drives.h"
