@@ -6,12 +6,33 @@
 #include "controls/skin_window.h"
 
 #include <QAccessible>
+#include <QBackingStore>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
+
+namespace
+{
+// The rows of a picture that show anything: the first, and the one after the last.
+std::pair<int, int> inkRows(const QImage &picture)
+{
+    const auto isBlank = [&picture](int row) {
+        const auto *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(row));
+        return std::all_of(pixels, pixels + picture.width(), [](QRgb pixel) { return qAlpha(pixel) == 0; });
+    };
+    int first = 0;
+    int end = picture.height();
+    while (first < end && isBlank(first))
+        ++first;
+    while (end > first && isBlank(end - 1))
+        --end;
+    return {first, end};
+}
+} // namespace
 
 Label::Label(QWidget *parent, const ControlSetup &setup, const QString &caption)
     : Pressable(parent), m_caption(caption), m_colour(Colour::caption), m_unturned(caption)
@@ -29,8 +50,8 @@ void Label::setCaption(const QString &caption)
     else
         setUnturned(caption);
     m_caption = caption;
-    if (m_isMarquee)
-        repaint(lineRect()); // At once: its timer has woken the player for this, a paint event would wake it again.
+    if (isTurn && m_strip)
+        paintTurn();
     else
         update();
     if (QAccessible::isActive() && !isTurn) { // A turn says nothing new.
@@ -82,13 +103,6 @@ bool Label::turns(const QString &caption) const
            caption.back() == m_caption.front();
 }
 
-// The band that a line of text takes.
-QRect Label::lineRect() const
-{
-    const int height = fontMetrics().height();
-    return {0, (rect().height() - height) / 2, width(), height};
-}
-
 void Label::setUnturned(const QString &caption)
 {
     m_unturned = caption;
@@ -97,26 +111,27 @@ void Label::setUnturned(const QString &caption)
 }
 
 // The order on the screen counts, not that in the text: words in a script read from the right run against the others.
-void Label::layOut()
+void Label::layOut(qreal density)
 {
-    const bool fromRight = m_unturned.isRightToLeft();
+    Strip strip;
+    strip.isFromRight = m_unturned.isRightToLeft();
     QTextOption option;
-    option.setTextDirection(fromRight ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setTextDirection(strip.isFromRight ? Qt::RightToLeft : Qt::LeftToRight);
     option.setFlags(QTextOption::IncludeTrailingSpaces);
     QTextLayout layout(m_unturned, font());
     layout.setTextOption(option);
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
-    Strip strip;
     strip.width = line.naturalTextWidth();
     for (int at = 0; at < m_unturned.size(); ++at) {
         const auto [left, right] = std::minmax({line.cursorToX(at), line.cursorToX(at, QTextLine::Trailing)});
-        strip.moves += fromRight ? strip.width - right : left;
+        strip.moves += strip.isFromRight ? strip.width - right : left;
     }
     std::sort(strip.moves.begin(), strip.moves.end());
-    const qreal density = devicePixelRatioF();
-    const QSizeF size(2 * strip.width + 1, lineRect().height());
+    const int lineHeight = fontMetrics().height();
+    strip.line = {0, (height() - lineHeight) / 2, width(), lineHeight};
+    const QSizeF size(2 * strip.width + 1, lineHeight);
     strip.picture = QPixmap((size * density).toSize());
     strip.picture.setDevicePixelRatio(density);
     strip.picture.fill(Qt::transparent);
@@ -125,7 +140,31 @@ void Label::layOut()
     const qreal top = (size.height() - line.height()) / 2;
     for (const qreal start : {0.0, strip.width})
         layout.draw(&painter, QPointF(start, top));
+    painter.end();
+    const auto [first, end] = inkRows(strip.picture.toImage());
+    const int inkTop = qFloor((std::floor(strip.line.y() * density) + first) / density);
+    const int inkEnd = qCeil((std::ceil(strip.line.y() * density) + end) / density);
+    strip.ink = {0, inkTop, width(), inkEnd - inkTop};
     m_strip = strip;
+}
+
+// Straight into the picture of the window on the screen, in which nothing lies over the label: many times a second, the
+// way through the window and what lies in it would cost more than the turn.
+void Label::paintTurn()
+{
+    QBackingStore *store = backingStore();
+    if (!isVisible() || !store || !store->window()->isExposed())
+        return update();
+    const QPoint place = mapTo(window(), QPoint());
+    const QRect part = m_strip->ink.translated(place);
+    store->beginPaint(part);
+    QPainter painter(store->paintDevice());
+    painter.setClipRect(part);
+    painter.translate(place);
+    paintMarquee(painter, m_strip->ink);
+    painter.end();
+    store->endPaint();
+    store->flush(part);
 }
 
 void Label::paintMarquee(QPainter &painter, const QRect &part)
@@ -134,15 +173,13 @@ void Label::paintMarquee(QPainter &painter, const QRect &part)
         skin->paintSkin(painter, part, mapTo(skin, QPoint()));
     if (m_caption.isEmpty())
         return;
-    if (!m_strip || m_strip->picture.devicePixelRatio() != devicePixelRatioF())
-        layOut();
-    const bool fromRight = m_unturned.isRightToLeft();
-    const qreal density = m_strip->picture.devicePixelRatio();
-    const QRect line = lineRect();
-    const QSizeF size(std::min<qreal>(m_strip->width, width()), line.height());
+    const qreal density = painter.device()->devicePixelRatioF();
+    if (!m_strip || m_strip->picture.devicePixelRatio() != density)
+        layOut(density);
+    const QSizeF size(std::min<qreal>(m_strip->width, width()), m_strip->line.height());
     const qreal moved = m_strip->moves[m_turns];
-    const qreal start = fromRight ? 2 * m_strip->width - moved - size.width() : moved;
-    const QPointF place(fromRight ? width() - size.width() : 0, line.y());
+    const qreal start = m_strip->isFromRight ? 2 * m_strip->width - moved - size.width() : moved;
+    const QPointF place(m_strip->isFromRight ? width() - size.width() : 0, m_strip->line.y());
     painter.drawPixmap(QRectF(place, size), m_strip->picture,
                        QRectF(QPointF(std::round(start * density), 0), size * density));
 }

@@ -37,7 +37,7 @@ public:
 
     /// For a text that turns round, a character at a time, many times a second: it is laid out once and then only
     /// shifted, and the label paints the skin under it itself. Texts read from the left stand at the left and move that
-    /// way, those read from the right are mirrored. Not for a button.
+    /// way, those read from the right are mirrored. Not for a button, nor below another control.
     void setMarquee();
 
     /// May its text be longer than its place?
@@ -54,13 +54,16 @@ private:
         QPixmap picture;
         QList<qreal> moves;
         qreal width = 0; // Of the text once.
+        QRect line;      // The band of the label that the text takes ...
+        QRect ink;       // ... and what a turn changes of it.
+        bool isFromRight = false;
     };
 
     void paintLight(QPainter &painter) const;
     bool turns(const QString &caption) const;
-    QRect lineRect() const;
     void setUnturned(const QString &caption);
-    void layOut();
+    void layOut(qreal density);
+    void paintTurn();
     void paintMarquee(QPainter &painter, const QRect &part);
 
     QString m_caption;
