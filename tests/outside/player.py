@@ -3,6 +3,7 @@
 
 Usage of a test: TEST.py PLAYER DEMO_SONGS_FOLDER
 """
+import faulthandler
 import os
 import shutil
 import subprocess
@@ -17,6 +18,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 FOLDER = Path(os.environ["HOME"]) / "Songs of 50% & \"more\" ночь"
 PATIENCE = 60  # A busy machine takes its time.
+faulthandler.dump_traceback_later(2.5 * PATIENCE, exit=True)  # Where a call hangs is told before the test is ended.
 shutil.copytree(sys.argv[2], FOLDER)
 NAMES = sorted((song.name for song in FOLDER.iterdir()), key=str.casefold)
 Atspi.init()
