@@ -35,18 +35,16 @@ QString plainText(QByteArrayView bytes)
     return text.removeIf(isObeyed);
 }
 
-// The text of a skin's file; "" where it has none or it cannot be read, which is complained of where a title is given.
-QString skinText(const QString &folder, const QString &title)
+// The text of a skin's file, "" where it has none; nothing when it cannot be read.
+std::optional<QString> skinText(const QString &folder)
 {
     const QString path = folder + u'/' + skinFileName;
     if (!hostEntryExists(QFile::encodeName(path)))
-        return {};
+        return QString();
     const auto file = ByteFile::open(programPath(path), ByteFile::Access::Read);
     const bool isText = file && file->length() <= longestSkinText;
     const auto bytes = isText ? file->readAt(0, file->length()) : std::nullopt;
-    if (!bytes && !title.isEmpty())
-        complain(title, u"%1 cannot be read"_s.arg(skinFileName));
-    return plainText(bytes.value_or(QByteArray()));
+    return bytes ? std::optional(plainText(*bytes)) : std::nullopt;
 }
 
 QString shownTitle(const QString &text)
@@ -56,7 +54,7 @@ QString shownTitle(const QString &text)
 
 SkinPlace placeOf(const QString &name, const QString &folder)
 {
-    const QString title = shownTitle(titleInText(skinText(folder, {}))); // Only what is worn is complained of.
+    const QString title = shownTitle(titleInText(skinText(folder).value_or(QString())));
     return {name, title.isEmpty() ? shownTitle(QFileInfo(folder).fileName()) : title, folder};
 }
 
@@ -125,10 +123,12 @@ QList<Layer> withBases(const SkinPlace &place)
 {
     QList<Layer> chain;
     for (std::optional<SkinPlace> at = place; at && !isFirst(*at);) {
-        const QString text = skinText(at->folder, at->title);
-        chain.prepend({*at, text});
-        const QString base = baseInText(text);
         const QString title = at->title;
+        const std::optional<QString> text = skinText(at->folder);
+        if (!text) // Told of what is worn alone.
+            complain(title, u"%1 cannot be read"_s.arg(skinFileName));
+        chain.prepend({*at, text.value_or(QString())});
+        const QString base = baseInText(chain.first().text);
         at = skinNamed(base.isEmpty() ? firstSkin().name : base);
         if (!at || chain.size() > mostBases) {
             complain(title, u"there is no skin \"%1\" to base it on"_s.arg(base));
