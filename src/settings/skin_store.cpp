@@ -99,7 +99,7 @@ std::optional<SkinPlace> skinNamed(const QString &name)
     if (name == firstSkin().name)
         return firstPlace();
     for (const QString &folder : {skinsFolder(), usersFolder()}) {
-        if (const QString skin = folder + u'/' + name; !name.isEmpty() && !name.contains(u'/') && isSkin(skin))
+        if (const QString skin = folder + u'/' + name; !name.contains(u'/') && isSkin(skin))
             return placeOf(name, skin);
     }
     const QList<SkinPlace> skins = skinsThere();
@@ -154,10 +154,12 @@ QList<SkinPlace> skinsThere()
 
 std::optional<SkinPlace> findSkin(const QString &nameOrFolder)
 {
+    if (nameOrFolder.isEmpty())
+        return std::nullopt;
     if (auto skin = skinNamed(nameOrFolder))
         return skin;
     const QFileInfo folder(QDir::cleanPath(nameOrFolder)); // Without a slash at its end.
-    if (nameOrFolder.isEmpty() || !folder.isDir())
+    if (!folder.isDir())
         return std::nullopt;
     return placeOf(folder.absoluteFilePath(), folder.absoluteFilePath());
 }

@@ -296,6 +296,7 @@ private Q_SLOTS:
         keepChosenSkin(u"go\x1bne"_s);
         QTest::ignoreMessage(QtWarningMsg, "skin \"gone\": it is not there any more");
         QCOMPARE(skinAtStart({}).name, u"graphite"_s);
+        home.add(u"\u202E"_s, u"skin.ini"_s, {}); // Its title is empty.
         QVERIFY(!findSkin({}) && !findSkin(u"masters"_s) && !findSkin(folder + u"/skin.ini"_s));
     }
 
