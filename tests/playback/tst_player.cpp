@@ -138,14 +138,16 @@ private Q_SLOTS:
         QVERIFY(holdsForOrdinaryUser([&] { return faultBeforePlaying(song) == PlayFault::NoPermission; }));
     }
 
-    void stopSoundLeavesTheModes()
+    void stopAlsoEndsTheModesAndStopSoundDoesNot()
     {
         CoreStand stand({u"1.mp3"_s});
         const QSignalSpy stopped(&stand.player, &Player::stopped);
         stand.modes.repeats = true;
         stand.player.stopSound();
         QVERIFY(stand.modes.repeats && stopped.isEmpty());
-        QCOMPARE(stand.takeCalls(), u"Stop"_s);
+        stand.player.stop();
+        QVERIFY(!stand.modes.repeats && stopped.size() == 1);
+        QCOMPARE(stand.takeCalls(), u"Stop, Stop"_s);
     }
 
     void loudnessStaysWithinItsBounds()
